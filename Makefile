@@ -1,0 +1,36 @@
+# The two entry points of the README, plus benchmarks and fuzzing.
+#   make run    installs what is missing, builds in Release and starts the program
+#   make test   installs what is missing, builds with the sanitizers and runs every test
+#   make bench  builds in Release and runs the benchmarks
+
+JOBS ?= 2
+RELEASE_DIR := build/release
+TEST_DIR := build/asan
+
+.PHONY: deps run build test bench fuzz clean
+
+deps:
+	@bash scripts/install-deps.sh
+
+$(RELEASE_DIR)/build.ninja: | deps
+	cmake -S . -B $(RELEASE_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release
+
+build: deps $(RELEASE_DIR)/build.ninja
+	cmake --build $(RELEASE_DIR) -j $(JOBS)
+
+run: build
+	@if [ -x $(RELEASE_DIR)/dorvanta ]; then $(RELEASE_DIR)/dorvanta; else $(RELEASE_DIR)/dorvanta-cli --help; fi
+
+$(TEST_DIR)/build.ninja: | deps
+	cmake -S . -B $(TEST_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DDORVANTA_SANITIZE=ON \
+		-DDORVANTA_WERROR=$(if $(CI),ON,OFF)
+
+test: deps $(TEST_DIR)/build.ninja
+	cmake --build $(TEST_DIR) -j $(JOBS)
+	cd $(TEST_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+bench: build
+	$(RELEASE_DIR)/bench/dorvanta-bench
+
+clean:
+	rm -rf build

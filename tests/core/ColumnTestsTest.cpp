@@ -1,0 +1,121 @@
+#include "core/ColumnTests.h"
+
+#include "tests/support/StateBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace dv;
+
+namespace {
+bool Filter(std::vector<uint8_t> col, const ColonnaFiltro& f) {
+    return ColonnaFiltroMatch(col.data(), static_cast<int>(col.size()), f);
+}
+} // namespace
+
+TEST(ColumnTests, FixedNumbersMustAllBeInTheColumn) {
+    Condizioni k;
+    std::vector<uint8_t> col{3, 9, 12};
+    EXPECT_TRUE(TestFisse(col.data(), 3, k)) << "no fixed number passes every column";
+    k.TabFisse[9] = 1;
+    k.TabFisse[12] = 1;
+    k.NumFisse = 2;
+    EXPECT_TRUE(TestFisse(col.data(), 3, k));
+    k.TabFisse[40] = 1;
+    k.NumFisse = 3;
+    EXPECT_FALSE(TestFisse(col.data(), 3, k));
+    std::vector<uint8_t> twice{9, 9, 12};
+    k.TabFisse[40] = 0;
+    k.NumFisse = 2;
+    EXPECT_FALSE(TestFisse(twice.data(), 3, k)) << "a repeated fixed number counts twice";
+}
+
+TEST(ColumnTests, SumIncludesBothEnds) {
+    Condizioni k;
+    k.SommaMinMax = {10, 12};
+    std::vector<uint8_t> a{1, 9}, b{2, 10}, c{3, 10};
+    EXPECT_TRUE(TestSomma(a.data(), 2, k));
+    EXPECT_TRUE(TestSomma(b.data(), 2, k));
+    EXPECT_FALSE(TestSomma(c.data(), 2, k));
+}
+
+TEST(ColumnTests, EvenCountLooksUpTheTable) {
+    Condizioni k;
+    k.TabPari[2] = Vero;
+    std::vector<uint8_t> two{2, 3, 4}, one{1, 2, 3};
+    EXPECT_TRUE(TestPari(two.data(), 3, k));
+    EXPECT_FALSE(TestPari(one.data(), 3, k));
+}
+
+TEST(ColumnTests, FilterMatchesByExactCountOfItsNumbers) {
+    auto f = test::Filtro({1, 2, 3, 4, 5}, Potenze2[2]);
+    EXPECT_TRUE(Filter({1, 2, 30}, f));
+    EXPECT_FALSE(Filter({1, 30, 40}, f));
+    EXPECT_FALSE(Filter({1, 2, 3}, f));
+    EXPECT_FALSE(Filter({1, 2, 3}, test::Filtro({1, 2}, 0))) << "Presenze 0 fails every column";
+    auto none = test::Filtro({1, 2, 3, 4, 5}, 1);
+    EXPECT_TRUE(Filter({6, 7, 8}, none));
+    EXPECT_FALSE(Filter({5, 7, 8}, none));
+    EXPECT_TRUE(Filter({0, 7, 8}, none)) << "a 0 is never a filter's number";
+}
+
+TEST(ColumnTests, LongestRunIsKeptByALaterShorterRun) {
+    std::vector<uint8_t> a{1, 2, 3, 7, 8}, b{2, 4, 6}, c{5};
+    EXPECT_EQ(RunPiuLunga(a.data(), 5), 3);
+    EXPECT_EQ(RunPiuLunga(b.data(), 3), 1);
+    EXPECT_EQ(RunPiuLunga(c.data(), 1), 1);
+    Consecutivi cons{Potenze2[3], Vero};
+    ConsecutiviAmmessi allowed(cons, 5);
+    EXPECT_TRUE(TestConsecutivi(a.data(), 5, allowed));
+    EXPECT_FALSE(TestConsecutivi(b.data(), 3, allowed));
+}
+
+TEST(ColumnTests, DistanceConditionUsesLeastAndGreatestGap) {
+    CondizioneDistanza cd;
+    cd.NumPosizioni = 2;
+    cd.Posizioni[1] = 1;
+    cd.Posizioni[2] = 2;
+    cd.NumDistanzeMin = 1;
+    cd.DistanzaMin[4] = Vero;
+    cd.NumDistanzeMax = 1;
+    cd.DistanzaMax[21] = Vero;
+    std::vector<uint8_t> col{5, 9, 30};
+    EXPECT_TRUE(CondizioneDistanzaMatch(col.data(), 3, cd));
+    cd.DistanzaMax[21] = Falso;
+    EXPECT_FALSE(CondizioneDistanzaMatch(col.data(), 3, cd));
+
+    CondizioneDistanza equal;
+    equal.NumPosizioni = 2;
+    equal.Posizioni[1] = 1;
+    equal.Posizioni[2] = 2;
+    equal.NumDistanzeMin = 1;
+    equal.DistanzaMin[5] = Vero;
+    equal.NumDistanzeMax = 1;
+    equal.DistanzaMax[5] = Vero;
+    std::vector<uint8_t> fives{10, 15, 20};
+    EXPECT_TRUE(CondizioneDistanzaMatch(fives.data(), 3, equal));
+}
+
+TEST(ColumnTests, DistanceConditionWithoutPairsLetsTheMinimumTableDecide) {
+    CondizioneDistanza cd; // no pair, no distance: always holds
+    std::vector<uint8_t> col{5, 9, 30};
+    EXPECT_TRUE(CondizioneDistanzaMatch(col.data(), 3, cd));
+    cd.NumPosizioni = 1;
+    cd.Posizioni[1] = 3; // beyond the column's end: skipped
+    cd.NumDistanzeMax = 1;
+    cd.DistanzaMax[7] = Vero;
+    EXPECT_TRUE(CondizioneDistanzaMatch(col.data(), 3, cd)) << "greatest stays 0 and element 0 reads as the count";
+    cd.NumDistanzeMin = 1;
+    cd.DistanzaMin[3] = Vero;
+    EXPECT_FALSE(CondizioneDistanzaMatch(col.data(), 3, cd)) << "least stays 89, which is not allowed";
+    cd.DistanzaMin[89] = Vero;
+    EXPECT_TRUE(CondizioneDistanzaMatch(col.data(), 3, cd));
+}
+
+TEST(ColumnTests, ComparingLimitsKeepTheirWidths) {
+    EXPECT_EQ(LimiteRidotto(6, 2), 4);
+    EXPECT_EQ(LimiteRidotto(6, 9), -3) << "a guarantee above the length from a file goes negative";
+    EXPECT_EQ(LimiteDistanzaMinima(6, 2), 4);
+    EXPECT_EQ(LimiteDistanzaMinima(6, 9), 253) << "the byte wraps";
+}

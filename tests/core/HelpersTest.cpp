@@ -1,0 +1,94 @@
+#include "core/Engine.h"
+#include "core/Helpers.h"
+
+#include "tests/support/FakeUi.h"
+#include "tests/support/StateBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace dv;
+
+TEST(Helpers, IntegralCountsAreBinomials) {
+    EXPECT_EQ(ColonneIntegrali(30, 6), 593775.0);
+    EXPECT_EQ(ColonneIntegrali(90, 10), 5720645481903.0);
+    EXPECT_EQ(ColonneIntegrali(10, 10), 1.0);
+    EXPECT_EQ(ColonneIntegrali(5, 6), 0.0);
+    EXPECT_NEAR(ColonneIntegrali(90, 25) / 1.1613412635260274e22, 1.0, 1e-6);
+}
+
+TEST(Helpers, NumberFormats) {
+    EXPECT_EQ(FormatIntero(0), "0");
+    EXPECT_EQ(FormatIntero(4000000), "4.000.000");
+    EXPECT_EQ(FormatContatore(593775, ','), " 593,775");
+    const uint8_t nums[] = {3, 0, 45, 7};
+    EXPECT_EQ(NumeriToString(nums, 4, 1), "03 45 07");
+    EXPECT_EQ(MaskToString(0b1010, 5), "01 03");
+    EXPECT_EQ(DataToYYYYMMDD(45000.0), "20230315");
+    EXPECT_EQ(DataToYYYYMMDD(1.0), "18991231");
+    uint8_t col[] = {9, 3, 7};
+    OrdinaColonna(col, 3);
+    EXPECT_EQ(col[0], 3);
+    EXPECT_EQ(col[2], 9);
+}
+
+TEST(Helpers, ElapsedTimeText) {
+    EXPECT_EQ(TestoTempoTrascorso(5), "0 Days 00:00:05");
+    EXPECT_EQ(TestoTempoTrascorso(86400 + 3723), "1 Day 01:02:03");
+    EXPECT_EQ(TestoTempoTrascorso(2 * 86400), "2 Days 00:00:00");
+}
+
+TEST(Description, FollowsTheConditionsInForce) {
+    test::FakeUi ui;
+    Corpo c;
+    EXPECT_EQ(DescrizioneSistema(c, ui), "<0062>");
+    c.condizioni.CondSomma = Vero;
+    EXPECT_EQ(DescrizioneSistema(c, ui), "<0060>");
+    c.distanzaMinima.CondDistanzaMinima = Vero;
+    c.distanzaMinima.ValDistanzaMinima = 3;
+    EXPECT_EQ(DescrizioneSistema(c, ui), "<0061> [3] - <0060>");
+    c.condizioni.CondSomma = Falso;
+    EXPECT_EQ(DescrizioneSistema(c, ui), "<0061> [3]");
+    c.condizioni.CondRidotto = Vero;
+    c.condizioni.ValRidotto = 2;
+    EXPECT_EQ(DescrizioneSistema(c, ui), "<0018> N-2");
+    c.FiltriXOR.append(test::Filtro({1}, 1));
+    EXPECT_EQ(DescrizioneSistema(c, ui), "<0018> N-2 <0060>") << "XOR counts for a reduction";
+    c.condizioni.CondRidotto = Falso;
+    c.distanzaMinima.CondDistanzaMinima = Falso;
+    EXPECT_EQ(DescrizioneSistema(c, ui), "<0062>") << "and nowhere else";
+}
+
+TEST(Shuffle, KeepsTheSetOfColumnsAndAsksFirst) {
+    test::FakeUi ui;
+    Corpo c;
+    c.LenColonna = 2;
+    for (int j = 1; j <= 50; ++j) {
+        c.Colonne.set(j, 1, static_cast<uint8_t>(j));
+        c.Colonne.set(j, 2, static_cast<uint8_t>(j + 1));
+    }
+    c.pronostico.NumColonne = 50;
+    const auto before = test::StoredColumns(c);
+    ui.setNextAnswer(false);
+    EXPECT_FALSE(MescolaColonne(c, ui, 7));
+    EXPECT_EQ(test::StoredColumns(c), before);
+    ASSERT_TRUE(MescolaColonne(c, ui, 7));
+    auto after = test::StoredColumns(c);
+    EXPECT_NE(after, before);
+    std::sort(after.begin(), after.end());
+    EXPECT_EQ(after, before);
+    EXPECT_EQ(ui.boxes.back().text, "<0060>");
+}
+
+TEST(Shuffle, SameSeedSameOrder) {
+    test::FakeUi ui;
+    Corpo a, b;
+    for (Corpo* c : {&a, &b}) {
+        c->LenColonna = 1;
+        for (int j = 1; j <= 20; ++j) c->Colonne.set(j, 1, static_cast<uint8_t>(j));
+        c->pronostico.NumColonne = 20;
+        MescolaColonne(*c, ui, 1234);
+    }
+    EXPECT_EQ(test::StoredColumns(a), test::StoredColumns(b));
+}
