@@ -36,6 +36,12 @@ public:
     virtual void messageBox(const std::string& text, const std::string& title, BoxIcon icon) = 0;
     // A yes/no box; true for yes.
     virtual bool questionBox(const std::string& text, const std::string& title, BoxIcon icon) = 0;
+
+    // File choosers. folder is where the dialog opens, filter as "File TXT (*.txt)|*.txt".
+    // An empty result means the user cancelled.
+    virtual std::string chooseOpenFile(const std::string& folder, const std::string& filter) = 0;
+    virtual std::string chooseSaveFile(const std::string& folder, const std::string& filter,
+                                       const std::string& defaultExtension, const std::string& proposedName) = 0;
 };
 
 } // namespace dv

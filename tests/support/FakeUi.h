@@ -23,9 +23,11 @@ public:
     std::vector<std::string> calls;
     std::vector<Box> boxes;
     std::deque<bool> answers; // yes/no answers, taken in order; yes when empty
+    std::deque<std::string> fileNames; // file chooser answers, taken in order; cancel when empty
     int busyDepth = 0;
 
     void setNextAnswer(bool yes) { answers.push_back(yes); }
+    void setNextFileName(std::string name) { fileNames.push_back(std::move(name)); }
 
     std::string Lang(std::string_view key) override {
         auto it = texts.find(key);
@@ -54,6 +56,19 @@ public:
         const bool a = answers.front();
         answers.pop_front();
         return a;
+    }
+    std::string chooseOpenFile(const std::string&, const std::string&) override { return nextFileName("chooseOpenFile"); }
+    std::string chooseSaveFile(const std::string&, const std::string&, const std::string&, const std::string&) override {
+        return nextFileName("chooseSaveFile");
+    }
+
+private:
+    std::string nextFileName(const char* call) {
+        calls.push_back(call);
+        if (fileNames.empty()) return {};
+        std::string f = fileNames.front();
+        fileNames.pop_front();
+        return f;
     }
 };
 
