@@ -15,6 +15,8 @@ public:
 
     // The text of a numbered message such as "0012"; empty when the language has none.
     virtual std::string Lang(std::string_view key) = 0;
+    // The path of the language file in use, for the windows' captions; empty for none.
+    virtual std::string languageFile() { return {}; }
 
     // Operations of the main window that logic calls, in the order the logic calls them.
     virtual void LockGUI() = 0;
