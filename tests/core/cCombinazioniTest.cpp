@@ -1,0 +1,65 @@
+#include "core/cCombinazioni.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace dv;
+
+TEST(cCombinazioni, WalksEverySubsetInLexicographicOrder) {
+    cCombinazioni c;
+    c.create(5, 3);
+    EXPECT_EQ(c.size(), 10.0);
+    EXPECT_EQ(c.valAt(1), 0) << "zeroed before the first step";
+    std::vector<std::string> seen;
+    while (c.hasNext()) {
+        c.getNext();
+        seen.push_back(c.toString());
+    }
+    ASSERT_EQ(seen.size(), 10u);
+    EXPECT_EQ(seen.front(), "[1,2,3]");
+    EXPECT_EQ(seen[1], "[1,2,4]");
+    EXPECT_EQ(seen[3], "[1,3,4]");
+    EXPECT_EQ(seen.back(), "[3,4,5]");
+    EXPECT_EQ(c.Index(), 10);
+    c.getNext();
+    EXPECT_EQ(c.toString(), "[3,4,5]") << "past the end nothing changes";
+    EXPECT_EQ(c.Index(), 10);
+    c.clear();
+    EXPECT_TRUE(c.hasNext());
+    EXPECT_EQ(c.valAt(2), 0);
+}
+
+TEST(cCombinazioni, EdgeSizes) {
+    cCombinazioni c;
+    c.create(4, 4);
+    int count = 0;
+    while (c.hasNext()) {
+        c.getNext();
+        ++count;
+    }
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(c.toString(), "[1,2,3,4]");
+    c.create(6, 1);
+    int last = 0;
+    while (c.hasNext()) {
+        c.getNext();
+        last = c.valAt(1);
+    }
+    EXPECT_EQ(last, 6);
+    EXPECT_EQ(c.toByteArray().size(), 2u);
+    c.create(90, 25);
+    EXPECT_NEAR(c.size() / 1.1613412635260274e22, 1.0, 1e-12);
+}
+
+TEST(cCombinazioni, KLargerThanNRaisesTheLogicError) {
+    cCombinazioni c;
+    try {
+        c.create(5, 6);
+        FAIL() << "no error raised";
+    } catch (const ErroreProgramma& e) {
+        EXPECT_EQ(e.numero(), -2147211504);
+        EXPECT_STREQ(e.what(), "k [6] > n [5]");
+    }
+    EXPECT_EQ(c.lastError(), "k [6] > n [5]");
+}
