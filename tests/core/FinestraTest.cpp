@@ -1,0 +1,72 @@
+#include "core/Finestra.h"
+
+#include "core/Sistema.h"
+#include "tests/support/FakeUi.h"
+#include "tests/support/StateBuilder.h"
+
+#include <gtest/gtest.h>
+
+using namespace dv;
+
+TEST(Costo, KindOfPlayMultipliesTheStake) {
+    Corpo c;
+    test::FakeUi ui;
+    ImpostaImporto(c, ui, 3); // 2,5
+    ImpostaTipoGiocata(c, ui, 3); // Doppio ORO
+    EXPECT_FLOAT_EQ(c.CostoColonna, 7.5f);
+    EXPECT_FLOAT_EQ(c.IndiceImporto, 3.0f);
+    c.pronostico.NumColonne = 1'000'001;
+    EXPECT_DOUBLE_EQ(CostoSistema(c), 7'500'007.5);
+    EXPECT_EQ(ui.calls, (std::vector<std::string>{"ViewStatusBar", "ViewStatusBar"}));
+}
+
+TEST(Costo, EveryStakeOptionIsItsTagInTenths) {
+    Corpo c;
+    test::FakeUi ui;
+    const double expected[] = {1, 1.5, 2, 2.5, 3, 5, 10, 20, 50, 200};
+    for (int i = 0; i < 10; ++i) {
+        ImpostaImporto(c, ui, i);
+        EXPECT_FLOAT_EQ(c.Importo, static_cast<float>(expected[i])) << i;
+    }
+    ImpostaImporto(c, ui, 10); // out of the table: nothing changes
+    EXPECT_FLOAT_EQ(c.Importo, 200.0f);
+}
+
+TEST(Testi, NumbersInPlayAndIntegralFollowTheSelection) {
+    Corpo c;
+    test::FakeUi ui;
+    ui.texts["0042"] = "Numeri in gioco";
+    test::SetForecast(c, test::Range(1, 9));
+    EXPECT_EQ(TestoNumeriInGioco(c, ui), "Numeri in gioco [09]");
+    EXPECT_EQ(IntegraleMostrato(c), 0.0);
+    test::SetForecast(c, test::Range(1, 20));
+    EXPECT_EQ(IntegraleMostrato(c), 184756.0);
+    c.LenColonna = 21;
+    EXPECT_EQ(IntegraleMostrato(c), 0.0);
+}
+
+TEST(Percorsi, SaveAndExportNamesFollowTheCurrentFile) {
+    Corpo c;
+    c.AppDir = "/data/Dorvanta";
+    c.FileCorrente = "/elsewhere/Colonne.TXT";
+    EXPECT_EQ(PercorsoSalva(c), "/data/Dorvanta/sistemi/Colonne.dvs");
+    EXPECT_EQ(NomeEsportazione(c), "Colonne.txt");
+    c.FileCorrente = "/data/Dorvanta/sistemi/mio.dvs";
+    EXPECT_EQ(PercorsoSalva(c), "/data/Dorvanta/sistemi/mio.dvs");
+    EXPECT_EQ(NomeEsportazione(c), "mio.txt");
+}
+
+TEST(Percorsi, NewSystemResetsAndNamesNuovoDvs) {
+    Corpo c;
+    test::FakeUi ui;
+    c.AppDir = "/data/Dorvanta";
+    test::SetForecast(c, test::Range(1, 12));
+    c.FileCorrente = "/x/Altro.dvs";
+    c.TitoloFile = "altro.dvs";
+    NuovoSistema(c, ui);
+    EXPECT_EQ(c.pronostico.Quanti, 0);
+    EXPECT_EQ(c.FileCorrente, "/data/Dorvanta/sistemi/nuovo.dvs");
+    EXPECT_EQ(c.TitoloFile, "nuovo.dvs");
+    EXPECT_EQ(ui.calls.back(), "ViewStatusBar");
+}
+
