@@ -97,6 +97,8 @@ public:
         m_count = 0;
     }
     const Record* data() const { return m_records.data(); }
+    // The highest index that storage holds; every record past it is all zero.
+    int32_t stored() const { return static_cast<int32_t>(m_records.size()) - 1; }
 
 private:
     void ensure(int i) {
