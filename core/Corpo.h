@@ -141,6 +141,9 @@ struct Corpo {
     TabellaFiltri FiltriOR;
     TabellaFiltri FiltriXOR;
     TabellaDistanze CondizioniDistanza;
+    // The scratch record that reading a system file fills with each distance condition; it
+    // outlives the read, and its Stato gives the check mark of menuDistanzaNumeri after an open.
+    CondizioneDistanza CondizioneDistanzaLetta;
 
     // The selection of the grid of 90 (the cells' tags): Griglia[i] is number i+1.
     std::array<bool, 90> Griglia{};

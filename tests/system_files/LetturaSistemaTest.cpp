@@ -1,0 +1,277 @@
+// Reading system files: older versions, refusals, and files that are cut short or corrupted.
+#include "core/Sistema.h"
+#include "system_files/FileSistema.h"
+#include "tests/support/FakeUi.h"
+#include "tests/support/StateBuilder.h"
+#include "tests/system_files/SupportoFile.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace dv;
+using namespace dv::test;
+
+namespace {
+
+struct Header {
+    std::string firma = "dvqsy000005";
+    int len = 3;
+    bool scriviLen = true;
+    int quanti = 4;
+    int64_t numColonne = 0;
+    std::string descrizione = "d";
+    int vociTabPari = 26;
+};
+
+// Fields 1 to 15 by hand. The forecast is 1..quanti; TabPari[e] is on for odd e; the sum
+// limits are 20..200; NumFisse 7; the reduction on with N = 2.
+Bytes Intestazione(const Header& h) {
+    Bytes b;
+    b.text(h.firma);
+    if (h.scriviLen) b.i16(h.len);
+    b.u8(h.quanti).i32(h.numColonne).str(h.descrizione);
+    for (int i = 1; i <= 90; ++i) b.u8(i <= h.quanti ? i : 0);
+    b.i16(-1).i16(-1).i16(0);
+    for (int e = 0; e < h.vociTabPari; ++e) b.i16(e % 2 ? -1 : 0);
+    b.i16(20).i16(200).fill(90).u8(7).i16(-1).u8(2);
+    return b;
+}
+
+Bytes Colonne(Bytes b, int count, int len) {
+    for (int j = 0; j < count; ++j)
+        for (int p = 1; p <= len; ++p) b.u8(p + j);
+    return b;
+}
+
+Bytes Filtro(Bytes b, int tag, int number) {
+    b.i32(tag).fill(static_cast<size_t>(number - 1)).u8(1).fill(static_cast<size_t>(90 - number));
+    return b.i32(6).i16(-1);
+}
+
+class LetturaSistema : public ::testing::Test {
+protected:
+    EsitoApriFile apri(const Bytes& b) {
+        b.save(path);
+        return ApriFile(c, ui, path);
+    }
+    void expectRefused(const Bytes& b, const std::string& detail) {
+        SCOPED_TRACE(detail);
+        c = Corpo{};
+        ui = FakeUi{};
+        SetForecast(c, Range(1, 12));
+        c.pronostico.NumColonne = 5;
+        EXPECT_EQ(apri(b), EsitoApriFile::Rifiutato);
+        ASSERT_EQ(ui.boxes.size(), 1u);
+        EXPECT_EQ(ui.boxes[0].title, "<0055>");
+        EXPECT_EQ(ui.boxes[0].icon, BoxIcon::Critical);
+        EXPECT_EQ(ui.boxes[0].text.substr(0, 6), "<0058>");
+        EXPECT_NE(ui.boxes[0].text.find(detail), std::string::npos) << ui.boxes[0].text;
+        EXPECT_EQ(c.pronostico.NumColonne, 0);
+        EXPECT_EQ(c.pronostico.Quanti, 0);
+        EXPECT_GE(c.LenColonna, 1);
+        EXPECT_LE(c.LenColonna, 25);
+        EXPECT_EQ(ui.busyDepth, 0);
+    }
+
+    CartellaTemporanea dir;
+    std::string path = dir.file("t.dvs");
+    Corpo c;
+    FakeUi ui;
+};
+
+TEST_F(LetturaSistema, ReadsEveryOlderVersion) {
+    for (const char* firma : {"dvqsy000001", "dvqsy000003", "dvqsy000004"}) {
+        SCOPED_TRACE(firma);
+        Header h;
+        h.firma = firma;
+        h.numColonne = 2;
+        h.vociTabPari = std::string(firma) == "dvqsy000004" ? 26 : 11;
+        c = Corpo{};
+        ASSERT_EQ(apri(Colonne(Intestazione(h), 2, 3)), EsitoApriFile::Aperto);
+        EXPECT_EQ(c.LenColonna, 3);
+        EXPECT_EQ(c.pronostico.Quanti, 4);
+        EXPECT_EQ(c.condizioni.TabPari[9], -1);
+        EXPECT_EQ(c.condizioni.TabPari[11], h.vociTabPari == 26 ? -1 : 0);
+        EXPECT_EQ(c.condizioni.SommaMinMax[1], 200);
+        EXPECT_EQ(c.condizioni.NumFisse, 7);
+        EXPECT_EQ(c.condizioni.ValRidotto, 2);
+        EXPECT_EQ(StoredColumns(c), (std::vector<std::vector<int>>{{1, 2, 3}, {2, 3, 4}}));
+    }
+}
+
+TEST_F(LetturaSistema, VersionTwoHasNoLengthAndTakesTen) {
+    Header h;
+    h.firma = "dvqsy000002";
+    h.scriviLen = false;
+    h.quanti = 12;
+    h.numColonne = 1;
+    h.vociTabPari = 11;
+    c.LenColonna = 4;
+    ASSERT_EQ(apri(Colonne(Intestazione(h), 1, 10)), EsitoApriFile::Aperto);
+    EXPECT_EQ(c.LenColonna, 10);
+    EXPECT_EQ(c.condizioni.TabPari[9], -1);
+    EXPECT_EQ(c.condizioni.TabPari[11], 0);
+    EXPECT_EQ(c.condizioni.SommaMinMax[0], 20);
+    EXPECT_EQ(StoredColumns(c)[0], Range(1, 10));
+    EXPECT_EQ(c.pronostico.Quanti, 12);
+    EXPECT_TRUE(c.Griglia[11]);
+    EXPECT_EQ(c.SistemaBloccato, -1);
+}
+
+TEST_F(LetturaSistema, ANewerSignatureIsRefusedAndTheStateIsLeftAlone) {
+    SetForecast(c, Range(1, 12));
+    c.pronostico.NumColonne = 5;
+    Header h;
+    h.firma = "dvqsy000006";
+    EXPECT_EQ(apri(Intestazione(h)), EsitoApriFile::Rifiutato);
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "<0008>");
+    EXPECT_EQ(ui.boxes[0].title, "<0055>");
+    EXPECT_EQ(ui.boxes[0].icon, BoxIcon::Critical);
+    EXPECT_EQ(c.pronostico.NumColonne, 5);
+    EXPECT_EQ(c.pronostico.Quanti, 12);
+}
+
+TEST_F(LetturaSistema, ALowerUnknownSignatureIsReadLikeVersionThree) {
+    Header h;
+    h.firma = "aaaaaaaaaaa";
+    h.vociTabPari = 11;
+    EXPECT_EQ(apri(Intestazione(h)), EsitoApriFile::Aperto);
+    EXPECT_EQ(c.LenColonna, 3);
+    EXPECT_EQ(c.condizioni.NumFisse, 7);
+}
+
+TEST_F(LetturaSistema, ColumnsCutShortOrEndingInZeroAreRefused) {
+    Header h;
+    h.numColonne = 3;
+    expectRefused(Colonne(Intestazione(h), 2, 3), "");
+    expectRefused(Colonne(Intestazione(h), 2, 3).u8(9).u8(9), "");
+    expectRefused(Colonne(Intestazione(h), 2, 3).u8(9).u8(0).u8(9), "");
+    // A 0 in a column other than the last is not looked at.
+    c = Corpo{};
+    EXPECT_EQ(apri(Colonne(Intestazione(h).u8(0).u8(1).u8(2), 2, 3)), EsitoApriFile::Aperto);
+}
+
+TEST_F(LetturaSistema, OutOfRangeCountsAndLengthsAreRefused) {
+    Header h;
+    h.len = 0;
+    expectRefused(Intestazione(h), "LenColonna = 0");
+    h.len = 26;
+    expectRefused(Intestazione(h), "LenColonna = 26");
+    h = Header{};
+    h.numColonne = -1;
+    expectRefused(Intestazione(h), "NumColonne = -1");
+    h.numColonne = MaxColonne + 1;
+    expectRefused(Intestazione(h), "NumColonne = 4000001");
+    h = Header{};
+    h.quanti = 91;
+    expectRefused(Intestazione(h), "Quanti = 91");
+    Bytes b;
+    b.text("dvqsy000005").i16(3).u8(0).i32(0).i16(60000).text("short");
+    expectRefused(b, "Descrizione");
+    // A forecast number outside 1..90 would select no cell of the grid.
+    Bytes zero = Intestazione(Header{});
+    zero.data[11 + 2 + 1 + 4 + 3 + 2] = 0;
+    expectRefused(zero, "Numeri(2) = 0");
+}
+
+TEST_F(LetturaSistema, TablesBeyondTheirCapacityAreRefusedAndMemoryKeepsItsOwn) {
+    Header h;
+    Bytes b = Intestazione(h).i32(12345);
+    for (int i = 0; i < MaxCondizioniDistanza + 1; ++i) b.i32(32).u8(1).u8(1).fill(382).i16(-1);
+    expectRefused(b.i32(100), "CondizioniDistanza > 25");
+
+    c = Corpo{};
+    ui = FakeUi{};
+    c.FiltriOR.setCount(MaxFiltri - 1);
+    EXPECT_EQ(apri(Filtro(Filtro(Intestazione(h).i32(12345), 16, 5), 16, 6).i32(100)), EsitoApriFile::Rifiutato);
+    EXPECT_NE(ui.boxes.at(0).text.find("FiltriOR > 150000"), std::string::npos);
+    EXPECT_EQ(c.FiltriOR.count(), MaxFiltri - 1);
+}
+
+TEST_F(LetturaSistema, UnknownTagsAreReportedAndReadingGoesOn) {
+    Bytes b = Intestazione(Header{}).i32(12345).i32(7);
+    b = Filtro(b, 1, 33);
+    b.i32(2).i32(0x0F).i16(-1).i32(8).u8(4).i16(-1).i32(200);
+    EXPECT_EQ(apri(b), EsitoApriFile::Aperto);
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].title, "E R R O R E");
+    EXPECT_EQ(ui.boxes[0].text, "Condizione non riconosciuta\nID : 7");
+    EXPECT_EQ(ui.boxes[0].icon, BoxIcon::Critical);
+    ASSERT_EQ(c.FiltriAND.count(), 1);
+    EXPECT_EQ(c.FiltriAND[1].Numeri[33], 1);
+    EXPECT_EQ(c.consecutivi.MaskConsecutivi, 0x0F);
+    EXPECT_EQ(c.distanzaMinima.ValDistanzaMinima, 4);
+}
+
+TEST_F(LetturaSistema, ABlockCutShortReadsAsZerosAndIsNotReported) {
+    Bytes b = Intestazione(Header{}).i32(12345);
+    b = Filtro(b, 16, 40);
+    b.data.resize(b.data.size() - 3); // Presenze's last byte and Stato are missing
+    EXPECT_EQ(apri(b), EsitoApriFile::Aperto);
+    EXPECT_TRUE(ui.boxes.empty());
+    ASSERT_EQ(c.FiltriOR.count(), 1);
+    EXPECT_EQ(c.FiltriOR[1].Presenze, 6);
+    EXPECT_EQ(c.FiltriOR[1].Stato, 0);
+}
+
+TEST_F(LetturaSistema, TheDistanceMarkFollowsTheLastRecordReadEvenAcrossFiles) {
+    Bytes b = Intestazione(Header{}).i32(12345);
+    b.i32(32).u8(1).u8(1).fill(382).i16(-1).i32(32).u8(2).u8(1).fill(382).i16(0).i32(100);
+    ASSERT_EQ(apri(b), EsitoApriFile::Aperto);
+    EXPECT_EQ(c.CondizioniDistanza.count(), 2);
+    EXPECT_EQ(c.CondizioneDistanzaLetta.Stato, 0);
+    ASSERT_EQ(apri(Intestazione(Header{}).i32(12345).i32(32).u8(1).fill(383).i16(-1).i32(100)), EsitoApriFile::Aperto);
+    EXPECT_EQ(c.CondizioneDistanzaLetta.Stato, -1);
+    ASSERT_EQ(apri(Intestazione(Header{})), EsitoApriFile::Aperto);
+    EXPECT_EQ(c.CondizioniDistanza.count(), 0);
+    EXPECT_EQ(c.CondizioneDistanzaLetta.Stato, -1);
+}
+
+TEST_F(LetturaSistema, MissingFileAndEmptyPath) {
+    c.ModalitaRicalcolo = Vero;
+    SetForecast(c, Range(1, 12));
+    EXPECT_EQ(ApriFile(c, ui, ""), EsitoApriFile::NessunFile);
+    EXPECT_EQ(ui.calls, std::vector<std::string>{"Sblocca_x_Ricalcolo"});
+    EXPECT_EQ(ApriFile(c, ui, dir.file("none.dvs")), EsitoApriFile::Errore);
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "Error 53 (File not found) in procedure ApriFile of Modulo corpo");
+    EXPECT_EQ(ui.boxes[0].icon, BoxIcon::None);
+}
+
+// Every prefix of a valid file, and random corruptions of it, give an answer and a sound state.
+TEST_F(LetturaSistema, TruncatedAndCorruptedFilesNeverBreakTheState) {
+    Header h;
+    h.numColonne = 4;
+    Bytes good = Colonne(Intestazione(h), 4, 3).i32(12345);
+    good = Filtro(Filtro(good, 1, 3), 64, 9);
+    good.i32(2).i32(6).i16(-1).i32(32).u8(2).u8(1).u8(2).fill(381).i16(-1).i32(100).i32(200);
+    auto check = [&](const Bytes& b) {
+        // One state for every round: the store is allocated once.
+        c.FiltriOR.clear();
+        c.FiltriXOR.clear();
+        ui = FakeUi{};
+        apri(b);
+        EXPECT_GE(c.LenColonna, 1);
+        EXPECT_LE(c.LenColonna, 25);
+        EXPECT_GE(c.pronostico.NumColonne, 0);
+        EXPECT_LE(c.pronostico.NumColonne, MaxColonne);
+        EXPECT_LE(c.pronostico.Quanti, 90);
+        EXPECT_EQ(ui.busyDepth, 0);
+    };
+    for (size_t n = 0; n <= good.data.size(); ++n) {
+        Bytes cut = good;
+        cut.data.resize(n);
+        check(cut);
+    }
+    std::mt19937 rng(7);
+    for (int round = 0; round < 400; ++round) {
+        Bytes bad = good;
+        for (int k = std::uniform_int_distribution<int>(1, 6)(rng); k > 0; --k)
+            bad.data[rng() % bad.data.size()] = static_cast<uint8_t>(rng());
+        check(bad);
+    }
+}
+
+} // namespace

@@ -1,0 +1,80 @@
+// Helpers of the file tests: a private temporary folder, and a byte builder that writes file
+// layouts by hand, independent of the library's field lists.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace dv::test {
+
+// A folder of its own for each test, removed at the end.
+class CartellaTemporanea {
+public:
+    CartellaTemporanea() {
+        const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+        std::string name = info ? std::string(info->test_suite_name()) + "_" + info->name() : "dv";
+        m_path = std::filesystem::temp_directory_path() / ("dv_" + std::to_string(::getpid()) + "_" + name);
+        std::filesystem::remove_all(m_path);
+        std::filesystem::create_directories(m_path);
+    }
+    ~CartellaTemporanea() {
+        std::error_code ec;
+        std::filesystem::remove_all(m_path, ec);
+    }
+    std::string file(const std::string& name) const { return (m_path / name).string(); }
+
+private:
+    std::filesystem::path m_path;
+};
+
+class Bytes {
+public:
+    std::vector<uint8_t> data;
+
+    Bytes& text(const std::string& s) {
+        data.insert(data.end(), s.begin(), s.end());
+        return *this;
+    }
+    Bytes& u8(int v) {
+        data.push_back(static_cast<uint8_t>(v));
+        return *this;
+    }
+    Bytes& i16(int v) {
+        u8(v & 0xFF);
+        return u8((v >> 8) & 0xFF);
+    }
+    Bytes& i32(int64_t v) {
+        for (int i = 0; i < 4; ++i) u8(static_cast<int>((v >> (8 * i)) & 0xFF));
+        return *this;
+    }
+    Bytes& str(const std::string& s) {
+        i16(static_cast<int>(s.size()));
+        return text(s);
+    }
+    Bytes& fill(size_t n, int v = 0) {
+        data.insert(data.end(), n, static_cast<uint8_t>(v));
+        return *this;
+    }
+    void save(const std::string& path) const {
+        std::ofstream out(path, std::ios::binary | std::ios::trunc);
+        out.write(reinterpret_cast<const char*>(data.data()), static_cast<std::streamsize>(data.size()));
+    }
+};
+
+inline std::vector<uint8_t> ReadAll(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+inline std::string ReadText(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+} // namespace dv::test
