@@ -1,0 +1,62 @@
+// A DialogService that answers from queues and records what was asked, so that no window test
+// ever waits on a modal box or a file chooser.
+#pragma once
+
+#include "windows/QtUiDialogs.h"
+
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace dv::test {
+
+class QueueDialogs : public DialogService {
+public:
+    struct Box {
+        std::string text, title;
+        BoxIcon icon;
+        bool question;
+    };
+    std::vector<Box> boxes;
+    std::deque<bool> answers;          // yes when empty
+    std::deque<std::string> fileNames; // cancel when empty
+    std::vector<std::string> folders;  // folders the choosers opened in, and folders opened
+    std::vector<std::string> proposedNames;
+    int beeps = 0;
+
+    void setNextAnswer(bool yes) { answers.push_back(yes); }
+    void setNextFileName(std::string name) { fileNames.push_back(std::move(name)); }
+
+    void messageBox(QWidget*, const std::string& text, const std::string& title, BoxIcon icon) override {
+        boxes.push_back({text, title, icon, false});
+    }
+    bool questionBox(QWidget*, const std::string& text, const std::string& title, BoxIcon icon) override {
+        boxes.push_back({text, title, icon, true});
+        if (answers.empty()) return true;
+        const bool a = answers.front();
+        answers.pop_front();
+        return a;
+    }
+    std::string chooseOpenFile(QWidget*, const std::string& folder, const std::string&) override {
+        folders.push_back(folder);
+        return next();
+    }
+    std::string chooseSaveFile(QWidget*, const std::string& folder, const std::string&, const std::string&,
+                               const std::string& proposedName) override {
+        folders.push_back(folder);
+        proposedNames.push_back(proposedName);
+        return next();
+    }
+    void beep() override { ++beeps; }
+    void openFolder(const std::string& path) override { folders.push_back(path); }
+
+private:
+    std::string next() {
+        if (fileNames.empty()) return {};
+        std::string f = fileNames.front();
+        fileNames.pop_front();
+        return f;
+    }
+};
+
+} // namespace dv::test

@@ -1,0 +1,340 @@
+// The main window on the offscreen platform: the grid gesture, the enabling rules, a development
+// on the worker thread with its progress window, stopping it, the lock and "Modifica Sistema",
+// the stake and the status line, the save and open round trip, and the question on closing.
+#include "core/Cartelle.h"
+#include "core/Sistema.h"
+#include "tests/windows/QueueDialogs.h"
+#include "windows/QtUi.h"
+#include "windows/frmCalcolo.h"
+#include "windows/frmCalcoloWorker.h"
+#include "windows/frmMAIN.h"
+#include "windows/frmMAINOperazioni.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <filesystem>
+#include <map>
+#include <memory>
+
+using namespace dv;
+
+namespace {
+const std::map<std::string, std::string, std::less<>> Testi = {
+    {"0001", "Colonne integrali"}, {"0002", "Colonne elaborate"}, {"0003", "Colonne sistema"},
+    {"0004", "Interrompere?"},     {"0042", "Numeri in gioco"},   {"0053", "Uscire?"},
+    {"0054", "Modificare il sistema?"}, {"0055", "Attenzione"},   {"0060", "Condizionato"},
+    {"0062", "Integrale"},
+};
+} // namespace
+
+class frmMAINTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<Corpo> m_corpo;
+    std::unique_ptr<test::QueueDialogs> m_dialogs;
+    std::unique_ptr<frmMAIN> m_main;
+
+    QLabel* cella(int i) { return m_main->findChild<QLabel*>(QStringLiteral("grnum_%1").arg(i)); }
+    QString pannello(int i) { return m_main->findChild<QLabel*>(QStringLiteral("StBar_%1").arg(i))->text(); }
+    QWidget* controllo(const char* name) { return m_main->findChild<QWidget*>(QString::fromLatin1(name)); }
+    bool abilitato(const char* name) {
+        if (QAction* a = m_main->azione(QString::fromLatin1(name))) return a->isEnabled();
+        return controllo(name)->isEnabled();
+    }
+    void clicca(int i) { QTest::mouseClick(cella(i), Qt::LeftButton); }
+    void scegli(std::initializer_list<int> numbers) {
+        for (int n : numbers) clicca(n - 1);
+    }
+    void scegliDa1A(int n) {
+        for (int i = 0; i < n; ++i) clicca(i);
+    }
+    // Presses on cell from, sweeps over the cells of path with the button held, and releases.
+    void trascina(int from, std::initializer_list<int> path) {
+        QLabel* pressed = cella(from);
+        QTest::mousePress(pressed, Qt::LeftButton, {}, pressed->rect().center());
+        for (int to : path) {
+            const QPoint global = to < 0 ? m_main->mapToGlobal(QPoint(1, 1))
+                                         : cella(to)->mapToGlobal(cella(to)->rect().center());
+            QMouseEvent move(QEvent::MouseMove, pressed->mapFromGlobal(global), global, Qt::NoButton,
+                             Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(pressed, &move);
+        }
+        QTest::mouseRelease(pressed, Qt::LeftButton);
+    }
+    void sviluppa() {
+        QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
+        QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdCalcolo")), Qt::LeftButton);
+        QVERIFY(spy.wait(120000));
+    }
+
+private slots:
+    void initTestCase() { QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy)); }
+
+    void init() {
+        m_dir = std::make_unique<QTemporaryDir>();
+        m_corpo = std::make_unique<Corpo>();
+        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
+        m_dialogs = std::make_unique<test::QueueDialogs>();
+        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
+        m_main->ui().setLanguage(
+            [](std::string_view key) {
+                auto it = Testi.find(key);
+                return it == Testi.end() ? std::string() : it->second;
+            },
+            [] { return std::string(); });
+        m_main->carica();
+        m_main->show();
+    }
+
+    void cleanup() {
+        m_main.reset();
+        m_corpo.reset();
+        m_dir.reset();
+    }
+
+    void startsEmptyWithTheFirstStakeAndKindOfPlay() {
+        QCOMPARE(pannello(1), QStringLiteral("nuovo.dvs"));
+        QCOMPARE(pannello(2), QStringLiteral("0"));
+        QCOMPARE(pannello(3), QStringLiteral("\u20AC 0,00"));
+        QVERIFY(m_main->findChild<QRadioButton*>(QStringLiteral("optImporto_0"))->isChecked());
+        QVERIFY(m_main->findChild<QRadioButton*>(QStringLiteral("optTipoGiocata_0"))->isChecked());
+        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("labnumeri"))->text(), QStringLiteral("Numeri in gioco [00]"));
+        QVERIFY(m_main->windowTitle().startsWith(QStringLiteral("Dorvanta - Ver. ")));
+        QVERIFY(!abilitato("cmdCalcolo"));
+        QVERIFY(!abilitato("menuOperazioni"));
+        QVERIFY(!abilitato("cmdModifiche"));
+    }
+
+    void clickTogglesACellAndItsLook() {
+        clicca(6);
+        QCOMPARE(m_corpo->pronostico.Quanti, 1);
+        QCOMPARE(cella(6)->property("tag").toString(), QStringLiteral("1"));
+        QVERIFY(cella(6)->styleSheet().contains(QStringLiteral("rgb(255,128,0)")));
+        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("labnumeri"))->text(), QStringLiteral("Numeri in gioco [01]"));
+        clicca(6);
+        QCOMPARE(m_corpo->pronostico.Quanti, 0);
+        QCOMPARE(cella(6)->property("tag").toString(), QStringLiteral("0"));
+    }
+
+    void sweepTogglesEachCellEnteredAndReentered() {
+        trascina(0, {1, 2, 3});
+        QCOMPARE(m_corpo->pronostico.Quanti, 4);
+        for (int i = 0; i < 4; ++i) QVERIFY(m_corpo->Griglia[static_cast<size_t>(i)]);
+        // Back over the same cells: each is toggled again, the one pressed on is left alone.
+        trascina(13, {13, 3, 2, 12});
+        QCOMPARE(m_corpo->Griglia[13], true);
+        QCOMPARE(m_corpo->Griglia[3], false);
+        QCOMPARE(m_corpo->Griglia[2], false);
+        QCOMPARE(m_corpo->Griglia[12], true);
+        // Leaving the grid and coming back into the same cell toggles it once more.
+        trascina(40, {41, -1, 41});
+        QCOMPARE(m_corpo->Griglia[41], false);
+        QCOMPARE(m_corpo->pronostico.Quanti, 5);
+    }
+
+    void operationsFollowTheCountAndTheColumnLength() {
+        scegliDa1A(9);
+        QVERIFY(!abilitato("cmdCalcolo"));
+        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("lblIntegrale"))->text(), QStringLiteral("0"));
+        clicca(9);
+        QVERIFY(abilitato("cmdCalcolo"));
+        QVERIFY(abilitato("menuOperazioni"));
+        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("lblIntegrale"))->text(), QStringLiteral("1"));
+        clicca(9);
+        QVERIFY(!abilitato("cmdCalcolo"));
+        scegliDa1A(0);
+        clicca(9);
+        clicca(10);
+        clicca(11); // 12 numbers
+        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("lblIntegrale"))->text(), QStringLiteral("66"));
+        auto* hs = m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"));
+        hs->setValue(13);
+        QCOMPARE(m_corpo->LenColonna, 13);
+        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("lbLenCol"))->text(), QStringLiteral("13"));
+        QVERIFY(!abilitato("cmdCalcolo"));
+        QCOMPARE(m_corpo->pronostico.Quanti, 12);
+    }
+
+    void stakeAndKindOfPlaySetTheCostInTheStatusLine() {
+        m_main->findChild<QRadioButton*>(QStringLiteral("optImporto_3"))->click(); // 2,5
+        m_main->findChild<QRadioButton*>(QStringLiteral("optTipoGiocata_2"))->click(); // Doppio ORO
+        QCOMPARE(m_corpo->CostoColonna, 7.5f);
+        scegliDa1A(12);
+        sviluppa();
+        QCOMPARE(pannello(2), QStringLiteral("66"));
+        QCOMPARE(pannello(3), QStringLiteral("\u20AC 495,00"));
+    }
+
+    void developmentRunsOffTheWindowThreadThenLocks() {
+        scegliDa1A(12);
+        QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
+        QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdCalcolo")), Qt::LeftButton);
+        QVERIFY(!m_main->isEnabled());
+        QVERIFY(m_main->operazioni().worker().finestra()->isVisible());
+        QVERIFY(spy.wait(60000));
+        QVERIFY(m_main->isEnabled());
+        QVERIFY(!m_main->operazioni().worker().finestra()->isVisible());
+        QCOMPARE(m_main->operazioni().worker().finestra()->colonneSistema(), 66.0);
+        QCOMPARE(m_corpo->pronostico.NumColonne, 66);
+        QCOMPARE(pannello(4), QStringLiteral("Integrale"));
+        // The elapsed-time box, and the window locked for a finished system.
+        QCOMPARE(m_dialogs->boxes.size(), size_t{1});
+        QVERIFY(m_dialogs->boxes[0].text.find("Days 00:00:") != std::string::npos);
+        QVERIFY(!abilitato("frameNumeri"));
+        QVERIFY(!abilitato("cmdCalcolo"));
+        QVERIFY(!abilitato("cmdCancella"));
+        QVERIFY(abilitato("cmdModifiche"));
+        QVERIFY(abilitato("menuMescola"));
+        QCOMPARE(m_corpo->SistemaBloccato, -1);
+    }
+
+    void runThatKeepsNothingLeavesTheWindowUnlocked() {
+        scegliDa1A(10);
+        m_corpo->condizioni.CondSomma = Vero;
+        m_corpo->condizioni.SommaMinMax = {1, 2};
+        sviluppa();
+        QCOMPARE(m_corpo->pronostico.NumColonne, 0);
+        QVERIFY(abilitato("cmdCalcolo"));
+        QVERIFY(abilitato("frameNumeri"));
+        QVERIFY(!abilitato("cmdModifiche"));
+    }
+
+    void modificaSistemaAsksThenGivesUpTheColumnsOnly() {
+        scegliDa1A(12);
+        sviluppa();
+        m_dialogs->boxes.clear();
+        m_dialogs->setNextAnswer(false);
+        QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdModifiche")), Qt::LeftButton);
+        QCOMPARE(m_dialogs->boxes.back().text, std::string("Modificare il sistema?"));
+        QCOMPARE(m_corpo->pronostico.NumColonne, 66);
+        m_dialogs->setNextAnswer(true);
+        m_main->azione(QStringLiteral("menuModifiche"))->trigger();
+        QCOMPARE(m_corpo->pronostico.NumColonne, 0);
+        QCOMPARE(m_corpo->pronostico.Quanti, 12);
+        QVERIFY(abilitato("cmdCalcolo"));
+        QVERIFY(abilitato("frameNumeri"));
+        QVERIFY(!abilitato("cmdModifiche"));
+        QCOMPARE(pannello(2), QStringLiteral("0"));
+    }
+
+    void recomputeModeKeepsDevelopmentAvailable() {
+        m_corpo->ModalitaRicalcolo = Vero;
+        scegliDa1A(12);
+        sviluppa();
+        QVERIFY(abilitato("cmdCalcolo"));
+        QVERIFY(!abilitato("frameNumeri"));
+        m_corpo->condizioni.CondFisse = Vero;
+        m_corpo->condizioni.TabFisse[12] = 1;
+        m_corpo->condizioni.NumFisse = 1;
+        sviluppa(); // narrows the 66 columns held to those holding 12
+        QCOMPARE(m_corpo->pronostico.NumColonne, 55);
+    }
+
+    void stopAsksWithTheCountsAndKeepsWhatWasKept() {
+        for (int i = 0; i < 90; ++i) clicca(i);
+        m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->setValue(6);
+        QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
+        QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdCalcolo")), Qt::LeftButton);
+        frmCalcolo* progress = m_main->operazioni().worker().finestra();
+        // The window thread stays free: the progress window shows the counts as they grow.
+        QTRY_VERIFY_WITH_TIMEOUT(progress->colonneElaborate() > 0, 60000);
+        QVERIFY(progress->findChild<QLabel*>(QStringLiteral("lblNumColIntegrali"))->text().contains(
+            QStringLiteral("622.614.630")));
+        m_dialogs->setNextAnswer(false);
+        QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")), Qt::LeftButton);
+        QCOMPARE(m_dialogs->beeps, 1);
+        const auto& question = m_dialogs->boxes.back();
+        QVERIFY(question.question);
+        QCOMPARE(question.title, std::string("Elaborazione in corso..."));
+        QVERIFY(question.text.rfind("Colonne integrali 622.614.630\nColonne elaborate ", 0) == 0);
+        QVERIFY(question.text.find("\nInterrompere?") != std::string::npos);
+        QVERIFY(m_main->operazioni().inCorso());
+        m_dialogs->setNextAnswer(true);
+        QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")), Qt::LeftButton);
+        QVERIFY(spy.wait(60000));
+        QVERIFY(m_corpo->pronostico.NumColonne > 0);
+        QVERIFY(m_corpo->pronostico.NumColonne < 622614630);
+        QCOMPARE(m_corpo->pronostico.Descrizione, std::string("Integrale - ***"));
+        QCOMPARE(pannello(4), QStringLiteral("Integrale - ***"));
+    }
+
+    void closingIsRefusedDuringARunAndOtherwiseAsked() {
+        m_dialogs->setNextAnswer(false);
+        QVERIFY(!m_main->close());
+        QCOMPARE(m_dialogs->boxes.back().text, std::string("Uscire?"));
+        QVERIFY(m_main->isVisible());
+        m_dialogs->setNextAnswer(true);
+        QVERIFY(m_main->close());
+        QCOMPARE(m_corpo->ChiusuraInCorso, Vero);
+    }
+
+    void forecastMenuOnlyWithoutASystem() {
+        auto* popup = m_main->findChild<QMenu*>(QStringLiteral("menuPopup"));
+        QTest::mouseClick(m_main->findChild<QLabel*>(QStringLiteral("labnumeri")), Qt::RightButton);
+        QTRY_VERIFY(popup->isVisible());
+        popup->hide();
+        popup->findChild<QAction*>(QStringLiteral("mnuPronostico90Numeri"))->trigger();
+        QCOMPARE(m_corpo->pronostico.Quanti, 90);
+        popup->findChild<QAction*>(QStringLiteral("mnuCancellaPronostico"))->trigger();
+        QCOMPARE(m_corpo->pronostico.Quanti, 0);
+        scegliDa1A(10);
+        sviluppa();
+        QTest::mouseClick(m_main->findChild<QLabel*>(QStringLiteral("labnumeri")), Qt::RightButton);
+        QTest::qWait(50);
+        QVERIFY(!popup->isVisible());
+    }
+
+    void saveAndOpenThroughTheMenusRestoreTheSystem() {
+        namespace fs = std::filesystem;
+        scegli({5, 17, 22, 31, 44, 58, 61, 70, 83, 88, 90});
+        m_corpo->condizioni.CondSomma = Vero;
+        m_corpo->condizioni.SommaMinMax = {300, 600};
+        sviluppa();
+        const int32_t kept = m_corpo->pronostico.NumColonne;
+        QVERIFY(kept > 0);
+        const std::string path = (fs::path(m_corpo->AppDir) / "sistemi" / "Prova.dvs").string();
+        m_dialogs->setNextFileName(path);
+        m_main->azione(QStringLiteral("menuSalvaConNome"))->trigger();
+        QCOMPARE(m_dialogs->proposedNames.back(), std::string("nuovo.dvs"));
+        QCOMPARE(m_dialogs->folders.back(), (fs::path(m_corpo->AppDir) / "sistemi").string());
+        QVERIFY(fs::exists(path));
+        QCOMPARE(pannello(1), QStringLiteral("prova.dvs"));
+
+        m_main->azione(QStringLiteral("menuNuovo"))->trigger();
+        QCOMPARE(m_corpo->pronostico.Quanti, 0);
+        QCOMPARE(pannello(1), QStringLiteral("nuovo.dvs"));
+        QVERIFY(abilitato("frameNumeri"));
+
+        m_dialogs->setNextFileName(""); // cancelled: nothing happens
+        m_main->azione(QStringLiteral("menuApri"))->trigger();
+        QCOMPARE(m_corpo->pronostico.Quanti, 0);
+        m_dialogs->setNextFileName(path);
+        m_main->azione(QStringLiteral("menuApri"))->trigger();
+        QCOMPARE(m_corpo->pronostico.Quanti, 11);
+        QCOMPARE(m_corpo->pronostico.NumColonne, kept);
+        QCOMPARE(cella(89)->property("tag").toString(), QStringLiteral("1"));
+        QCOMPARE(cella(88)->property("tag").toString(), QStringLiteral("0"));
+        QVERIFY(m_main->azione(QStringLiteral("menuSomma"))->isChecked());
+        QVERIFY(!abilitato("frameNumeri"));
+        QCOMPARE(pannello(1), QStringLiteral("prova.dvs"));
+        QCOMPARE(pannello(2), QString::number(kept));
+
+        // menuSalva writes under the current name again.
+        fs::remove(path);
+        m_main->azione(QStringLiteral("menuSalva"))->trigger();
+        QVERIFY(fs::exists(path));
+    }
+};
+
+QTEST_MAIN(frmMAINTest)
+#include "frmMAINTest.moc"

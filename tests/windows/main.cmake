@@ -1,0 +1,7 @@
+# The main window, the progress window and the splash window, driven on the offscreen platform.
+add_executable(dv_frmMAIN_tests
+    ${CMAKE_CURRENT_LIST_DIR}/frmMAINTest.cpp
+)
+target_link_libraries(dv_frmMAIN_tests PRIVATE dv_windows Qt6::Test)
+add_test(NAME frmMAIN COMMAND dv_frmMAIN_tests)
+set_tests_properties(frmMAIN PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)

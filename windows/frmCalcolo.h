@@ -1,0 +1,60 @@
+// The progress window of a development: the three counts, the bar, and the button that stops
+// the run. It is shown without a parent, since the main window is disabled while a run lasts.
+#pragma once
+
+#include "core/Engine.h"
+
+#include <QWidget>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+namespace dv {
+
+class QtUi;
+
+class frmCalcolo : public QWidget {
+    Q_OBJECT
+public:
+    frmCalcolo(QtUi& ui, RunControl& control, QWidget* parent = nullptr);
+
+    // The counts of the run, as the question on stopping shows them.
+    double colonneElaborate() const { return m_colonneElaborate; }
+    double colonneSistema() const { return m_colonneSistema; }
+    double colonneIntegrale() const { return m_colonneIntegrale; }
+
+    // The run's total, written once before the walk.
+    void mostraIntegrale(double total);
+    // One progress step: bar and the three counts.
+    void mostraAvanzamento(const ProgressInfo& info);
+    // The limit of columns: labAllarm takes "0012" and the counts are refreshed.
+    void mostraLimite(const ProgressInfo& info);
+
+    // cmdSvilAnnulla: asks, and on yes asks the run to stop.
+    void annulla();
+
+protected:
+    // Closing the window while a run is on is the same as cmdSvilAnnulla.
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QString conta(double value) const;
+
+    QtUi& m_ui;
+    RunControl& m_control;
+    QProgressBar* m_pb;
+    QLabel* m_labAllarm;
+    QLabel* m_lblNumColIntegrali;
+    QLabel* m_lblNumColElaborate;
+    QLabel* m_lblNumColSistema;
+    QPushButton* m_cmdSvilAnnulla;
+    double m_colonneElaborate = 0;
+    double m_colonneSistema = 0;
+    double m_colonneIntegrale = 0;
+};
+
+// The thousands separator of the user's locale, as one character ('.' when it is not one).
+char SeparatoreMigliaia();
+
+} // namespace dv

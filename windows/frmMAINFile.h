@@ -1,0 +1,33 @@
+// The file menu of the main window: new, open, save, settings and language, exit, the data folder.
+#pragma once
+
+#include <string>
+
+namespace dv {
+
+class frmMAIN;
+
+class frmMAINFile {
+public:
+    explicit frmMAINFile(frmMAIN& window);
+
+    // Reads the settings and the language in use.
+    void leggiConfigurazione();
+    // menuNuovo: an empty system named "nuovo.dvs".
+    void nuovo();
+    // menuApri: a system file chosen in AppDir/sistemi.
+    void apriConScelta();
+    // Opens the system file at path (the command line's argument).
+    void apri(const std::string& path);
+    // menuSalva: saves under the current name in AppDir/sistemi.
+    void salva();
+    // menuSalvaConNome: saves under a name the user chooses, which becomes the current one.
+    void salvaConNome();
+    // menuApriDirectory: the data folder in the desktop's file browser.
+    void apriDirectory();
+
+private:
+    frmMAIN& m_window;
+};
+
+} // namespace dv

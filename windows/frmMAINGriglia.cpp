@@ -1,0 +1,87 @@
+#include "windows/frmMAINGriglia.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QMouseEvent>
+
+namespace dv {
+
+namespace {
+const QString StileSelezionata = QStringLiteral(
+    "QLabel { background: rgb(255,128,0); color: white; font-weight: bold; border: 1px solid rgb(200,100,0); }");
+const QString StileLibera = QStringLiteral(
+    "QLabel { background: white; color: rgb(255,128,0); font-weight: normal; border: 1px solid rgb(230,200,170); }"
+    "QLabel:disabled { color: rgb(200,170,140); }");
+} // namespace
+
+GrigliaNumeri::GrigliaNumeri(const QString& cellName, QWidget* parent) : QFrame(parent) {
+    setFrameShape(QFrame::StyledPanel);
+    auto* layout = new QGridLayout(this);
+    layout->setSpacing(2);
+    layout->setContentsMargins(4, 4, 4, 4);
+    for (int i = 0; i < 90; ++i) {
+        auto* cell = new QLabel(QString::asprintf("%02d", i + 1), this);
+        cell->setObjectName(QStringLiteral("%1_%2").arg(cellName).arg(i));
+        cell->setProperty("index", i);
+        cell->setProperty("tag", QStringLiteral("0"));
+        cell->setAlignment(Qt::AlignCenter);
+        cell->setMinimumSize(30, 24);
+        cell->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        cell->setStyleSheet(StileLibera);
+        cell->installEventFilter(this);
+        layout->addWidget(cell, i / 10, i % 10);
+        m_celle[static_cast<size_t>(i)] = cell;
+    }
+}
+
+void GrigliaNumeri::mostra(const std::array<bool, 90>& selected) {
+    for (size_t i = 0; i < 90; ++i) {
+        const QString tag = selected[i] ? QStringLiteral("1") : QStringLiteral("0");
+        if (m_celle[i]->property("tag").toString() == tag) continue;
+        m_celle[i]->setProperty("tag", tag);
+        m_celle[i]->setStyleSheet(selected[i] ? StileSelezionata : StileLibera);
+    }
+}
+
+int GrigliaNumeri::cellaIn(const QPoint& globalPos) const {
+    for (int i = 0; i < 90; ++i) {
+        const QLabel* cell = m_celle[static_cast<size_t>(i)];
+        if (cell->rect().contains(cell->mapFromGlobal(globalPos))) return i;
+    }
+    return -1;
+}
+
+bool GrigliaNumeri::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress: {
+        auto* me = static_cast<QMouseEvent*>(event);
+        if (me->button() != Qt::LeftButton) break;
+        const int index = watched->property("index").toInt();
+        m_premuto = true;
+        m_sotto = index;
+        emit cellaCliccata(index);
+        return true;
+    }
+    case QEvent::MouseMove: {
+        // The cell pressed keeps the mouse while the button is held; the cell entered is found
+        // from the pointer's position.
+        auto* me = static_cast<QMouseEvent*>(event);
+        if (!m_premuto || !(me->buttons() & Qt::LeftButton)) break;
+        const int index = cellaIn(me->globalPosition().toPoint());
+        if (index != m_sotto) {
+            m_sotto = index;
+            if (index >= 0) emit cellaCliccata(index);
+        }
+        return true;
+    }
+    case QEvent::MouseButtonRelease:
+        m_premuto = false;
+        m_sotto = -1;
+        break;
+    default:
+        break;
+    }
+    return QFrame::eventFilter(watched, event);
+}
+
+} // namespace dv

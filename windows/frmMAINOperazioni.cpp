@@ -1,0 +1,49 @@
+#include "windows/frmMAINOperazioni.h"
+
+#include "core/Helpers.h"
+#include "core/Sistema.h"
+#include "windows/QtUi.h"
+#include "windows/frmCalcoloWorker.h"
+#include "windows/frmMAIN.h"
+
+#include <QAction>
+#include <QPushButton>
+
+namespace dv {
+
+frmMAINOperazioni::frmMAINOperazioni(frmMAIN& window)
+    : m_window(window), m_worker(std::make_unique<frmCalcoloWorker>(window.corpo(), window.ui(), window)) {
+    const auto collega = [&window](const char* name, auto slot) {
+        if (QAction* a = window.azione(QString::fromLatin1(name))) QObject::connect(a, &QAction::triggered, &window, slot);
+        if (QPushButton* b = window.pulsante(QString::fromLatin1(name)))
+            QObject::connect(b, &QPushButton::clicked, &window, slot);
+    };
+    collega("menuCalcolo", [this] { calcolo(); });
+    collega("cmdCalcolo", [this] { calcolo(); });
+    collega("menuMescola", [this] { mescola(); });
+    collega("menuModifiche", [this] { modifiche(); });
+    collega("cmdModifiche", [this] { modifiche(); });
+    collega("cmdCancella", [this] { cancella(); });
+}
+
+frmMAINOperazioni::~frmMAINOperazioni() = default;
+
+void frmMAINOperazioni::calcolo() { m_worker->avvia(); }
+
+bool frmMAINOperazioni::inCorso() const { return m_worker->inCorso(); }
+
+void frmMAINOperazioni::mescola() {
+    QAction* entry = m_window.azione(QStringLiteral("menuMescola"));
+    entry->setEnabled(false);
+    MescolaColonne(m_window.corpo(), m_window.ui(), SecondiDaMezzanotte());
+    entry->setEnabled(true);
+}
+
+void frmMAINOperazioni::modifiche() {
+    QtUi& ui = m_window.ui();
+    if (ui.questionBox(ui.Lang("0054"), "", BoxIcon::Question)) ModificaSistema(m_window.corpo(), ui);
+}
+
+void frmMAINOperazioni::cancella() { ResetSistema(m_window.corpo(), m_window.ui(), false); }
+
+} // namespace dv
