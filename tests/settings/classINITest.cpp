@@ -1,0 +1,101 @@
+#include "settings/Ansi.h"
+#include "settings/classINI.h"
+
+#include "TempDir.h"
+
+#include <gtest/gtest.h>
+
+using dv::classINI;
+using dv::test::TempDir;
+
+TEST(classINI, MissingFileGivesTheDefaultAndIsNotCreatedByReading) {
+    TempDir dir;
+    const classINI ini(dir.file("none.ini"));
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "LINGUA", "def"), "def");
+    EXPECT_EQ(ini.getInt("IMPOSTAZIONI", "X"), -1);
+    EXPECT_FALSE(dir.exists("none.ini"));
+}
+
+TEST(classINI, ReadsHandEditedFilesAsTheProfileCallsDo) {
+    TempDir dir;
+    const classINI ini(dir.write("a.ini", "; settings\r\n"
+                                          "\r\n"
+                                          "  [Altro]\r\n"
+                                          "LINGUA=wrong\r\n"
+                                          "[impostazioni]  \r\n"
+                                          "\r\n"
+                                          "; LINGUA=commented\r\n"
+                                          "  lingua   =   English  \r\n"
+                                          "EMPTY=\r\n"
+                                          "Quoted=\"  padded  \"\r\n"
+                                          "noequals\r\n"
+                                          "LINGUA=second\r\n"));
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "LINGUA", "def"), "English");
+    EXPECT_EQ(ini.getProperty("Altro", "lingua", "def"), "wrong");
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "EMPTY", "def"), "");
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "QUOTED", "def"), "  padded  ");
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "noequals", "def"), "def");
+    EXPECT_EQ(ini.getProperty("Missing", "LINGUA", "def"), "def");
+}
+
+TEST(classINI, LineEndsOfEitherKindAndNoFinalLineEnd) {
+    TempDir dir;
+    const classINI lf(dir.write("lf.ini", "[S]\nA=1\nB=2"));
+    EXPECT_EQ(lf.getProperty("S", "A", ""), "1");
+    EXPECT_EQ(lf.getProperty("S", "B", ""), "2");
+    const classINI crlf(dir.write("crlf.ini", "[S]\r\nA=1\r\n"));
+    EXPECT_EQ(crlf.getProperty("S", "A", ""), "1");
+}
+
+TEST(classINI, ValueIsCutToWhatTheBufferHolds) {
+    TempDir dir;
+    const classINI ini(dir.write("a.ini", "[S]\nK=" + std::string(300, 'x') + "\n"));
+    EXPECT_EQ(ini.getProperty("S", "K", "").size(), classINI::BufferLettura - 1);
+}
+
+TEST(classINI, WritingMakesFileAndSectionAndKeepsEveryOtherLine) {
+    TempDir dir;
+    const classINI ini(dir.file("new.ini"));
+    ASSERT_TRUE(ini.setProperty("IMPOSTAZIONI", "LINGUA", "ITALIANO"));
+    EXPECT_EQ(ini.getProperty("impostazioni", "lingua", ""), "ITALIANO");
+
+    const std::string original = "; keep me\r\n[A]\r\nx = 1 \r\n\r\n[B]\r\ny=2\r\n";
+    const classINI other(dir.write("b.ini", original));
+    ASSERT_TRUE(other.setProperty("a", "X", "9"));      // replaces the key where it stands
+    ASSERT_TRUE(other.setProperty("A", "new", "n"));    // joins its section, before the blank line
+    ASSERT_TRUE(other.setProperty("C", "z", "3"));      // a new section at the end
+    EXPECT_EQ(dir.read("b.ini"), "; keep me\r\n[A]\r\nX=9\r\nnew=n\r\n\r\n[B]\r\ny=2\r\n\r\n[C]\r\nz=3\r\n");
+    EXPECT_FALSE(dir.exists("b.ini.new"));
+}
+
+TEST(classINI, TextIsAnsiOnDiskAndUtf8InMemory) {
+    TempDir dir;
+    const classINI ini(dir.file("a.ini"));
+    ASSERT_TRUE(ini.setProperty("S", "MODALITA'", "Modalità €"));
+    EXPECT_NE(dir.read("a.ini").find("=Modalit\xE0 \x80"), std::string::npos);
+    EXPECT_EQ(ini.getProperty("S", "modalita'", ""), "Modalità €");
+    // A user's file saved as UTF-8 with a byte-order mark reads the same.
+    const classINI bom(dir.write("bom.ini", "\xEF\xBB\xBF[S]\nK=città\n"));
+    EXPECT_EQ(bom.getProperty("S", "K", ""), "città");
+    // Section and key compare without regard to the case of accented letters too.
+    const classINI accents(dir.write("acc.ini", "[S]\nCITT\xC0=1\n"));
+    EXPECT_EQ(accents.getProperty("s", "città", ""), "1");
+}
+
+TEST(classINI, IntegersReadByTheirLeadingDigits) {
+    TempDir dir;
+    const classINI ini(dir.write("a.ini", "[S]\nA=12abc\nB=abc\nC= -3\n"));
+    EXPECT_EQ(ini.getInt("S", "A"), 12);
+    EXPECT_EQ(ini.getInt("S", "B"), 0);
+    EXPECT_EQ(ini.getInt("S", "C"), -3);
+    EXPECT_EQ(ini.getInt("S", "D", 7), 7);
+    ASSERT_TRUE(ini.setInt("S", "D", 2));
+    EXPECT_EQ(ini.getInt("S", "D"), 2);
+}
+
+TEST(Ansi, BrokenUtf8AndCharactersOutsideTheCodePageBecomeQuestionMarks) {
+    EXPECT_EQ(dv::Utf8ToAnsi("a\xC3"), "a?");
+    EXPECT_EQ(dv::Utf8ToAnsi("\xE2\x82"), "??");
+    EXPECT_EQ(dv::Utf8ToAnsi("日"), "?");
+    EXPECT_EQ(dv::AnsiToUtf8(dv::Utf8ToAnsi("àèìòù€ŒŸ")), "àèìòù€ŒŸ");
+}
