@@ -1,0 +1,87 @@
+// dorvanta-cli: the program's operations on system files, without windows.
+#include "cli/Comandi.h"
+#include "cli/UiTesto.h"
+
+#include <CLI/CLI.hpp>
+
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+// An interrupt asks a running development to stop; what was kept is then saved.
+dv::RunControl* g_controllo = nullptr;
+extern "C" void Interrompi(int) {
+    if (g_controllo) g_controllo->StopElaborazione.store(true);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using namespace dv::cli;
+    CLI::App app{"Develops, shows and converts Dorvanta systems (.dvs) without windows.", "dorvanta-cli"};
+    app.require_subcommand(1);
+    app.fallthrough();
+    std::string language = DV_DEFAULT_LANGUAGE_FILE;
+    app.add_option("--language", language, "Language file (.lng) for the numbered messages")
+        ->capture_default_str();
+
+    OpzioniNuovo nuovo;
+    auto* cmdNew = app.add_subcommand("new", "Write a system with a forecast and conditions, and no columns");
+    cmdNew->add_option("-o,--output", nuovo.out, "System file to write")->required();
+    cmdNew->add_option("--numbers", nuovo.numbers, "The forecast, e.g. 1-30,45")->required();
+    cmdNew->add_option("--length", nuovo.length, "Numbers in a column, 1..25")->required();
+    cmdNew->add_option("--sum", nuovo.sum, "Sum of a column within MIN:MAX");
+    cmdNew->add_option("--even", nuovo.even, "Accepted counts of even numbers, e.g. 2,3,4");
+    cmdNew->add_option("--fixed", nuovo.fixed, "Numbers of the forecast that every column holds");
+    cmdNew->add_option("--consecutive", nuovo.consecutive, "Accepted lengths of the longest run, e.g. 1,2");
+    auto* reduce = cmdNew->add_option("--reduce", nuovo.reduce, "Reduce to a guarantee of N");
+    auto* minDistance = cmdNew->add_option("--min-distance", nuovo.minDistance, "Reduce to a minimum distance D");
+    reduce->excludes(minDistance);
+
+    std::string in, out;
+    auto* cmdDevelop = app.add_subcommand("develop", "Develop a system as \"Elabora Sistema\" does, then save it");
+    cmdDevelop->add_option("input", in, "System file to develop")->required();
+    cmdDevelop->add_option("-o,--output", out, "System file to write")->required();
+
+    bool columns = false;
+    auto* cmdShow = app.add_subcommand("show", "Print the forecast, the conditions and the count of columns");
+    cmdShow->add_option("input", in, "System file")->required();
+    cmdShow->add_flag("--columns", columns, "Print every column too");
+
+    auto* cmdExport = app.add_subcommand("export-txt", "Write the columns as a text file");
+    cmdExport->add_option("input", in, "System file")->required();
+    cmdExport->add_option("-o,--output", out, "Text file to write")->required();
+
+    auto* cmdImport = app.add_subcommand("import-txt", "Make a system of the columns of a text file");
+    cmdImport->add_option("input", in, "Text file of columns")->required();
+    cmdImport->add_option("-o,--output", out, "System file to write")->required();
+
+    std::optional<uint32_t> seed;
+    auto* cmdShuffle = app.add_subcommand("shuffle", "Put the columns in a random order");
+    cmdShuffle->add_option("input", in, "System file")->required();
+    cmdShuffle->add_option("-o,--output", out, "System file to write")->required();
+    cmdShuffle->add_option("--seed", seed, "Seed of the order (default: seconds since midnight)");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& e) {
+        return app.exit(e) == 0 ? EsitoOk : EsitoUso;
+    }
+
+    UiTesto ui(language, stderr);
+    if (*cmdNew) return ComandoNuovo(nuovo, ui);
+    if (*cmdDevelop) {
+        dv::RunControl ctl;
+        g_controllo = &ctl;
+        std::signal(SIGINT, Interrompi);
+        const int rc = ComandoSviluppa(in, out, ui, ctl);
+        g_controllo = nullptr;
+        return rc;
+    }
+    if (*cmdShow) return ComandoMostra(in, columns, ui);
+    if (*cmdExport) return ComandoEsportaTxt(in, out, ui);
+    if (*cmdImport) return ComandoImportaTxt(in, out, ui);
+    if (*cmdShuffle) return ComandoMescola(in, out, seed, ui);
+    return EsitoUso;
+}
