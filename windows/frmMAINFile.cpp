@@ -2,12 +2,17 @@
 
 #include "core/Cartelle.h"
 #include "core/Finestra.h"
+#include "system_files/ColonneTesto.h"
+#include "system_files/ErroreEsecuzione.h"
 #include "system_files/FileSistema.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
 #include "windows/frmMAIN.h"
 
 #include <QAction>
+#include <QMenuBar>
+
+#include <new>
 
 #include <filesystem>
 
@@ -15,7 +20,23 @@ namespace dv {
 
 namespace {
 constexpr const char* FiltroSistemi = "File Dorvanta (*.dvs)|*.dvs";
-}
+constexpr const char* FiltroTesto = "File TXT (*.txt)|*.txt";
+
+// Greys the window's controls and menus while one of its operations runs; a box or a chooser
+// that the operation opens stays usable, as the window itself is not disabled.
+class Sospensione {
+public:
+    explicit Sospensione(frmMAIN& window) : m_window(window) { imposta(false); }
+    ~Sospensione() { imposta(true); }
+
+private:
+    void imposta(bool enabled) {
+        m_window.centralWidget()->setEnabled(enabled);
+        m_window.menuBar()->setEnabled(enabled);
+    }
+    frmMAIN& m_window;
+};
+} // namespace
 
 frmMAINFile::frmMAINFile(frmMAIN& window) : m_window(window) {
     const auto collega = [&window](const char* name, auto slot) {
@@ -27,6 +48,8 @@ frmMAINFile::frmMAINFile(frmMAIN& window) : m_window(window) {
     collega("menuApri", [this] { apriConScelta(); });
     collega("menuSalva", [this] { salva(); });
     collega("menuSalvaConNome", [this] { salvaConNome(); });
+    collega("menuImportaColonne", [this] { importaColonne(); });
+    collega("menuEsportaColonne", [this] { esportaColonne(); });
     collega("menuUscita", [&window] { window.close(); });
     collega("menuApriDirectory", [this] { apriDirectory(); });
 }
@@ -53,6 +76,27 @@ void frmMAINFile::salvaConNome() {
     if (path.empty()) return;
     c.FileCorrente = path;
     SalvaFile(c, m_window.ui(), path);
+}
+
+void frmMAINFile::importaColonne() {
+    Corpo& c = m_window.corpo();
+    const std::string path = m_window.ui().chooseOpenFile(PercorsoIn(c.AppDir, {"txt"}), FiltroTesto);
+    if (!path.empty()) ImportaColonneTxt(c, m_window.ui(), path);
+}
+
+void frmMAINFile::esportaColonne() {
+    Corpo& c = m_window.corpo();
+    QtUi& ui = m_window.ui();
+    Sospensione sospesa(m_window);
+    try {
+        const std::string path =
+            ui.chooseSaveFile(PercorsoIn(c.AppDir, {"txt"}), FiltroTesto, ".txt", NomeEsportazione(c));
+        if (path.empty()) return;
+        // A failed export has told why in its own box.
+        if (SalvaColonneTxt(c, ui, path)) ui.messageBox("File " + path + " ok ", "", BoxIcon::Information);
+    } catch (const std::bad_alloc&) {
+        MostraErrore(ui, errori::MemoriaEsaurita(), ") in procedure menuEsportaColonne_Click of Form frmMAIN");
+    }
 }
 
 void frmMAINFile::apriDirectory() { m_window.ui().dialogs().openFolder(m_window.corpo().AppDir); }

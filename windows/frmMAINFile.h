@@ -23,6 +23,10 @@ public:
     void salva();
     // menuSalvaConNome: saves under a name the user chooses, which becomes the current one.
     void salvaConNome();
+    // menuImportaColonne: columns from a text file chosen in AppDir/txt.
+    void importaColonne();
+    // menuEsportaColonne: the columns to a text file chosen in AppDir/txt.
+    void esportaColonne();
     // menuApriDirectory: the data folder in the desktop's file browser.
     void apriDirectory();
 

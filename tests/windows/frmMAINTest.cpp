@@ -334,6 +334,34 @@ private slots:
         m_main->azione(QStringLiteral("menuSalva"))->trigger();
         QVERIFY(fs::exists(path));
     }
+
+    void exportAndImportColumnsThroughTheMenus() {
+        namespace fs = std::filesystem;
+        m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->setValue(6);
+        scegliDa1A(8);
+        sviluppa();
+        QCOMPARE(m_corpo->pronostico.NumColonne, 28);
+        const std::string path = (fs::path(m_corpo->AppDir) / "txt" / "colonne.txt").string();
+        m_dialogs->boxes.clear();
+        m_dialogs->setNextFileName(path);
+        m_main->azione(QStringLiteral("menuEsportaColonne"))->trigger();
+        QCOMPARE(m_dialogs->proposedNames.back(), std::string("nuovo.txt"));
+        QCOMPARE(m_dialogs->folders.back(), (fs::path(m_corpo->AppDir) / "txt").string());
+        QCOMPARE(m_dialogs->boxes.back().text, "File " + path + " ok ");
+        QVERIFY(m_main->centralWidget()->isEnabled());
+
+        m_main->azione(QStringLiteral("menuNuovo"))->trigger();
+        m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->setValue(10);
+        m_dialogs->setNextFileName(path);
+        m_main->azione(QStringLiteral("menuImportaColonne"))->trigger();
+        QCOMPARE(m_corpo->pronostico.NumColonne, 28);
+        QCOMPARE(m_corpo->LenColonna, 6);
+        QCOMPARE(m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->value(), 6);
+        QCOMPARE(m_corpo->pronostico.Quanti, 8);
+        QCOMPARE(pannello(4), QStringLiteral("FILE TXT"));
+        QVERIFY(!abilitato("frameNumeri"));
+        QVERIFY(abilitato("cmdModifiche"));
+    }
 };
 
 QTEST_MAIN(frmMAINTest)
