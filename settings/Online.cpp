@@ -42,7 +42,7 @@ void rimuovi(const std::string& path) {
 } // namespace
 
 bool NomeFileSicuro(std::string_view name) {
-    if (name.empty() || name.find("..") != std::string_view::npos) return false;
+    if (name.empty() || name == "." || name.find("..") != std::string_view::npos) return false;
     for (char c : name) {
         const bool ok = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
                         c == '-' || c == '.';

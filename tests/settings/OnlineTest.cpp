@@ -12,7 +12,7 @@ using dv::test::TempDir;
 
 TEST(NomeFileSicuro, AcceptsOnlyPlainNames) {
     for (const char* ok : {"english.txt", "Deutsch_2-b.txt", "a", "x.y.z"}) EXPECT_TRUE(dv::NomeFileSicuro(ok)) << ok;
-    for (const char* bad : {"", "..", "a..txt", "../x.txt", "sub/x.txt", "sub\\x.txt", "/etc/passwd", "C:x.txt",
+    for (const char* bad : {"", ".", "..", "a..txt", "../x.txt", "sub/x.txt", "sub\\x.txt", "/etc/passwd", "C:x.txt",
                             "a b.txt", "x.txt\r", "città.txt", "%2e%2e"})
         EXPECT_FALSE(dv::NomeFileSicuro(bad)) << bad;
 }

@@ -1,0 +1,58 @@
+// dorvanta-server --data DIR [--listen ADDRESS] [--port PORT]
+// Serves the program's files from DIR. Prints the address it listens on, then one line a request.
+#include "server/DataServer.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QHostAddress>
+#include <QTextStream>
+
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("dorvanta-server"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("The web server of Dorvanta: serves its files from a data folder."));
+    parser.addHelpOption();
+    const QCommandLineOption data(QStringLiteral("data"), QStringLiteral("The data folder."), QStringLiteral("DIR"));
+    const QCommandLineOption listen(QStringLiteral("listen"), QStringLiteral("Address to listen on (127.0.0.1)."),
+                                    QStringLiteral("ADDRESS"), QStringLiteral("127.0.0.1"));
+    const QCommandLineOption port(QStringLiteral("port"), QStringLiteral("Port (8090; 0 for any free port)."),
+                                  QStringLiteral("PORT"), QStringLiteral("8090"));
+    parser.addOptions({data, listen, port});
+    parser.process(app);
+
+    QTextStream err(stderr);
+    if (!parser.isSet(data) || !QFileInfo(parser.value(data)).isDir()) {
+        err << "dorvanta-server: --data DIR must name an existing folder\n";
+        return 2;
+    }
+    const QHostAddress address(parser.value(listen));
+    if (address.isNull()) {
+        err << "dorvanta-server: not an address: " << parser.value(listen) << "\n";
+        return 2;
+    }
+    bool ok = false;
+    const uint wanted = parser.value(port).toUInt(&ok);
+    if (!ok || wanted > 65535) {
+        err << "dorvanta-server: not a port: " << parser.value(port) << "\n";
+        return 2;
+    }
+
+    DataServer server(parser.value(data));
+    QTextStream out(stdout);
+    server.log = [&out](const QString& line) { out << line << Qt::endl; };
+    const quint16 actual = server.listen(address, static_cast<quint16>(wanted));
+    if (actual == 0) {
+        err << "dorvanta-server: cannot listen on " << address.toString() << ":" << wanted << "\n";
+        return 1;
+    }
+    const QString host = address.protocol() == QAbstractSocket::IPv6Protocol
+                             ? QStringLiteral("[%1]").arg(address.toString())
+                             : address.toString();
+    out << "Listening on http://" << host << ":" << actual << "/" << Qt::endl;
+    return app.exec();
+}

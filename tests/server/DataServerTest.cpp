@@ -1,0 +1,119 @@
+// dorvanta-server, started for real on 127.0.0.1 and asked over HTTP.
+#include "HttpGet.h"
+#include "ServerProcess.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+using dv::test::httpGet;
+using dv::test::ServerProcess;
+
+namespace {
+
+const QString Sample = QStringLiteral(DV_SOURCE_DIR "/server/sample-data");
+
+void scrivi(const QString& path, const QByteArray& bytes) {
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+}
+
+QByteArray leggi(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+quint16 porta(const ServerProcess& s) { return static_cast<quint16>(QUrl(QString::fromStdString(s.base())).port()); }
+
+} // namespace
+
+TEST(DataServer, ServesTheFilesAtTheirPathsAndLogsEachRequest) {
+    ServerProcess server(Sample);
+    ASSERT_TRUE(server.running());
+    for (const char* path : {"/public/10elotto/ver.asp", "/public/10elotto/lingue/lista.txt",
+                             "/public/10elotto/lingue/english.txt", "/public/10elotto/lingue/thankstolingue.txt",
+                             "/public/10elotto/archivioro2.asp", "/public/10elotto/lista.asp"}) {
+        const auto r = httpGet(server.url(path));
+        EXPECT_EQ(r.status, 200) << path;
+        EXPECT_EQ(r.body, leggi(Sample + QString::fromLatin1(path))) << path;
+    }
+    EXPECT_EQ(httpGet(server.url("/public/10elotto/none.asp")).status, 404);
+    EXPECT_EQ(httpGet(server.url("/public/10elotto/lingue")).status, 404); // a folder is no file
+    const QStringList log = server.logLines();
+    ASSERT_EQ(log.size(), 8);
+    EXPECT_TRUE(log.at(0).contains(QStringLiteral("GET /public/10elotto/ver.asp -> 200")));
+    EXPECT_TRUE(log.at(6).contains(QStringLiteral("-> 404")));
+}
+
+TEST(DataServer, FiveMinuteArchiveFromADate) {
+    ServerProcess server(Sample);
+    ASSERT_TRUE(server.running());
+    const auto all = httpGet(server.url("/public/10elotto5min/archivioro2.asp?dal=19000101"));
+    ASSERT_EQ(all.status, 200);
+    EXPECT_EQ(all.body, leggi(Sample + QStringLiteral("/public/10elotto5min/archivioro2.asp")));
+    const auto some = httpGet(server.url("/public/10elotto5min/archivioro2.asp?dal=20260104"));
+    ASSERT_EQ(some.status, 200);
+    const QList<QByteArray> lines = some.body.split('\n');
+    EXPECT_TRUE(lines.at(0).startsWith("Data")); // the heading passes unchanged
+    EXPECT_TRUE(lines.at(1).startsWith("04/01/2026"));
+    EXPECT_EQ(some.body.count("03/01/2026"), 0);
+    EXPECT_EQ(some.body.count("\n04/01/2026") + some.body.count("\n05/01/2026"), 10);
+    for (const char* bad : {"", "?dal=", "?dal=2026014", "?dal=20261399", "?dal=20260104&dal=20260105", "?from=20260104"})
+        EXPECT_EQ(httpGet(server.url(std::string("/public/10elotto5min/archivioro2.asp") + bad)).status, 400) << bad;
+}
+
+TEST(DataServer, MatrixDownloadByNameOnlyFromTheMatrixFolder) {
+    QTemporaryDir dir;
+    scrivi(dir.filePath(QStringLiteral("public/10elotto/matrici/M10_5.DAT")), QByteArray("\x00\x01\x02matrix", 9));
+    scrivi(dir.filePath(QStringLiteral("public/10elotto/ver.asp")), "1.0.0");
+    ServerProcess server(dir.path());
+    ASSERT_TRUE(server.running());
+    const auto r = httpGet(server.url("/public/10elotto/matrici/download.aspx?file=M10_5.DAT"));
+    EXPECT_EQ(r.status, 200);
+    EXPECT_EQ(r.body, QByteArray("\x00\x01\x02matrix", 9));
+    EXPECT_EQ(httpGet(server.url("/public/10elotto/matrici/download.aspx?file=NONE.DAT")).status, 404);
+    for (const char* bad : {"", "?file=", "?file=..%2Fver.asp", "?file=../ver.asp", "?file=%2Fetc%2Fpasswd", "?name=x"})
+        EXPECT_EQ(httpGet(server.url(std::string("/public/10elotto/matrici/download.aspx") + bad)).status, 400) << bad;
+}
+
+TEST(DataServer, NeverServesAFileOutsideItsDataFolder) {
+    QTemporaryDir outer;
+    scrivi(outer.filePath(QStringLiteral("secret.txt")), "SECRET");
+    const QString data = outer.filePath(QStringLiteral("data"));
+    scrivi(data + QStringLiteral("/public/10elotto/ver.asp"), "1.0.0");
+    // A link inside the folder that points outside it.
+    ASSERT_TRUE(QFile::link(outer.filePath(QStringLiteral("secret.txt")), data + QStringLiteral("/public/link.txt")));
+    ServerProcess server(data);
+    ASSERT_TRUE(server.running());
+    EXPECT_EQ(httpGet(server.url("/public/link.txt")).status, 404);
+    for (const char* path : {"/../secret.txt", "/public/../../secret.txt", "/public/%2e%2e/%2e%2e/secret.txt",
+                             "/public/..%2f..%2fsecret.txt", "//secret.txt", "/public/10elotto/matrici/download.aspx?file=..%2F..%2F..%2Fsecret.txt"}) {
+        const QByteArray answer = dv::test::rawRequest(
+            porta(server), QByteArray("GET ") + path + " HTTP/1.1\r\nHost: 127.0.0.1\r\nConnection: close\r\n\r\n");
+        EXPECT_FALSE(answer.isEmpty()) << path;
+        EXPECT_FALSE(answer.contains("SECRET")) << path;
+        EXPECT_FALSE(answer.startsWith("HTTP/1.1 200")) << path;
+    }
+}
+
+TEST(DataServer, RefusesABadCommandLine) {
+    QProcess p;
+    p.start(QStringLiteral(DV_SERVER_BINARY), {QStringLiteral("--data"), QStringLiteral("/nonexistent/folder")});
+    ASSERT_TRUE(p.waitForFinished(10'000));
+    EXPECT_NE(p.exitCode(), 0);
+    p.start(QStringLiteral(DV_SERVER_BINARY), {QStringLiteral("--data"), Sample, QStringLiteral("--port"), QStringLiteral("x")});
+    ASSERT_TRUE(p.waitForFinished(10'000));
+    EXPECT_NE(p.exitCode(), 0);
+}
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
