@@ -60,7 +60,7 @@ bool DownloadFile(const std::string& url, const std::string& path, bool removeCa
     };
     QObject::connect(&idle, &QTimer::timeout, &loop, [&] { give_up(QStringLiteral("no data for too long")); });
     QObject::connect(reply, &QNetworkReply::redirected, &loop, [&](const QUrl& next) {
-        if (next.scheme() == reply->url().scheme()) emit reply->redirectAllowed();
+        if (next.scheme() == qurl.scheme()) emit reply->redirectAllowed();
         else give_up(QStringLiteral("redirect to another scheme refused"));
     });
     QObject::connect(reply, &QNetworkReply::metaDataChanged, &loop, [&] {

@@ -1,5 +1,7 @@
 #include "platform/Shell.h"
 
+#include "settings/Folders.h"
+
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
@@ -41,6 +43,11 @@ std::string CartellaLingueSpedite() {
     for (const QString& c : candidates)
         if (QFileInfo(c).isDir()) return QDir::toNativeSeparators(QDir::cleanPath(c)).toStdString();
     return {};
+}
+
+int CopiaLingueSpedite(const std::string& appDir) {
+    const std::string shipped = CartellaLingueSpedite();
+    return shipped.empty() ? 0 : CopiaLingueIniziali(shipped, appDir);
 }
 
 namespace {

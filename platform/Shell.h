@@ -22,6 +22,9 @@ std::string AppDirPredefinito();
 // or share/dorvanta/languages of an installation. Empty when there is none.
 std::string CartellaLingueSpedite();
 
+// Copies the shipped language files into appDir when it holds no ".lng" file; the number copied.
+int CopiaLingueSpedite(const std::string& appDir);
+
 // Hands a file, folder or web address to the shell to be opened; false when nothing could open it.
 bool OpenPath(const std::string& pathOrUrl);
 // The same for a document, with the shell's default action.

@@ -1,0 +1,126 @@
+#include "platform/ApplyLanguage.h"
+#include "platform/cCommonDialog.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QFile>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+template <typename T> T* crea(QWidget& parent, const char* name, const QString& text, int index = -1) {
+    auto* w = new T(text, &parent);
+    w->setObjectName(QString::fromLatin1(name));
+    if (index >= 0) w->setProperty("index", index);
+    return w;
+}
+
+struct Finestra {
+    QWidget form;
+    QPushButton* cmdSalva;
+    QLabel* lblA;
+    QGroupBox* frameX;
+    QRadioButton* opt0;
+    QRadioButton* opt1;
+    QTabWidget* tabs;
+    QMenu* menufile;
+    QAction* menuNuovo;
+
+    Finestra() {
+        form.setObjectName(QStringLiteral("frmProva"));
+        form.setWindowTitle(QStringLiteral("Prova"));
+        cmdSalva = crea<QPushButton>(form, "cmdSalva", QStringLiteral("Salva"));
+        lblA = crea<QLabel>(form, "lblA", QStringLiteral("Etichetta"));
+        frameX = crea<QGroupBox>(form, "frameX", QStringLiteral("Cornice"));
+        opt0 = crea<QRadioButton>(form, "optModo", QStringLiteral("FILE"), 0);
+        opt1 = crea<QRadioButton>(form, "optModo", QStringLiteral("MEMORIA"), 1);
+        tabs = new QTabWidget(&form);
+        tabs->setObjectName(QStringLiteral("tabs"));
+        tabs->addTab(new QWidget, QStringLiteral("Uno"));
+        tabs->addTab(new QWidget, QStringLiteral("Due"));
+        auto* bar = new QMenuBar(&form);
+        menufile = bar->addMenu(QStringLiteral("&File"));
+        menufile->setObjectName(QStringLiteral("menufile"));
+        menuNuovo = menufile->addAction(QStringLiteral("&Nuovo"));
+        menuNuovo->setObjectName(QStringLiteral("menuNuovo"));
+    }
+};
+
+std::string scrivi(QTemporaryDir& dir, const QByteArray& text) {
+    const QString path = dir.filePath(QStringLiteral("x.lng"));
+    QFile f(path);
+    f.open(QIODevice::WriteOnly);
+    f.write(text);
+    return path.toStdString();
+}
+
+} // namespace
+
+TEST(ApplyLanguage, ReplacesCaptionsToolTipsAndTagsByName) {
+    QTemporaryDir dir;
+    Finestra w;
+    const auto file = scrivi(dir, "[frmProva]\r\n"
+                                  "frmProva.Caption=\"Test\"\r\n"
+                                  "frmProva.Tag=\"t\"\r\n"
+                                  "cmdSalva.Caption=\"Save\"\r\n"
+                                  "cmdSalva.ToolTipText=\"Saves\"\r\n"
+                                  "cmdSalva.Tag=\"7\"\r\n"
+                                  "lblA.Caption=\"Label \xE0\"\r\n"
+                                  "frameX.Caption=\"Frame\"\r\n"
+                                  "optModo(1).Caption=\"MEMORY\"\r\n"
+                                  "optModo.Caption=\"not for elements\"\r\n"
+                                  "tabs.TabCaption(0)=\"One\"\r\n"
+                                  "menufile.Caption=\"&Filez\"\r\n"
+                                  "menuNuovo.Caption=\"&New\"\r\n"
+                                  "menuNuovo.ToolTipText=\"A new system\"\r\n"
+                                  "[Other]\r\n"
+                                  "lblA.Caption=\"wrong section\"\r\n");
+    dv::ApplyLanguage(w.form, file);
+    EXPECT_EQ(w.form.windowTitle(), "Test");
+    EXPECT_EQ(w.form.property("tag").toString(), "t");
+    EXPECT_EQ(w.cmdSalva->text(), "Save");
+    EXPECT_EQ(w.cmdSalva->toolTip(), "Saves");
+    EXPECT_EQ(w.cmdSalva->property("tag").toString(), "7");
+    EXPECT_EQ(w.lblA->text(), QString::fromUtf8("Label à"));
+    EXPECT_EQ(w.frameX->title(), "Frame");
+    EXPECT_EQ(w.opt0->text(), "FILE"); // no key for element 0: it stays
+    EXPECT_EQ(w.opt1->text(), "MEMORY");
+    EXPECT_EQ(w.menufile->title(), "&Filez");
+    EXPECT_EQ(w.menuNuovo->text(), "&New");
+    EXPECT_EQ(w.menuNuovo->toolTip(), "A new system");
+    // Tabs take what the file says, even nothing.
+    EXPECT_EQ(w.tabs->tabText(0), "One");
+    EXPECT_EQ(w.tabs->tabText(1), "");
+    EXPECT_EQ(dv::elementoArray<QRadioButton>(w.form, QStringLiteral("optModo"), 1), w.opt1);
+    EXPECT_EQ(dv::elementoArray<QRadioButton>(w.form, QStringLiteral("optModo"), 2), nullptr);
+}
+
+TEST(ApplyLanguage, NoLanguageChangesNothingAndAMissingFileOnlyEmptiesTabs) {
+    Finestra w;
+    dv::ApplyLanguage(w.form, "");
+    EXPECT_EQ(w.form.windowTitle(), "Prova");
+    EXPECT_EQ(w.tabs->tabText(0), "Uno");
+    dv::ApplyLanguage(w.form, "/nonexistent/x.lng");
+    EXPECT_EQ(w.form.windowTitle(), "Prova");
+    EXPECT_EQ(w.cmdSalva->text(), "Salva");
+    EXPECT_EQ(w.tabs->tabText(0), "");
+}
+
+TEST(cCommonDialog, FiltersAndDefaultExtension) {
+    EXPECT_EQ(dv::cCommonDialog::FiltroQt("File TXT (*.txt)|*.txt"), "File TXT (*.txt)");
+    EXPECT_EQ(dv::cCommonDialog::FiltroQt("txt(*.txt)|*.txt|Tutti|*.*"), "txt (*.txt);;Tutti (*)");
+    EXPECT_EQ(dv::cCommonDialog::FiltroQt("Immagini|*.bmp;*.png"), "Immagini (*.bmp *.png)");
+    EXPECT_EQ(dv::cCommonDialog::ConEstensione("/a/nuovo", ".dvs"), "/a/nuovo.dvs");
+    EXPECT_EQ(dv::cCommonDialog::ConEstensione("/a/nuovo.txt", ".dvs"), "/a/nuovo.txt");
+    EXPECT_EQ(dv::cCommonDialog::ConEstensione("/a.b/nuovo", "dvs"), "/a.b/nuovo.dvs");
+}
