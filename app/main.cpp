@@ -3,6 +3,8 @@
 #include "core/Cartelle.h"
 #include "core/Corpo.h"
 #include "core/Sistema.h"
+#include "platform/Shell.h"
+#include "settings/Folders.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
 #include "windows/frmMAIN.h"
@@ -10,8 +12,6 @@
 #include "windows/frmSplash.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QStandardPaths>
 #include <QTimer>
 
 #include <memory>
@@ -20,10 +20,10 @@ int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(dv::TitoloApplicazione));
 
-    // The data folder: the desktop's folder for application data, and the program's name in it.
+    // The data folder with its sub-folders, and the language files that ship with the program.
     auto corpo = std::make_unique<dv::Corpo>();
-    const QString base = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    dv::ImpostaAppDir(*corpo, QDir(base).filePath(QString::fromLatin1(dv::TitoloApplicazione)).toStdString());
+    dv::ImpostaAppDir(*corpo, dv::AppDirPredefinito());
+    dv::CopiaLingueIniziali(dv::CartellaLingueSpedite(), corpo->AppDir);
 
     dv::frmSplash splash;
     splash.show();

@@ -1,6 +1,7 @@
 #include "windows/frmCalcolo.h"
 
 #include "core/Helpers.h"
+#include "platform/ApplyLanguage.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
 
@@ -80,6 +81,7 @@ frmCalcolo::frmCalcolo(QtUi& ui, RunControl& control, QWidget* parent)
     layout->addWidget(m_cmdSvilAnnulla, 0, Qt::AlignHCenter);
     connect(m_cmdSvilAnnulla, &QPushButton::clicked, this, &frmCalcolo::annulla);
 
+    ApplyLanguage(*this, ui.languageFile());
     setMinimumWidth(440);
     adjustSize();
     if (const QScreen* screen = this->screen()) move(screen->availableGeometry().center() - rect().center());

@@ -4,6 +4,8 @@
 #pragma once
 
 #include "core/Corpo.h"
+#include "settings/Impostazioni.h"
+#include "settings/Lingua.h"
 
 #include <QMainWindow>
 
@@ -40,6 +42,8 @@ public:
     QtUi& ui() { return *m_ui; }
     frmMAINFile& file() { return *m_file; }
     frmMAINOperazioni& operazioni() { return *m_operazioni; }
+    Impostazioni& impostazioni() { return m_impostazioni; }
+    Lingua& lingua() { return m_lingua; }
 
     // The operations the logic calls through QtUi.
     void LockGUI();
@@ -81,6 +85,8 @@ private:
     void importoCliccato(int index);
 
     Corpo& m_corpo;
+    Impostazioni m_impostazioni;
+    Lingua m_lingua;
     std::unique_ptr<QtUi> m_ui;
     GrigliaNumeri* m_griglia = nullptr;
     QLabel* m_labnumeri = nullptr;

@@ -106,7 +106,7 @@ QWidget* frmMAIN::costruisciGiocata() {
     auto* tipi = new QButtonGroup(this);
     for (int i = 0; i < 3; ++i) {
         m_optTipoGiocata[i] = new QRadioButton(QString::fromLatin1(TipiGiocata[static_cast<size_t>(i)]), frameTipo);
-        m_optTipoGiocata[i]->setObjectName(QStringLiteral("optTipoGiocata_%1").arg(i));
+        m_optTipoGiocata[i]->setObjectName(QStringLiteral("optTipoGiocata"));
         m_optTipoGiocata[i]->setProperty("index", i);
         m_optTipoGiocata[i]->setProperty("tag", QString::number(i + 1));
         tipi->addButton(m_optTipoGiocata[i], i);
@@ -122,7 +122,7 @@ QWidget* frmMAIN::costruisciGiocata() {
     for (int i = 0; i < 10; ++i) {
         const auto& opzione = ImportiGiocata[static_cast<size_t>(i)];
         m_optImporto[i] = new QRadioButton(QString::fromLatin1(opzione.caption), frameImporto);
-        m_optImporto[i]->setObjectName(QStringLiteral("optImporto_%1").arg(i));
+        m_optImporto[i]->setObjectName(QStringLiteral("optImporto"));
         m_optImporto[i]->setProperty("index", i);
         m_optImporto[i]->setProperty("tag", QString::number(opzione.decimi));
         importi->addButton(m_optImporto[i], i);

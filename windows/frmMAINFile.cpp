@@ -5,6 +5,8 @@
 #include "system_files/ColonneTesto.h"
 #include "system_files/ErroreEsecuzione.h"
 #include "system_files/FileSistema.h"
+#include "platform/ApplyLanguage.h"
+#include "settings/Impostazioni.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
 #include "windows/frmMAIN.h"
@@ -54,7 +56,10 @@ frmMAINFile::frmMAINFile(frmMAIN& window) : m_window(window) {
     collega("menuApriDirectory", [this] { apriDirectory(); });
 }
 
-void frmMAINFile::leggiConfigurazione() {}
+void frmMAINFile::leggiConfigurazione() {
+    ReadConfiguration(m_window.corpo(), m_window.impostazioni(), m_window.lingua());
+    ApplyLanguage(m_window, m_window.lingua().languageFile());
+}
 
 void frmMAINFile::nuovo() { NuovoSistema(m_window.corpo(), m_window.ui()); }
 

@@ -21,7 +21,7 @@ GrigliaNumeri::GrigliaNumeri(const QString& cellName, QWidget* parent) : QFrame(
     layout->setContentsMargins(4, 4, 4, 4);
     for (int i = 0; i < 90; ++i) {
         auto* cell = new QLabel(QString::asprintf("%02d", i + 1), this);
-        cell->setObjectName(QStringLiteral("%1_%2").arg(cellName).arg(i));
+        cell->setObjectName(cellName);
         cell->setProperty("index", i);
         cell->setProperty("tag", QStringLiteral("0"));
         cell->setAlignment(Qt::AlignCenter);

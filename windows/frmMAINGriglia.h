@@ -14,7 +14,8 @@ namespace dv {
 class GrigliaNumeri : public QFrame {
     Q_OBJECT
 public:
-    // cellName is the object name of the cells, numbered "<cellName>_0".."<cellName>_89".
+    // The cells form the control array cellName: each has that object name and its position
+    // 0..89 as the property "index".
     explicit GrigliaNumeri(const QString& cellName, QWidget* parent = nullptr);
 
     // Shows the selection: selected[i] is number i+1.

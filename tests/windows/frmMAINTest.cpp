@@ -3,6 +3,7 @@
 // the stake and the status line, the save and open round trip, and the question on closing.
 #include "core/Cartelle.h"
 #include "core/Sistema.h"
+#include "platform/ApplyLanguage.h"
 #include "tests/windows/QueueDialogs.h"
 #include "windows/QtUi.h"
 #include "windows/frmCalcolo.h"
@@ -22,18 +23,33 @@
 #include <QTest>
 
 #include <filesystem>
-#include <map>
+#include <fstream>
 #include <memory>
 
 using namespace dv;
 
 namespace {
-const std::map<std::string, std::string, std::less<>> Testi = {
-    {"0001", "Colonne integrali"}, {"0002", "Colonne elaborate"}, {"0003", "Colonne sistema"},
-    {"0004", "Interrompere?"},     {"0042", "Numeri in gioco"},   {"0053", "Uscire?"},
-    {"0054", "Modificare il sistema?"}, {"0055", "Attenzione"},   {"0060", "Condizionato"},
-    {"0062", "Integrale"},
-};
+// The language of the tests: a few messages, and captions of the main window and the progress window.
+const char* const LinguaProva = R"([Strings]
+0001="Colonne integrali"
+0002="Colonne elaborate"
+0003="Colonne sistema"
+0004="Interrompere?"
+0042="Numeri in gioco"
+0053="Uscire?"
+0054="Modificare il sistema?"
+0055="Attenzione"
+0060="Condizionato"
+0062="Integrale"
+
+[frmMAIN]
+cmdCalcolo.Caption="Sviluppa"
+optImporto(9).Caption="200 euro"
+menuOperazioni.Caption="&Lavori"
+
+[frmCalcolo]
+cmdSvilAnnulla.Caption="&Ferma"
+)";
 } // namespace
 
 class frmMAINTest : public QObject {
@@ -44,7 +60,10 @@ class frmMAINTest : public QObject {
     std::unique_ptr<test::QueueDialogs> m_dialogs;
     std::unique_ptr<frmMAIN> m_main;
 
-    QLabel* cella(int i) { return m_main->findChild<QLabel*>(QStringLiteral("grnum_%1").arg(i)); }
+    QLabel* cella(int i) { return elementoArray<QLabel>(*m_main, QStringLiteral("grnum"), i); }
+    QRadioButton* opzione(const char* name, int i) {
+        return elementoArray<QRadioButton>(*m_main, QString::fromLatin1(name), i);
+    }
     QString pannello(int i) { return m_main->findChild<QLabel*>(QStringLiteral("StBar_%1").arg(i))->text(); }
     QWidget* controllo(const char* name) { return m_main->findChild<QWidget*>(QString::fromLatin1(name)); }
     bool abilitato(const char* name) {
@@ -84,14 +103,10 @@ private slots:
         m_dir = std::make_unique<QTemporaryDir>();
         m_corpo = std::make_unique<Corpo>();
         ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
+        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "prova.lng") << LinguaProva;
+        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini") << "[IMPOSTAZIONI]\nLINGUA=prova\n";
         m_dialogs = std::make_unique<test::QueueDialogs>();
         m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
-        m_main->ui().setLanguage(
-            [](std::string_view key) {
-                auto it = Testi.find(key);
-                return it == Testi.end() ? std::string() : it->second;
-            },
-            [] { return std::string(); });
         m_main->carica();
         m_main->show();
     }
@@ -106,10 +121,16 @@ private slots:
         QCOMPARE(pannello(1), QStringLiteral("nuovo.dvs"));
         QCOMPARE(pannello(2), QStringLiteral("0"));
         QCOMPARE(pannello(3), QStringLiteral("\u20AC 0,00"));
-        QVERIFY(m_main->findChild<QRadioButton*>(QStringLiteral("optImporto_0"))->isChecked());
-        QVERIFY(m_main->findChild<QRadioButton*>(QStringLiteral("optTipoGiocata_0"))->isChecked());
+        QVERIFY(opzione("optImporto", 0)->isChecked());
+        QVERIFY(opzione("optTipoGiocata", 0)->isChecked());
         QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("labnumeri"))->text(), QStringLiteral("Numeri in gioco [00]"));
         QVERIFY(m_main->windowTitle().startsWith(QStringLiteral("Dorvanta - Ver. ")));
+        // The language file's captions replace the Italian ones where it has an entry.
+        QCOMPARE(m_main->pulsante(QStringLiteral("cmdCalcolo"))->text(), QStringLiteral("Sviluppa"));
+        QCOMPARE(opzione("optImporto", 9)->text(), QStringLiteral("200 euro"));
+        QCOMPARE(opzione("optImporto", 8)->text(), QStringLiteral("50"));
+        QCOMPARE(m_main->menu(QStringLiteral("menuOperazioni"))->title(), QStringLiteral("&Lavori"));
+        QCOMPARE(m_main->pulsante(QStringLiteral("cmdCancella"))->text(), QStringLiteral("Cancella Sistema"));
         QVERIFY(!abilitato("cmdCalcolo"));
         QVERIFY(!abilitato("menuOperazioni"));
         QVERIFY(!abilitato("cmdModifiche"));
@@ -166,8 +187,8 @@ private slots:
     }
 
     void stakeAndKindOfPlaySetTheCostInTheStatusLine() {
-        m_main->findChild<QRadioButton*>(QStringLiteral("optImporto_3"))->click(); // 2,5
-        m_main->findChild<QRadioButton*>(QStringLiteral("optTipoGiocata_2"))->click(); // Doppio ORO
+        opzione("optImporto", 3)->click(); // 2,5
+        opzione("optTipoGiocata", 2)->click(); // Doppio ORO
         QCOMPARE(m_corpo->CostoColonna, 7.5f);
         scegliDa1A(12);
         sviluppa();
@@ -246,6 +267,9 @@ private slots:
         QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
         QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdCalcolo")), Qt::LeftButton);
         frmCalcolo* progress = m_main->operazioni().worker().finestra();
+        QCOMPARE(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla"))->text(), QStringLiteral("&Ferma"));
+        QCOMPARE(progress->findChild<QLabel*>(QStringLiteral("lblColonneSistema"))->text(),
+                 QStringLiteral("Colonne sistema"));
         // The window thread stays free: the progress window shows the counts as they grow.
         QTRY_VERIFY_WITH_TIMEOUT(progress->colonneElaborate() > 0, 60000);
         QVERIFY(progress->findChild<QLabel*>(QStringLiteral("lblNumColIntegrali"))->text().contains(
