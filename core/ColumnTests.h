@@ -18,12 +18,17 @@ inline bool TestFisse(const uint8_t* col, int len, const Condizioni& k) {
     return count == k.NumFisse;
 }
 
-// The sum, added in a 16-bit unsigned variable and compared as signed, lies within both limits.
-inline bool TestSomma(const uint8_t* col, int len, const Condizioni& k) {
+// The sum, added in a 16-bit unsigned variable and compared as signed, lies within min..max.
+inline bool TestSomma(const uint8_t* col, int len, int min, int max) {
     uint16_t sum = 0;
     for (int i = 0; i < len; ++i) sum = static_cast<uint16_t>(sum + col[i]);
     const auto s = static_cast<int16_t>(sum);
-    return s >= k.SommaMinMax[0] && s <= k.SommaMinMax[1];
+    return s >= min && s <= max;
+}
+
+// The sum lies within both limits of SommaMinMax.
+inline bool TestSomma(const uint8_t* col, int len, const Condizioni& k) {
+    return TestSomma(col, len, k.SommaMinMax[0], k.SommaMinMax[1]);
 }
 
 inline int ContaPari(const uint8_t* col, int len) {

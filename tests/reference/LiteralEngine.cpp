@@ -126,7 +126,8 @@ RunResult SviluppaIntegrale(Corpo& c, int n, const uint8_t* numeri, RunControl& 
         }
         for (int i = 1; i <= len; ++i) cand[static_cast<size_t>(i - 1)] = numeri[index[static_cast<size_t>(i)] - 1];
 
-        if (!(kept >= MaxColonne || stopped)) {
+        // A full store, or a stop set meanwhile from another thread, skips the tests.
+        if (!(kept >= MaxColonne || stopped || ctl.StopElaborazione)) {
             if (chain.passes(cand.data(), kept)) {
                 ++kept;
                 c.Colonne.setColumn(kept, cand.data(), len);
@@ -178,7 +179,8 @@ RunResult RielaboraColonne(Corpo& c, RunControl& ctl, EngineObserver& obs, const
 
     for (int32_t row = 1; row <= source; ++row) {
         const uint8_t* cand = &copy[static_cast<size_t>(row - 1) * static_cast<size_t>(len)];
-        if (!(kept >= MaxColonne || stopped)) {
+        // A full store, or a stop set meanwhile from another thread, skips the tests.
+        if (!(kept >= MaxColonne || stopped || ctl.StopElaborazione)) {
             if (chain.passes(cand, kept)) {
                 ++kept;
                 c.Colonne.setColumn(kept, cand, len);

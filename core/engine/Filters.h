@@ -1,0 +1,107 @@
+// The three filter tables compiled for one run: records as masks, records that share their
+// numbers merged into one group, and the verdict of a group for every column that can still
+// grow out of a prefix.
+#pragma once
+
+#include "core/Corpo.h"
+#include "core/engine/Mask.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace dv::engine {
+
+enum class Verdict : uint8_t { Fail, Open, Pass };
+
+// Records with the same numbers see the same count of hits, so one count serves them all.
+struct FilterGroup {
+    Mask numbers;      // the record's numbers
+    uint32_t presenze; // bit k: exactly k hits pass the group
+    uint8_t weight;    // records in the group that pass together (XOR only; 2 means "two or more")
+};
+
+// What the hits of a group can still be: `prefix` is held, r more numbers are still to come
+// from `suffix`, a set of suffixSize numbers. Every count between the least and the greatest
+// possible one can be reached.
+inline Verdict Classify(const FilterGroup& g, Mask prefix, Mask suffix, int r, int suffixSize) {
+    const int p = Common(prefix, g.numbers);
+    const int in = Common(suffix, g.numbers);
+    const int lo = p + (r > suffixSize - in ? r - (suffixSize - in) : 0);
+    const int hi = p + (r < in ? r : in);
+    assert(lo <= hi && hi <= MaxLenColonna);
+    const uint32_t range = (uint32_t{2} << hi) - (uint32_t{1} << lo);
+    const uint32_t allowed = g.presenze & range;
+    return allowed == 0 ? Verdict::Fail : allowed == range ? Verdict::Pass : Verdict::Open;
+}
+
+// The count of a column's numbers that belong to a set: a popcount for a column of distinct
+// numbers; for any other column (0 or repeats, from a file) one look for each of its places.
+struct SetHits {
+    Mask column;
+    int operator()(Mask m) const { return Common(column, m); }
+};
+struct ByteHits {
+    const uint8_t* col;
+    int len;
+    int operator()(Mask m) const {
+        int p = 0;
+        for (int i = 0; i < len; ++i) p += col[i] < 128 && m.has(col[i]);
+        return p;
+    }
+};
+
+enum class TableKind { And, Or, Xor };
+
+// One table for one run. After compile(): `fixed` tells whether the table decides alone
+// (always fails, or asks nothing more), `base` counts the XOR records that pass every column,
+// `open` lists the groups whose verdict depends on the column.
+struct CompiledTable {
+    TableKind kind = TableKind::And;
+    bool inUse = false;     // the table has records: an empty table asks nothing
+    bool alwaysFails = false;
+    bool satisfied = false; // AND: no open group; OR: a group passes every column
+    int base = 0;           // XOR: records passing every column (0, 1 or 2)
+    std::vector<FilterGroup> groups; // open groups; ids below index this
+    // The group that decided the last column, tried first on the next one.
+    mutable uint32_t lastDecider = 0;
+
+    // Columns are len distinct numbers drawn from `universe`, a set of universeSize numbers;
+    // with universeSize 0, columns are any bytes and every group stays open.
+    void compile(const TabellaFiltri& table, TableKind k, Mask universe, int universeSize, int len);
+    // The verdict of the table on a whole column (all of AND, one of OR, exactly one of XOR).
+    template <typename Hits> bool passes(const Hits& hits) const;
+};
+
+template <typename Hits> bool CompiledTable::passes(const Hits& hits) const {
+    if (alwaysFails) return false;
+    if (satisfied) return true;
+    auto pass = [&](uint32_t i) { return ((groups[i].presenze >> hits(groups[i].numbers)) & 1u) != 0; };
+    const auto n = static_cast<uint32_t>(groups.size());
+    switch (kind) {
+    case TableKind::And:
+        if (!pass(lastDecider)) return false;
+        for (uint32_t i = 0; i < n; ++i)
+            if (!pass(i)) {
+                lastDecider = i;
+                return false;
+            }
+        return true;
+    case TableKind::Or:
+        if (pass(lastDecider)) return true;
+        for (uint32_t i = 0; i < n; ++i)
+            if (pass(i)) {
+                lastDecider = i;
+                return true;
+            }
+        return false;
+    case TableKind::Xor: {
+        int count = base;
+        for (uint32_t i = 0; i < n && count < 2; ++i)
+            if (pass(i)) count += groups[i].weight;
+        return count == 1;
+    }
+    }
+    return false;
+}
+
+} // namespace dv::engine

@@ -1,0 +1,54 @@
+// The kept columns as a reduction sees them. A candidate fails when it shares `shared` (t)
+// numbers with a kept column. Columns are sets of indices 0..universe-1.
+//
+// For every (t-1)-subset Q of the universe the index holds the union of K \ Q over the kept
+// columns K that contain Q (Q's extensions). A column C shares t numbers with some kept column
+// exactly when some (t-1)-subset Q of C has an extension inside C \ Q; and a prefix P of the walk
+// can take next exactly the numbers outside the extensions of its (t-1)-subsets. The table is
+// addressed by the rank of Q among the subsets of its size, when it fits in memory; otherwise
+// the kept columns are scanned, newest first, with a popcount each.
+#pragma once
+
+#include "core/engine/Conditions.h"
+#include "core/engine/Mask.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace dv::engine {
+
+class KeptIndex {
+public:
+    enum class Mode {
+        Never,      // nothing can share t numbers
+        AfterFirst, // t <= 0: every column fails once one is kept
+        Table,      // extensions by the rank of their subset
+        Scan        // popcount against every kept column
+    };
+    // Entries of the extension table at most (16 bytes each).
+    static constexpr Count MaxTable = Count{1} << 22;
+
+    KeptIndex(const Reduction& r, int universe, int len);
+
+    Mode mode() const { return m_mode; }
+    int shared() const { return m_t; }
+    // Adds a kept column: its indices ascending, and the same as a set.
+    void add(const uint8_t* idx, Mask k);
+    // The candidate (indices ascending, and as a set) shares t numbers with a kept column.
+    bool fails(const uint8_t* idx, Mask c) const;
+    // Table mode: the extensions of every (t-1)-subset of idx[0..d-1] that holds idx[d-1].
+    // Together with those of idx[0..d-2] they are the numbers the prefix idx[0..d-1] cannot
+    // take next. idx ascending; d >= t-1 >= 0 (with t-1 = 0, the empty subset at d = 0).
+    Mask newExtensions(const uint8_t* idx, int d) const;
+
+private:
+    template <typename F> void forEachSubset(const uint8_t* e, int n, int s, int from, uint64_t rank, Mask sub,
+                                             F& f) const;
+    Mode m_mode = Mode::Never;
+    int m_t = 0;
+    bool m_anyKept = false;
+    std::vector<Mask> m_ext;
+    std::vector<Mask> m_kept;
+};
+
+} // namespace dv::engine

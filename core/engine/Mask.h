@@ -1,0 +1,64 @@
+// Sets of up to 128 small integers as two 64-bit words, exact counts of combinations, and the
+// binomial table the walk and the subset ranks are built on.
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cassert>
+#include <cstdint>
+
+namespace dv::engine {
+
+// A set of integers 0..127: bit i of the pair (lo holds 0..63, hi 64..127).
+struct Mask {
+    uint64_t lo = 0;
+    uint64_t hi = 0;
+
+    static Mask bit(int i) {
+        assert(i >= 0 && i < 128);
+        return i < 64 ? Mask{uint64_t{1} << i, 0} : Mask{0, uint64_t{1} << (i - 64)};
+    }
+    bool has(int i) const { return ((i < 64 ? lo >> i : hi >> (i - 64)) & 1u) != 0; }
+    bool any() const { return (lo | hi) != 0; }
+    Mask& operator|=(Mask o) {
+        lo |= o.lo;
+        hi |= o.hi;
+        return *this;
+    }
+    friend Mask operator&(Mask a, Mask b) { return {a.lo & b.lo, a.hi & b.hi}; }
+    friend Mask operator|(Mask a, Mask b) { return {a.lo | b.lo, a.hi | b.hi}; }
+    // The members of a that are not in b.
+    friend Mask operator-(Mask a, Mask b) { return {a.lo & ~b.lo, a.hi & ~b.hi}; }
+    friend bool operator==(Mask a, Mask b) { return a.lo == b.lo && a.hi == b.hi; }
+    friend bool operator<(Mask a, Mask b) { return a.hi != b.hi ? a.hi < b.hi : a.lo < b.lo; }
+};
+
+// The number of common members: the count of shared numbers of two columns.
+inline int Common(Mask a, Mask b) { return std::popcount(a.lo & b.lo) + std::popcount(a.hi & b.hi); }
+inline int Size(Mask a) { return std::popcount(a.lo) + std::popcount(a.hi); }
+
+// Counts of candidates: C(90, 25) exceeds 64 bits, so a walk that skips whole subtrees counts
+// in 128 bits.
+using Count = unsigned __int128;
+
+constexpr int BinomialRows = 129; // n = 0..128
+constexpr int BinomialCols = 27;  // k = 0..26
+
+// Binomial(n, k) exactly, for n in 0..128 and k in 0..26 (0 when k > n).
+struct BinomialTable {
+    std::array<std::array<Count, BinomialCols>, BinomialRows> c{};
+    constexpr BinomialTable() {
+        for (int n = 0; n < BinomialRows; ++n) {
+            c[n][0] = 1;
+            for (int k = 1; k < BinomialCols; ++k) c[n][k] = n == 0 ? 0 : c[n - 1][k - 1] + c[n - 1][k];
+        }
+    }
+};
+inline constexpr BinomialTable Binomials{};
+
+inline Count Binomial(int n, int k) {
+    assert(n >= 0 && n < BinomialRows && k >= 0 && k < BinomialCols);
+    return Binomials.c[static_cast<size_t>(n)][static_cast<size_t>(k)];
+}
+
+} // namespace dv::engine

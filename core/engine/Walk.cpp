@@ -1,0 +1,298 @@
+#include "core/engine/Walk.h"
+
+#include "core/engine/Conditions.h"
+#include "core/engine/KeptIndex.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace dv::engine {
+
+namespace {
+
+constexpr int MaxN = 90;
+
+// The state of the walk at one depth: what the prefix of that many numbers holds.
+struct Level {
+    Mask numbers; // the prefix's numbers
+    Mask indices; // the same as indices of the forecast
+    Mask barred;  // reduction: indices that cannot come next (shares t with a kept column)
+    int sum = 0, even = 0, fixed = 0, runMax = 0, runTail = 0;
+    int xorPass = 0;
+    bool orSatisfied = false;
+    std::array<uint32_t, 3> open{}; // open groups of the AND, OR, XOR tables
+};
+
+inline uint32_t RangeBits(int lo, int hi) {
+    return lo > hi ? 0 : (uint32_t{2} << hi) - (uint32_t{1} << lo);
+}
+
+class IntegralWalk {
+public:
+    IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& progress);
+    void run();
+
+private:
+    bool bounds(const Level& s, int start, int r) const;
+    bool filters(Level& child, const Level& parent, int depth, int start, int r);
+    bool enter(int d, int j, int r);
+    bool leaf(int& d);
+    bool unwind(int& d, int to);
+
+    Corpo& m_c;
+    RunProgress& m_progress;
+    int m_n, m_len;
+    Mask m_universe;
+    CompiledConditions m_cond;
+    KeptIndex m_kept;
+    bool m_barring; // the reduction bars numbers through the extension table
+
+    // Per index 1..n of the forecast, and per suffix start 1..n+1.
+    std::array<uint8_t, MaxN + 2> m_value{};
+    std::array<uint8_t, MaxN + 2> m_isFixed{}, m_isEven{};
+    std::array<Mask, MaxN + 2> m_suffix{};
+    std::array<int, MaxN + 2> m_sufFixed{}, m_sufEven{};
+    std::array<std::array<int, MaxLenColonna + 1>, MaxN + 2> m_minSum{}, m_maxSum{};
+
+    std::array<Level, MaxLenColonna + 1> m_level{};
+    std::array<int, MaxLenColonna + 1> m_next{};
+    std::array<uint8_t, MaxLenColonna> m_cand{}; // the numbers of the current prefix
+    std::array<uint8_t, MaxLenColonna> m_idx{};  // their indices 0..n-1
+    // Open groups per table and depth: m_lists[table][depth * groups + k].
+    std::array<std::vector<uint32_t>, 3> m_lists;
+    std::array<const CompiledTable*, 3> m_tables{};
+};
+
+IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& progress)
+    : m_c(c), m_progress(progress), m_n(n), m_len(c.LenColonna),
+      m_universe([&] {
+          Mask u;
+          for (int i = 0; i < n; ++i) u |= Mask::bit(numeri[i]);
+          return u;
+      }()),
+      m_cond(c, m_universe, n), m_kept([&] {
+          // Two distinct combinations share at most len - 1 numbers.
+          Reduction r = m_cond.reduction;
+          if (r.shared >= m_len) r.on = false;
+          return r;
+      }(), n, m_len),
+      m_barring(m_kept.mode() == KeptIndex::Mode::Table) {
+    assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
+    for (int i = 1; i <= n; ++i) {
+        const uint8_t v = numeri[i - 1];
+        m_value[static_cast<size_t>(i)] = v;
+        m_isFixed[static_cast<size_t>(i)] = m_cond.fixedNumbers.has(v);
+        m_isEven[static_cast<size_t>(i)] = (v & 1) == 0;
+    }
+    std::vector<int> sorted;
+    for (int s = n; s >= 1; --s) {
+        const auto z = static_cast<size_t>(s);
+        m_suffix[z] = m_suffix[z + 1] | Mask::bit(m_value[z]);
+        m_sufFixed[z] = m_sufFixed[z + 1] + m_isFixed[z];
+        m_sufEven[z] = m_sufEven[z + 1] + m_isEven[z];
+        sorted.insert(std::lower_bound(sorted.begin(), sorted.end(), int{m_value[z]}), int{m_value[z]});
+        const int count = static_cast<int>(sorted.size());
+        for (int r = 1; r <= std::min(count, m_len); ++r) {
+            m_minSum[z][static_cast<size_t>(r)] = m_minSum[z][static_cast<size_t>(r - 1)] + sorted[static_cast<size_t>(r - 1)];
+            m_maxSum[z][static_cast<size_t>(r)] =
+                m_maxSum[z][static_cast<size_t>(r - 1)] + sorted[static_cast<size_t>(count - r)];
+        }
+    }
+    m_tables = {&m_cond.andTable, &m_cond.orTable, &m_cond.xorTable};
+    for (size_t t = 0; t < 3; ++t)
+        m_lists[t].resize(m_tables[t]->groups.size() * static_cast<size_t>(m_len + 1));
+}
+
+// Some completion of the prefix s, taking r more numbers from indices start..n, can still pass
+// the fixed numbers, the sum, the even count and the longest run.
+bool IntegralWalk::bounds(const Level& s, int start, int r) const {
+    const auto z = static_cast<size_t>(start);
+    const int rest = m_n - start + 1;
+    if (m_cond.fisse) {
+        const int lo = s.fixed + std::max(0, r - (rest - m_sufFixed[z]));
+        const int hi = s.fixed + std::min(r, m_sufFixed[z]);
+        if (m_cond.numFisse < lo || m_cond.numFisse > hi) return false;
+    }
+    if (m_cond.somma) {
+        const auto rr = static_cast<size_t>(r);
+        if (s.sum + m_minSum[z][rr] > m_cond.sommaMax || s.sum + m_maxSum[z][rr] < m_cond.sommaMin) return false;
+    }
+    if (m_cond.pari) {
+        const int lo = s.even + std::max(0, r - (rest - m_sufEven[z]));
+        const int hi = s.even + std::min(r, m_sufEven[z]);
+        if ((m_cond.pariAmmessi & RangeBits(lo, hi)) == 0) return false;
+    }
+    if (m_cond.consecutivi) {
+        const int hi = std::max(s.runMax, s.runTail + r);
+        if ((m_cond.consecutiviAmmessi & RangeBits(s.runMax, hi)) == 0) return false;
+    }
+    return true;
+}
+
+// The filter tables for the child prefix: carries over the parent's open groups that stay open,
+// and fails as soon as a table can no longer pass.
+bool IntegralWalk::filters(Level& child, const Level& parent, int depth, int start, int r) {
+    const Mask suffix = m_suffix[static_cast<size_t>(start)];
+    const int rest = m_n - start + 1;
+    for (size_t t = 0; t < 3; ++t) {
+        const CompiledTable& table = *m_tables[t];
+        child.open[t] = 0;
+        if (table.satisfied || (t == 1 && parent.orSatisfied)) continue;
+        const size_t stride = table.groups.size();
+        const uint32_t* from = &m_lists[t][static_cast<size_t>(depth) * stride];
+        uint32_t* to = &m_lists[t][static_cast<size_t>(depth + 1) * stride];
+        const uint32_t count = parent.open[t];
+        uint32_t kept = 0;
+        switch (table.kind) {
+        case TableKind::And:
+            // The group that failed last is likely to fail again.
+            if (Classify(table.groups[table.lastDecider], child.numbers, suffix, r, rest) == Verdict::Fail) return false;
+            for (uint32_t k = 0; k < count; ++k) {
+                const Verdict v = Classify(table.groups[from[k]], child.numbers, suffix, r, rest);
+                if (v == Verdict::Fail) {
+                    table.lastDecider = from[k];
+                    return false;
+                }
+                if (v == Verdict::Open) to[kept++] = from[k];
+            }
+            break;
+        case TableKind::Or:
+            for (uint32_t k = 0; k < count && !child.orSatisfied; ++k) {
+                const Verdict v = Classify(table.groups[from[k]], child.numbers, suffix, r, rest);
+                if (v == Verdict::Pass) child.orSatisfied = true;
+                if (v == Verdict::Open) to[kept++] = from[k];
+            }
+            if (child.orSatisfied) kept = 0;
+            else if (kept == 0) return false;
+            break;
+        case TableKind::Xor:
+            for (uint32_t k = 0; k < count; ++k) {
+                const Verdict v = Classify(table.groups[from[k]], child.numbers, suffix, r, rest);
+                if (v == Verdict::Pass && (child.xorPass += table.groups[from[k]].weight) >= 2) return false;
+                if (v == Verdict::Open) to[kept++] = from[k];
+            }
+            if (child.xorPass == 0 && kept == 0) return false;
+            break;
+        }
+        child.open[t] = kept;
+    }
+    return true;
+}
+
+// Moves the prefix of depth d one number on, to index j, with r numbers still to come; false
+// when no column of the new prefix's subtree can pass.
+bool IntegralWalk::enter(int d, int j, int r) {
+    const Level& p = m_level[static_cast<size_t>(d)];
+    if (m_barring && p.barred.has(j - 1)) return false;
+    Level& s = m_level[static_cast<size_t>(d + 1)];
+    const auto z = static_cast<size_t>(j);
+    const uint8_t v = m_value[z];
+    s.numbers = p.numbers | Mask::bit(v);
+    s.indices = p.indices | Mask::bit(j - 1);
+    s.sum = p.sum + v;
+    s.even = p.even + m_isEven[z];
+    s.fixed = p.fixed + m_isFixed[z];
+    s.runTail = d > 0 && v == static_cast<uint8_t>(m_cand[static_cast<size_t>(d - 1)] + 1) ? p.runTail + 1 : 1;
+    s.runMax = std::max(p.runMax, s.runTail);
+    s.xorPass = p.xorPass;
+    s.orSatisfied = p.orSatisfied;
+    m_cand[static_cast<size_t>(d)] = v;
+    m_idx[static_cast<size_t>(d)] = static_cast<uint8_t>(j - 1);
+    if (!bounds(s, j + 1, r)) return false;
+    return filters(s, p, d, j + 1, r);
+}
+
+// Skips what is left of the subtrees of the prefixes deeper than `to`; the walk goes on with the
+// next number at depth `to`.
+bool IntegralWalk::unwind(int& d, int to) {
+    Count rest = 0;
+    for (int k = m_len - 1; k > to; --k) rest += Binomial(m_n - m_next[static_cast<size_t>(k)] + 1, m_len - k);
+    d = to;
+    return m_progress.reject(rest);
+}
+
+// The last tests of a complete candidate (the prefix of depth d plus the number just entered),
+// then the store. False when the run ends.
+bool IntegralWalk::leaf(int& d) {
+    const Level& s = m_level[static_cast<size_t>(m_len)];
+    if (!m_cond.distancesPass(m_cand.data()) || (!m_barring && m_kept.fails(m_idx.data(), s.indices)))
+        return m_progress.reject(1);
+    m_c.Colonne.setColumn(m_progress.kept() + 1, m_cand.data(), m_len);
+    m_kept.add(m_idx.data(), s.indices);
+    if (!m_progress.keep()) return false;
+    switch (m_kept.mode()) {
+    case KeptIndex::Mode::Never:
+        return true;
+    case KeptIndex::Mode::AfterFirst:
+        return unwind(d, -1);
+    case KeptIndex::Mode::Table:
+    case KeptIndex::Mode::Scan: {
+        // Every later column under the first t numbers of this one shares t with it.
+        const int t = m_kept.shared();
+        if (m_barring) {
+            Level& top = m_level[static_cast<size_t>(t - 1)];
+            top.barred |= s.indices - top.indices;
+        }
+        return unwind(d, t - 1);
+    }
+    }
+    return true;
+}
+
+void IntegralWalk::run() {
+    Level& root = m_level[0];
+    root = Level{};
+    for (size_t t = 0; t < 3; ++t) {
+        const CompiledTable& table = *m_tables[t];
+        for (uint32_t k = 0; k < table.groups.size(); ++k) m_lists[t][k] = k;
+        root.open[t] = table.satisfied ? 0 : static_cast<uint32_t>(table.groups.size());
+    }
+    root.orSatisfied = m_cond.orTable.satisfied;
+    root.xorPass = m_cond.xorTable.base;
+    if (m_barring && m_kept.shared() == 1) root.barred = m_kept.newExtensions(m_idx.data(), 0);
+    const bool tablesFail = m_cond.andTable.alwaysFails || m_cond.orTable.alwaysFails || m_cond.xorTable.alwaysFails;
+    if (tablesFail || !bounds(root, 1, m_len)) {
+        m_progress.reject(Binomial(m_n, m_len));
+        return;
+    }
+    int d = 0;
+    m_next[0] = 1;
+    while (d >= 0) {
+        const auto z = static_cast<size_t>(d);
+        const int r = m_len - d - 1; // numbers still to come after the one entered now
+        const int j = m_next[z];
+        if (j > m_n - r) {
+            --d;
+            continue;
+        }
+        m_next[z] = j + 1;
+        if (!enter(d, j, r)) {
+            // 1. Skip the subtree: no completion of this prefix can pass.
+            if (!m_progress.reject(Binomial(m_n - j, r))) return;
+            continue;
+        }
+        if (r == 0) {
+            // 2. A complete candidate.
+            if (!leaf(d)) return;
+            continue;
+        }
+        // 3. Go down: the numbers barred after the new prefix grow by its new subsets.
+        ++d;
+        m_next[static_cast<size_t>(d)] = j + 1;
+        Level& s = m_level[static_cast<size_t>(d)];
+        s.barred = m_level[z].barred;
+        if (m_barring && m_kept.shared() >= 2 && d >= m_kept.shared() - 1)
+            s.barred |= m_kept.newExtensions(m_idx.data(), d);
+    }
+}
+
+} // namespace
+
+bool CanWalk(const uint8_t* numeri, int n) { return IsSet(numeri, n); }
+
+void WalkIntegral(Corpo& c, const uint8_t* numeri, int n, RunProgress& progress) {
+    IntegralWalk(c, numeri, n, progress).run();
+}
+
+} // namespace dv::engine
