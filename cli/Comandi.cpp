@@ -1,7 +1,6 @@
 #include "cli/Comandi.h"
 
 #include "cli/BarraProgresso.h"
-#include "cli/LinguaIni.h"
 #include "cli/ListaNumeri.h"
 #include "core/Avvio.h"
 #include "core/Helpers.h"
@@ -166,7 +165,7 @@ int ComandoSviluppa(const std::string& in, const std::string& out, Ui& ui, RunCo
     if (!Salva(*c, ui, out)) return EsitoFileRifiutato;
     std::printf("columns:     %s\n", FormatIntero(c->pronostico.NumColonne).c_str());
     std::printf("candidates:  %s\n", FormatIntero(r.counter).c_str());
-    std::printf("description: %s\n", AnsiToUtf8(c->pronostico.Descrizione).c_str());
+    std::printf("description: %s\n", c->pronostico.Descrizione.c_str());
     std::printf("elapsed:     %s (%.3f s)\n", TestoTempoTrascorso(static_cast<int64_t>(seconds + 0.5)).c_str(), seconds);
     return EsitoOk;
 }
@@ -178,7 +177,7 @@ int ComandoMostra(const std::string& in, bool colonne, Ui& ui) {
     std::printf("file:        %s\n", c->TitoloFile.c_str());
     std::printf("length:      %d\n", static_cast<int>(c->LenColonna));
     std::printf("forecast:    %s [%d]\n", NumeriToString(p.Numeri.data(), p.Quanti, 1).c_str(), static_cast<int>(p.Quanti));
-    std::printf("description: %s\n", AnsiToUtf8(p.Descrizione).c_str());
+    std::printf("description: %s\n", p.Descrizione.c_str());
     std::printf("columns:     %s\n", FormatIntero(p.NumColonne).c_str());
     StampaCondizioni(*c);
     if (colonne)

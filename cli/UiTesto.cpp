@@ -4,8 +4,8 @@ namespace dv::cli {
 
 void UiTesto::stampa(const std::string& text, const std::string& title, BoxIcon icon, const char* coda) {
     if (icon == BoxIcon::Critical) ++m_errori;
-    const std::string titolo = title.empty() ? "Dorvanta" : AnsiToUtf8(title);
-    std::string corpo = AnsiToUtf8(text);
+    const std::string titolo = title.empty() ? "Dorvanta" : title;
+    const std::string& corpo = text;
     // Every line of the box under its title, indented; CRLF inside a text is one line break.
     std::string righe;
     for (size_t i = 0; i < corpo.size(); ++i) {

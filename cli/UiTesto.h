@@ -2,8 +2,8 @@
 // answered yes, the window's operations ignored, numbered messages from a language file.
 #pragma once
 
-#include "cli/LinguaIni.h"
 #include "core/Ui.h"
+#include "settings/Lingua.h"
 
 #include <cstdio>
 #include <string>
@@ -12,10 +12,11 @@ namespace dv::cli {
 
 class UiTesto : public Ui {
 public:
-    UiTesto(std::string languageFile, std::FILE* out) : m_file(std::move(languageFile)), m_lingua(m_file), m_out(out) {}
+    UiTesto(std::string languageFile, std::FILE* out) : m_file(std::move(languageFile)), m_out(out) {}
 
-    std::string Lang(std::string_view key) override { return m_lingua.testo(key); }
-    std::string languageFile() override { return m_lingua.caricata() ? m_file : std::string(); }
+    // Section [Strings] of the language file; a missing file or key gives the empty text.
+    std::string Lang(std::string_view key) override { return ReadLanguageValue(m_file, "Strings", key); }
+    std::string languageFile() override { return m_file; }
 
     void LockGUI() override {}
     void UnlockGUI() override {}
@@ -41,7 +42,6 @@ private:
     void stampa(const std::string& text, const std::string& title, BoxIcon icon, const char* coda);
 
     std::string m_file;
-    LinguaIni m_lingua;
     std::FILE* m_out;
     int m_errori = 0;
 };

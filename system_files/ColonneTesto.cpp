@@ -2,6 +2,7 @@
 
 #include "core/Helpers.h"
 #include "core/Sistema.h"
+#include "settings/Ansi.h"
 #include "system_files/ErroreEsecuzione.h"
 #include "system_files/FlussoBinario.h"
 
@@ -233,7 +234,7 @@ bool ImportaColonneTxt(Corpo& c, Ui& ui, const std::string& path) {
             }
             ui.setBusy(false);
         } catch (const ErroreEsecuzione& e) {
-            MostraErrore(ui, e, ") in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [" + pezzo + "]");
+            MostraErrore(ui, e, ") in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [" + AnsiToUtf8(pezzo) + "]");
             if (occupato) ui.setBusy(false);
             return false;
         }

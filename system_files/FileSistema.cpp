@@ -1,6 +1,7 @@
 #include "system_files/FileSistema.h"
 
 #include "core/Sistema.h"
+#include "settings/Ansi.h"
 #include "system_files/ErroreEsecuzione.h"
 #include "system_files/FlussoBinario.h"
 #include "system_files/RecordSistema.h"
@@ -181,8 +182,9 @@ bool SalvaFile(Corpo& c, Ui& ui, const std::string& path) {
         ScrittoreBinario out(file.stream());
         ScriviCampi w(out);
         out.bytes(reinterpret_cast<const uint8_t*>(FirmaSistema), LunghezzaFirma);
+        // Text in memory is UTF-8; the file holds it in the ANSI code page.
         IntestazioneSistema h{c.LenColonna, c.pronostico.Quanti, c.pronostico.NumColonne,
-                              c.pronostico.Descrizione, c.pronostico.Numeri, c.condizioni};
+                              Utf8ToAnsi(c.pronostico.Descrizione), c.pronostico.Numeri, c.condizioni};
         CampiIntestazione(w, h, FormatoIntestazione{});
         ScriviColonne(out, c);
         if (BloccoCondizioniDovuto(c)) ScriviBloccoCondizioni(out, c);
@@ -239,7 +241,7 @@ EsitoApriFile ApriFile(Corpo& c, Ui& ui, const std::string& path) {
             c.LenColonna = h.LenColonna;
             c.pronostico.Quanti = h.Quanti;
             c.pronostico.NumColonne = h.NumColonne;
-            c.pronostico.Descrizione = std::move(h.Descrizione);
+            c.pronostico.Descrizione = AnsiToUtf8(h.Descrizione);
             c.pronostico.Numeri = h.Numeri;
             c.condizioni = h.condizioni;
 

@@ -109,6 +109,18 @@ TEST_F(DorvantaCli, ShuffleKeepsTheColumnsAndFollowsItsSeed) {
     EXPECT_EQ(prima, dopo);
 }
 
+TEST_F(DorvantaCli, NumberedMessagesComeFromTheLanguageFile) {
+    Bytes{}.text("[Strings]\r\n0062=\"Sistema integrale senza condizioni \xE0\"\r\n").save(dir.file("it.lng"));
+    ASSERT_EQ(Esegui("new -o " + f("a.dvs") + " --numbers 1-6 --length 2").rc, 0);
+    const auto dev = Esegui("--language " + f("it.lng") + " develop " + f("a.dvs") + " -o " + f("b.dvs"));
+    ASSERT_EQ(dev.rc, 0);
+    EXPECT_NE(dev.out.find("description: Sistema integrale senza condizioni \xC3\xA0\n"), std::string::npos) << dev.out;
+    EXPECT_EQ(Apri(dir.file("b.dvs"))->pronostico.Descrizione, "Sistema integrale senza condizioni \xC3\xA0");
+    // The system file holds the text in the ANSI code page.
+    const std::string bytes = ReadText(dir.file("b.dvs"));
+    EXPECT_NE(bytes.find("condizioni \xE0"), std::string::npos);
+}
+
 TEST_F(DorvantaCli, UsageErrorsExitWithTwo) {
     const std::string o = " -o " + f("x.dvs");
     for (const std::string& args : {std::string(""), std::string("frobnicate"), std::string("new --numbers 1-10 --length 5"),

@@ -1,7 +1,5 @@
-// The number lists and ranges of the command line, and the reader of language texts.
-#include "cli/LinguaIni.h"
+// The number lists and ranges of the command line.
 #include "cli/ListaNumeri.h"
-#include "tests/system_files/SupportoFile.h"
 
 #include <gtest/gtest.h>
 
@@ -21,19 +19,4 @@ TEST(ListaNumeri, RefusesMalformedAndOutOfRangeItems) {
         EXPECT_FALSE(why.empty());
     }
     for (const char* bad : {"", "10", "20:10", "1:x", "-1:5", "0:3000"}) EXPECT_FALSE(LeggiIntervallo(bad, 0, 2250, why)) << bad;
-}
-
-TEST(LinguaIniTest, ReadsOnlyTheStringsSectionAndDropsQuotes) {
-    dv::test::CartellaTemporanea dir;
-    dv::test::Bytes{}
-        .text("[frmMAIN]\r\n0055=wrong\r\n[strings]\r\n 0055 = \"Attenzione\"\r\n0060=Sistema Condizionato\r\n")
-        .text("; comment\r\n0061=Distanza \xE0 \x80\r\n[Other]\r\n0062=no\r\n")
-        .save(dir.file("it.lng"));
-    LinguaIni lingua(dir.file("it.lng"));
-    EXPECT_TRUE(lingua.caricata());
-    EXPECT_EQ(lingua.testo("0055"), "Attenzione");
-    EXPECT_EQ(lingua.testo("0060"), "Sistema Condizionato");
-    EXPECT_EQ(lingua.testo("0062"), "");
-    EXPECT_EQ(AnsiToUtf8(lingua.testo("0061")), "Distanza \xC3\xA0 \xE2\x82\xAC");
-    EXPECT_EQ(LinguaIni(dir.file("none.lng")).testo("0055"), "");
 }

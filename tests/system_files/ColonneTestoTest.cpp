@@ -152,6 +152,7 @@ TEST_F(ColonneTesto, BadContentStopsTheImportWithItsError) {
         {"1 2 3\r\n4 256 6\r\n", "Error 6 (Overflow) in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [4 256 6]"},
         {"1 2 3\r\n4 91 6\r\n", "Error 9 (Subscript out of range) in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [4 91 6]"},
         {"1 2 3\r\n4 5\r\n", "Error 9 (Subscript out of range) in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [4 5]"},
+        {"1 2 3\r\n4 \xE0 6\r\n", "Error 13 (Type mismatch) in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [4 \xC3\xA0 6]"},
         {"1 2 3\r\n|\r\n", "Error 13 (Type mismatch) in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [|]"},
         {"1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 22 23 24 25 26\r\n",
          "Error 9 (Subscript out of range) in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [1 2 3 4 5 6 7 8 9 "

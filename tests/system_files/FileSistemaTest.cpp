@@ -191,6 +191,19 @@ TEST(FileSistemaWriter, WritesOnlyActiveRecordsInTheBlock) {
     EXPECT_EQ(back.CondizioniDistanza.count(), 0);
 }
 
+TEST(FileSistemaWriter, TheDescriptionIsAnsiOnFileAndUtf8InMemory) {
+    CartellaTemporanea dir;
+    Corpo c;
+    FakeUi ui;
+    SetForecast(c, Range(1, 10));
+    c.pronostico.Descrizione = "Riduzione \xC3\xA0 \xE2\x82\xAC";
+    ASSERT_TRUE(SalvaFile(c, ui, dir.file("d.dvs")));
+    EXPECT_NE(ReadText(dir.file("d.dvs")).find(std::string("\x0D\x00Riduzione \xE0 \x80", 15)), std::string::npos);
+    Corpo back;
+    ASSERT_EQ(ApriFile(back, ui, dir.file("d.dvs")), EsitoApriFile::Aperto);
+    EXPECT_EQ(back.pronostico.Descrizione, c.pronostico.Descrizione);
+}
+
 TEST(FileSistemaWriter, RecordsTakeTheirWidthsOnFile) {
     MisuraCampi m1, m2, m3, m4;
     ColonnaFiltro f;
