@@ -1,0 +1,51 @@
+// Finding the elements of control arrays and working the panels as a user would.
+#pragma once
+
+#include <QApplication>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QTest>
+#include <QWidget>
+
+namespace dv::test {
+
+// Element index of the control array name under w.
+template <typename T = QLabel> T* Elemento(QWidget& w, const char* name, int index) {
+    for (T* child : w.findChildren<T*>(name))
+        if (child->property("index").toInt() == index) return child;
+    return nullptr;
+}
+
+template <typename T = QWidget> T* Controllo(QWidget& w, const char* name) { return w.findChild<T*>(name); }
+
+inline void Clicca(QWidget* w) { QTest::mouseClick(w, Qt::LeftButton, Qt::NoModifier, w->rect().center()); }
+
+// Presses on the first label, moves with the button held through the others, releases.
+inline void Trascina(const std::vector<QWidget*>& percorso) {
+    QWidget* premuta = percorso.front();
+    QTest::mousePress(premuta, Qt::LeftButton, Qt::NoModifier, premuta->rect().center());
+    for (QWidget* w : percorso) {
+        for (QPoint p : {w->rect().center(), w->rect().center() + QPoint(1, 1)}) {
+            const QPoint globale = w->mapToGlobal(p);
+            QMouseEvent move(QEvent::MouseMove, premuta->mapFromGlobal(globale), globale, Qt::NoButton,
+                             Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(premuta, &move);
+        }
+    }
+    QTest::mouseRelease(premuta, Qt::LeftButton, Qt::NoModifier, premuta->rect().center());
+}
+
+// The background of a label as it is painted.
+inline QColor Sfondo(const QWidget* w) { return w->palette().color(QPalette::Window); }
+
+// A key held down on a button: the first press and then count auto-repeated presses.
+inline void TastoTenuto(QWidget* w, Qt::Key key, int count) {
+    for (int i = 0; i <= count; ++i) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(), i > 0);
+        QApplication::sendEvent(w, &press);
+    }
+    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
+    QApplication::sendEvent(w, &release);
+}
+
+} // namespace dv::test
