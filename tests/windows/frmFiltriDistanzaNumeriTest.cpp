@@ -1,7 +1,6 @@
 // The window of the number distance conditions, worked through its controls.
 #include "windows/frmFiltriDistanzaNumeri.h"
 
-#include "core/Engine.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
 #include "tests/windows/frmFiltriTestSupport.h"
@@ -15,13 +14,8 @@ using namespace dv;
 using dv::test::Clicca;
 using dv::test::Controllo;
 using dv::test::Elemento;
-
-namespace {
-QString Testo(QWidget& f, const char* label) { return Controllo<QLabel>(f, label)->text(); }
-void Vai(QWidget& f, const char* pulsante, int volte = 1) {
-    for (int i = 0; i < volte; ++i) Clicca(Controllo<QPushButton>(f, pulsante));
-}
-} // namespace
+using dv::test::Testo;
+using dv::test::Vai;
 
 class frmFiltriDistanzaNumeriTest : public QObject {
     Q_OBJECT
@@ -123,11 +117,7 @@ private slots:
         Clicca(Elemento<QRadioButton>(f, "optCond", 0));
         f.close();
 
-        RunControl ctl;
-        EngineObserver obs;
-        const RunResult r = SviluppaIntegrale(*m_corpo, m_corpo->pronostico.Quanti, m_corpo->pronostico.Numeri.data(),
-                                              ctl, obs, "");
-        QCOMPARE(r.kept, 10);
+        QCOMPARE(dv::test::Sviluppa(*m_corpo), 10);
         for (const auto& col : dv::test::StoredColumns(*m_corpo)) QCOMPARE(col[1] - col[0], 1);
     }
 

@@ -1,7 +1,6 @@
 // The window of the filter tables, worked through its controls on the offscreen platform.
 #include "windows/frmFiltri.h"
 
-#include "core/Engine.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
 #include "tests/windows/frmFiltriTestSupport.h"
@@ -17,6 +16,8 @@ using namespace dv;
 using dv::test::Clicca;
 using dv::test::Controllo;
 using dv::test::Elemento;
+using dv::test::Testo;
+using dv::test::Vai;
 
 namespace {
 // A Ui whose language file the test chooses.
@@ -27,10 +28,6 @@ struct UiConLingua : dv::test::FakeUi {
 
 const QColor Blu(0, 0, 255), Bianco(255, 255, 255), Grigio(0xE0, 0xE0, 0xE0), Rosso(255, 0, 0);
 
-QString Testo(frmFiltri& f, const char* label) { return Controllo<QLabel>(f, label)->text(); }
-void Vai(frmFiltri& f, const char* pulsante, int volte = 1) {
-    for (int i = 0; i < volte; ++i) Clicca(Controllo<QPushButton>(f, pulsante));
-}
 std::vector<int> NumeriDi(const ColonnaFiltro& r) {
     std::vector<int> v;
     for (int n = 1; n <= 90; ++n)
@@ -224,11 +221,7 @@ private slots:
         Clicca(Elemento<QRadioButton>(f, "optCond", 0));
         f.close();
 
-        RunControl ctl;
-        EngineObserver obs;
-        const RunResult r = SviluppaIntegrale(*m_corpo, m_corpo->pronostico.Quanti, m_corpo->pronostico.Numeri.data(),
-                                              ctl, obs, "");
-        QCOMPARE(r.kept, 3);
+        QCOMPARE(dv::test::Sviluppa(*m_corpo), 3);
         QCOMPARE(dv::test::StoredColumns(*m_corpo), (std::vector<std::vector<int>>{{6, 7}, {6, 8}, {7, 8}}));
     }
 

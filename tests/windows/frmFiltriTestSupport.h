@@ -1,9 +1,12 @@
 // Finding the elements of control arrays and working the panels as a user would.
 #pragma once
 
+#include "core/Engine.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QTest>
 #include <QWidget>
 
@@ -19,6 +22,20 @@ template <typename T = QLabel> T* Elemento(QWidget& w, const char* name, int ind
 template <typename T = QWidget> T* Controllo(QWidget& w, const char* name) { return w.findChild<T*>(name); }
 
 inline void Clicca(QWidget* w) { QTest::mouseClick(w, Qt::LeftButton, Qt::NoModifier, w->rect().center()); }
+
+inline QString Testo(QWidget& w, const char* label) { return Controllo<QLabel>(w, label)->text(); }
+
+// Clicks the navigation button so many times.
+inline void Vai(QWidget& w, const char* pulsante, int volte = 1) {
+    for (int i = 0; i < volte; ++i) Clicca(Controllo<QPushButton>(w, pulsante));
+}
+
+// Develops the forecast of c as the engine does; the number of columns kept.
+inline int32_t Sviluppa(Corpo& c) {
+    RunControl ctl;
+    EngineObserver obs;
+    return SviluppaIntegrale(c, c.pronostico.Quanti, c.pronostico.Numeri.data(), ctl, obs, "").kept;
+}
 
 // Presses on the first label, moves with the button held through the others, releases.
 inline void Trascina(const std::vector<QWidget*>& percorso) {
