@@ -26,10 +26,6 @@ void Colora(QWidget& w, int64_t sfondoBGR, uint32_t testoBGR = 0x000000);
 
 class DialogoPannelli : public QDialog {
     Q_OBJECT
-public:
-    // The panel under edit, for the window tests.
-    const NavigazionePannelli& editor() const { return *m_editor; }
-
 protected:
     DialogoPannelli(Ui& ui, QWidget* parent);
 
