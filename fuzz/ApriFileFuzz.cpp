@@ -4,6 +4,7 @@
 #include "core/Corpo.h"
 #include "core/Ui.h"
 #include "system_files/FileSistema.h"
+#include "tests/support/FakeUi.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -15,26 +16,6 @@
 #include <unistd.h>
 
 namespace {
-
-class UiSilenziosa : public dv::Ui {
-public:
-    std::string Lang(std::string_view) override { return {}; }
-    void LockGUI() override {}
-    void UnlockGUI() override {}
-    void UnlockMenuConditions() override {}
-    void ViewStatusBar() override {}
-    void Sblocca_x_Ricalcolo() override {}
-    void gridChanged() override {}
-    void lenColonnaChanged() override {}
-    void conditionMarksChanged() override {}
-    void setBusy(bool) override {}
-    void messageBox(const std::string&, const std::string&, dv::BoxIcon) override {}
-    bool questionBox(const std::string&, const std::string&, dv::BoxIcon) override { return true; }
-    std::string chooseOpenFile(const std::string&, const std::string&) override { return {}; }
-    std::string chooseSaveFile(const std::string&, const std::string&, const std::string&, const std::string&) override {
-        return {};
-    }
-};
 
 std::string PercorsoTemporaneo(const char* nome) {
     return (std::filesystem::temp_directory_path() / ("dv_fuzz_" + std::to_string(::getpid()) + nome)).string();
@@ -71,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const std::string copia = PercorsoTemporaneo("_copia.dvs");
     static auto c = std::make_unique<dv::Corpo>();
     static auto d = std::make_unique<dv::Corpo>();
-    UiSilenziosa ui;
+    dv::test::FakeUi ui; // answers every box, records what it was asked
     {
         std::ofstream out(input, std::ios::binary | std::ios::trunc);
         out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
