@@ -2,12 +2,13 @@
 #   make run    installs what is missing, builds in Release and starts the program
 #   make test   installs what is missing, builds with the sanitizers and runs every test
 #   make bench  builds in Release and runs the benchmarks
+#   make screenshots  draws every window into build/screenshots, in Italian and in English
 
 JOBS ?= 2
 RELEASE_DIR := build/release
 TEST_DIR := build/asan
 
-.PHONY: deps run build test bench fuzz clean
+.PHONY: deps run build test bench fuzz clean screenshots
 
 deps:
 	@bash scripts/install-deps.sh
@@ -28,6 +29,10 @@ $(TEST_DIR)/build.ninja: | deps
 test: deps $(TEST_DIR)/build.ninja
 	cmake --build $(TEST_DIR) -j $(JOBS)
 	cd $(TEST_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+# Every window of the program drawn into PNG files, in Italian and in English, without a desktop.
+screenshots: build
+	QT_QPA_PLATFORM=offscreen $(RELEASE_DIR)/dorvanta-screenshots build/screenshots
 
 bench: build
 	$(RELEASE_DIR)/bench/dorvanta-bench

@@ -3,7 +3,9 @@
 #include "core/Cartelle.h"
 #include "core/Corpo.h"
 #include "core/Sistema.h"
+#include "platform/ApplyLanguage.h"
 #include "platform/Shell.h"
+#include "settings/Impostazioni.h"
 #include "settings/Folders.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
@@ -25,7 +27,12 @@ int main(int argc, char* argv[]) {
     dv::ImpostaAppDir(*corpo, dv::AppDirPredefinito());
     dv::CopiaLingueIniziali(dv::CartellaLingueSpedite(), corpo->AppDir);
 
+    // The splash speaks the language of the settings already.
+    dv::Impostazioni impostazioni;
+    dv::Lingua lingua;
+    dv::ReadConfiguration(corpo->AppDir, impostazioni, lingua);
     dv::frmSplash splash;
+    dv::ApplyLanguage(splash, lingua.languageFile());
     splash.show();
     splash.repaint();
     QApplication::processEvents();

@@ -37,9 +37,11 @@ frmCalcolo::frmCalcolo(QtUi& ui, RunControl& control, QWidget* parent)
     setWindowTitle(QStringLiteral("Elaborazione in corso..."));
 
     auto* layout = new QVBoxLayout(this);
-    m_labAllarm = etichetta(this, "labAllarm", QStringLiteral("0%") + QString(36, ' ') + QStringLiteral("50%") +
-                                                   QString(36, ' ') + QStringLiteral("100%"),
-                            Qt::AlignHCenter);
+    // The scale above the bar: 0% at its left end, 50% in the middle, 100% at its right end.
+    m_labAllarm = etichetta(this, "labAllarm",
+                            QStringLiteral("<table width=\"100%\"><tr><td>0%</td><td align=\"center\">50%</td>"
+                                           "<td align=\"right\">100%</td></tr></table>"),
+                            Qt::AlignLeft);
     m_labAllarm->setStyleSheet(QStringLiteral("color: rgb(160,0,0);"));
     layout->addWidget(m_labAllarm);
     m_pb = new QProgressBar(this);

@@ -25,7 +25,7 @@ frmSplash::frmSplash(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::F
     titolo->setStyleSheet(QStringLiteral("font-size: 30pt; font-weight: bold; color: rgb(255,128,0);"));
     layout->addWidget(titolo);
 
-    auto* gioco = new QLabel(QStringLiteral("10eLotto"), this);
+    auto* gioco = new QLabel(QStringLiteral("Sistemi per il 10eLotto"), this);
     gioco->setObjectName(QStringLiteral("lblGioco"));
     gioco->setAlignment(Qt::AlignCenter);
     gioco->setStyleSheet(QStringLiteral("font-size: 14pt; color: rgb(90,90,90);"));

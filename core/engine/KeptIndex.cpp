@@ -2,40 +2,84 @@
 
 namespace dv::engine {
 
-KeptIndex::KeptIndex(const Reduction& r, int universe, int len) : m_t(r.shared) {
+namespace {
+// Binomials in 64 bits, saturated: ranks in the table stay below MaxTable.
+struct RankTable {
+    std::array<std::array<uint64_t, BinomialCols>, BinomialRows> c{};
+    RankTable() {
+        for (int n = 0; n < BinomialRows; ++n)
+            for (int k = 0; k < BinomialCols; ++k) {
+                const Count b = Binomial(n, k);
+                c[static_cast<size_t>(n)][static_cast<size_t>(k)] = b > UINT64_MAX ? UINT64_MAX : static_cast<uint64_t>(b);
+            }
+    }
+};
+const RankTable Ranks;
+
+// Calls f(rank, subset) for every s-subset of e[0..m-1] (ascending) in lexicographic order, with
+// the colexicographic rank of the subset plus `base` (the sum of C(e_i, i+1) over its members,
+// smallest first); stops when f returns false.
+template <typename F> void ForEachSubset(const uint8_t* e, int m, int s, uint64_t base, F&& f) {
+    assert(s >= 0 && s <= m && s < MaxLenColonna);
+    std::array<int, MaxLenColonna> pos{};
+    std::array<uint64_t, MaxLenColonna + 1> rank{};
+    std::array<Mask, MaxLenColonna + 1> sub{};
+    rank[0] = base;
+    auto place = [&](int k, int p) {
+        const auto z = static_cast<size_t>(k);
+        pos[z] = p;
+        rank[z + 1] = rank[z] + Ranks.c[e[p]][z + 1];
+        sub[z + 1] = sub[z] | Mask::bit(e[p]);
+    };
+    for (int k = 0; k < s; ++k) place(k, k);
+    const auto last = static_cast<size_t>(s);
+    for (;;) {
+        if (!f(rank[last], sub[last])) return;
+        int k = s - 1;
+        while (k >= 0 && pos[static_cast<size_t>(k)] == m - s + k) --k;
+        if (k < 0) return;
+        place(k, pos[static_cast<size_t>(k)] + 1);
+        for (int q = k + 1; q < s; ++q) place(q, pos[static_cast<size_t>(q - 1)] + 1);
+    }
+}
+
+inline Mask Widen(uint32_t w) { return Mask{w, 0}; }
+inline Mask Widen(uint64_t w) { return Mask{w, 0}; }
+inline Mask Widen(Mask m) { return m; }
+inline uint32_t& Narrowed(uint32_t& w, Mask m) { return w |= static_cast<uint32_t>(m.lo); }
+inline uint64_t& Narrowed(uint64_t& w, Mask m) { return w |= m.lo; }
+inline Mask& Narrowed(Mask& w, Mask m) { return w |= m; }
+
+} // namespace
+
+KeptIndex::KeptIndex(const Reduction& r, int universe, int len)
+    : m_t(r.shared), m_width(universe <= 32 ? 32 : universe <= 64 ? 64 : 128) {
     if (!r.on || m_t > len) {
         m_mode = Mode::Never;
     } else if (m_t <= 0) {
         m_mode = Mode::AfterFirst;
     } else if (Binomial(universe, m_t - 1) <= MaxTable) {
         m_mode = Mode::Table;
-        m_ext.assign(static_cast<size_t>(Binomial(universe, m_t - 1)), Mask{});
+        const auto size = static_cast<size_t>(Binomial(universe, m_t - 1));
+        if (m_width == 32) m_ext32.assign(size, 0);
+        else if (m_width == 64) m_ext64.assign(size, 0);
+        else m_ext.assign(size, Mask{});
     } else {
         m_mode = Mode::Scan;
         m_kept.reserve(static_cast<size_t>(MaxColonne));
     }
 }
 
-// Calls f(rank, subset) for every s-subset of e[from..n-1] joined to `sub`; e ascending, and the
-// rank is the colexicographic rank of the whole subset (sum of C(e_m, m+1) over its members).
-template <typename F>
-void KeptIndex::forEachSubset(const uint8_t* e, int n, int s, int from, uint64_t rank, Mask sub, F& f) const {
-    const int m = Size(sub);
-    if (s == 0) {
-        f(rank, sub);
-        return;
-    }
-    for (int a = from; a <= n - s; ++a)
-        forEachSubset(e, n, s - 1, a + 1, rank + static_cast<uint64_t>(Binomial(e[a], m + 1)), sub | Mask::bit(e[a]),
-                      f);
-}
-
 void KeptIndex::add(const uint8_t* idx, Mask k) {
     m_anyKept = true;
     if (m_mode == Mode::Scan) m_kept.push_back(k);
     if (m_mode != Mode::Table) return;
-    auto extend = [&](uint64_t rank, Mask q) { m_ext[rank] |= k - q; };
-    forEachSubset(idx, Size(k), m_t - 1, 0, 0, Mask{}, extend);
+    ForEachSubset(idx, Size(k), m_t - 1, 0, [&](uint64_t rank, Mask q) {
+        if (m_width == 32) Narrowed(m_ext32[rank], k - q);
+        else if (m_width == 64) Narrowed(m_ext64[rank], k - q);
+        else Narrowed(m_ext[rank], k - q);
+        return true;
+    });
 }
 
 bool KeptIndex::fails(const uint8_t* idx, Mask c) const {
@@ -50,23 +94,50 @@ bool KeptIndex::fails(const uint8_t* idx, Mask c) const {
         return false;
     case Mode::Table: {
         bool hit = false;
-        auto probe = [&](uint64_t rank, Mask q) { hit = hit || (m_ext[rank] & (c - q)).any(); };
-        forEachSubset(idx, Size(c), m_t - 1, 0, 0, Mask{}, probe);
+        ForEachSubset(idx, Size(c), m_t - 1, 0, [&](uint64_t rank, Mask q) {
+            const Mask e = m_width == 32 ? Widen(m_ext32[rank]) : m_width == 64 ? Widen(m_ext64[rank]) : m_ext[rank];
+            hit = (e & (c - q)).any();
+            return !hit;
+        });
         return hit;
     }
     }
     return false;
 }
 
-Mask KeptIndex::newExtensions(const uint8_t* idx, int d) const {
+template <typename Ext>
+Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted) const {
+    if (m_t == 1) return d == 0 ? Widen(ext[0]) : Mask{};
+    // Subsets of size s = t-2 among the m = d-1 earlier members, then idx[d-1] on top: it is the
+    // largest. The same walk as ForEachSubset, without the subsets themselves.
+    const int s = m_t - 2, m = d - 1;
+    const Ext* table = ext.data() + Ranks.c[idx[d - 1]][static_cast<size_t>(m_t - 1)];
+    Ext out{}, want{};
+    Narrowed(want, wanted);
+    std::array<int, MaxLenColonna> pos{};
+    std::array<uint64_t, MaxLenColonna + 1> rank{};
+    for (int k = 0; k < s; ++k) {
+        pos[static_cast<size_t>(k)] = k;
+        rank[static_cast<size_t>(k + 1)] = rank[static_cast<size_t>(k)] + Ranks.c[idx[k]][static_cast<size_t>(k + 1)];
+    }
+    for (;;) {
+        Narrowed(out, Widen(table[rank[static_cast<size_t>(s)]]));
+        if (!(Widen(want) - Widen(out)).any()) break;
+        int k = s - 1;
+        while (k >= 0 && pos[static_cast<size_t>(k)] == m - s + k) --k;
+        if (k < 0) break;
+        for (int p = pos[static_cast<size_t>(k)] + 1; k < s; ++k, ++p) {
+            pos[static_cast<size_t>(k)] = p;
+            rank[static_cast<size_t>(k + 1)] = rank[static_cast<size_t>(k)] + Ranks.c[idx[p]][static_cast<size_t>(k + 1)];
+        }
+    }
+    return Widen(out);
+}
+
+Mask KeptIndex::newExtensions(const uint8_t* idx, int d, Mask wanted) const {
     assert(m_mode == Mode::Table && d >= m_t - 1);
-    if (m_t == 1) return d == 0 ? m_ext[0] : Mask{};
-    Mask out;
-    const int x = idx[d - 1];
-    auto gather = [&](uint64_t rank, Mask) { out |= m_ext[rank]; };
-    // Subsets of size t-2 among the d-1 earlier members, then x on top: x is the largest.
-    forEachSubset(idx, d - 1, m_t - 2, 0, static_cast<uint64_t>(Binomial(x, m_t - 1)), Mask{}, gather);
-    return out;
+    if (m_width == 32) return gather(m_ext32, idx, d, wanted);
+    return m_width == 64 ? gather(m_ext64, idx, d, wanted) : gather(m_ext, idx, d, wanted);
 }
 
 } // namespace dv::engine

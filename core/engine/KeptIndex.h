@@ -38,15 +38,18 @@ public:
     bool fails(const uint8_t* idx, Mask c) const;
     // Table mode: the extensions of every (t-1)-subset of idx[0..d-1] that holds idx[d-1].
     // Together with those of idx[0..d-2] they are the numbers the prefix idx[0..d-1] cannot
-    // take next. idx ascending; d >= t-1 >= 0 (with t-1 = 0, the empty subset at d = 0).
-    Mask newExtensions(const uint8_t* idx, int d) const;
+    // take next. idx ascending; d >= t-1 >= 0 (with t-1 = 0, the empty subset at d = 0). May
+    // stop early, once every member of `wanted` is found.
+    Mask newExtensions(const uint8_t* idx, int d, Mask wanted) const;
 
 private:
-    template <typename F> void forEachSubset(const uint8_t* e, int n, int s, int from, uint64_t rank, Mask sub,
-                                             F& f) const;
+    template <typename Ext> Mask gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted) const;
     Mode m_mode = Mode::Never;
     int m_t = 0;
     bool m_anyKept = false;
+    int m_width = 128;             // bits of a table entry: the universe rounded up to 32, 64 or 128
+    std::vector<uint32_t> m_ext32; // extensions by rank, for each width
+    std::vector<uint64_t> m_ext64;
     std::vector<Mask> m_ext;
     std::vector<Mask> m_kept;
 };

@@ -2,6 +2,7 @@
 // binomial table the walk and the subset ranks are built on.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cassert>
@@ -17,6 +18,18 @@ struct Mask {
     static Mask bit(int i) {
         assert(i >= 0 && i < 128);
         return i < 64 ? Mask{uint64_t{1} << i, 0} : Mask{0, uint64_t{1} << (i - 64)};
+    }
+    // The integers from..to (none when from > to).
+    static Mask range(int from, int to) {
+        Mask m;
+        for (int half = 0; half < 2; ++half) {
+            const int lo = std::max(from, 64 * half), hi = std::min(to, 64 * half + 63);
+            if (lo > hi) continue;
+            const int width = hi - lo + 1;
+            const uint64_t bits = (width == 64 ? ~uint64_t{0} : (uint64_t{1} << width) - 1) << (lo - 64 * half);
+            (half == 0 ? m.lo : m.hi) = bits;
+        }
+        return m;
     }
     bool has(int i) const { return ((i < 64 ? lo >> i : hi >> (i - 64)) & 1u) != 0; }
     bool any() const { return (lo | hi) != 0; }

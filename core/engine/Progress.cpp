@@ -21,15 +21,24 @@ ProgressInfo RunProgress::info(Count c) const {
     return ProgressInfo{m_lastStep, barOf(m_lastStep), m_total, static_cast<double>(c), m_kept};
 }
 
-// The first candidate after c whose step differs from step. The step grows with the counter,
-// so the boundary is found from an estimate and a few exact checks around it.
+// The first candidate after c whose step differs from step (no candidate: the largest Count).
+// The step never falls as the counter grows, so the boundary is bracketed from an estimate,
+// widening by doubling, then found by halving. Beyond 2^53 the counter as a float is no longer
+// exact; the search stays exact for the float the window would show.
 Count RunProgress::boundaryAfter(Count c, int step) const {
     const double estimate = std::floor((step + 0.5) * m_stepSize);
-    Count b = estimate > static_cast<double>(c) ? static_cast<Count>(estimate) : c + 1;
-    // Beyond 2^53 the counter is no longer exact as a float; a bounded search keeps it finite.
-    for (int i = 0; i < 64 && b > c + 1 && stepOf(b - 1) != step; ++i) --b;
-    for (int i = 0; i < 64 && stepOf(b) == step; ++i) ++b;
-    return b;
+    Count lo = c;
+    Count hi = estimate > static_cast<double>(c) ? static_cast<Count>(estimate) : c + 1;
+    for (Count widen = 1; stepOf(hi) == step; widen *= 2) {
+        if (widen > (Count{1} << 120)) return ~Count{0};
+        lo = hi;
+        hi += widen;
+    }
+    while (hi - lo > 1) {
+        const Count mid = lo + (hi - lo) / 2;
+        (stepOf(mid) == step ? lo : hi) = mid;
+    }
+    return hi;
 }
 
 bool RunProgress::onEvent() {

@@ -37,7 +37,8 @@ private:
     bool bounds(const Level& s, int start, int r) const;
     bool filters(Level& child, const Level& parent, int depth, int start, int r);
     bool enter(int d, int j, int r);
-    bool leaf(int& d);
+    bool leaf(int& d, Mask indices);
+    bool plainLeaves(int& d);
     bool unwind(int& d, int to);
 
     Corpo& m_c;
@@ -47,6 +48,7 @@ private:
     CompiledConditions m_cond;
     KeptIndex m_kept;
     bool m_barring; // the reduction bars numbers through the extension table
+    bool m_plain;   // no test on a column alone: a leaf asks only the reduction
 
     // Per index 1..n of the forecast, and per suffix start 1..n+1.
     std::array<uint8_t, MaxN + 2> m_value{};
@@ -77,7 +79,9 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
           if (r.shared >= m_len) r.on = false;
           return r;
       }(), n, m_len),
-      m_barring(m_kept.mode() == KeptIndex::Mode::Table) {
+      m_barring(m_kept.mode() == KeptIndex::Mode::Table),
+      m_plain(!m_cond.fisse && !m_cond.somma && !m_cond.pari && !m_cond.consecutivi && m_cond.andTable.satisfied &&
+              m_cond.orTable.satisfied && m_cond.xorTable.satisfied && c.CondizioniDistanza.count() == 0) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
     for (int i = 1; i <= n; ++i) {
         const uint8_t v = numeri[i - 1];
@@ -212,14 +216,13 @@ bool IntegralWalk::unwind(int& d, int to) {
     return m_progress.reject(rest);
 }
 
-// The last tests of a complete candidate (the prefix of depth d plus the number just entered),
-// then the store. False when the run ends.
-bool IntegralWalk::leaf(int& d) {
-    const Level& s = m_level[static_cast<size_t>(m_len)];
-    if (!m_cond.distancesPass(m_cand.data()) || (!m_barring && m_kept.fails(m_idx.data(), s.indices)))
+// The last tests of a complete candidate (the prefix of depth d plus the number just entered,
+// `indices` as a set), then the store. False when the run ends.
+bool IntegralWalk::leaf(int& d, Mask indices) {
+    if (!m_cond.distancesPass(m_cand.data()) || (!m_barring && m_kept.fails(m_idx.data(), indices)))
         return m_progress.reject(1);
     m_c.Colonne.setColumn(m_progress.kept() + 1, m_cand.data(), m_len);
-    m_kept.add(m_idx.data(), s.indices);
+    m_kept.add(m_idx.data(), indices);
     if (!m_progress.keep()) return false;
     switch (m_kept.mode()) {
     case KeptIndex::Mode::Never:
@@ -232,10 +235,29 @@ bool IntegralWalk::leaf(int& d) {
         const int t = m_kept.shared();
         if (m_barring) {
             Level& top = m_level[static_cast<size_t>(t - 1)];
-            top.barred |= s.indices - top.indices;
+            top.barred |= indices - top.indices;
         }
         return unwind(d, t - 1);
     }
+    }
+    return true;
+}
+
+// The candidates under a prefix of depth len-1 when no test looks at a column alone: each one
+// only needs its last number, and the reduction. False when the run ends.
+bool IntegralWalk::plainLeaves(int& d) {
+    const auto z = static_cast<size_t>(d);
+    const Level& p = m_level[z];
+    const bool sets = m_kept.mode() != KeptIndex::Mode::Never;
+    while (m_next[z] <= m_n && d == m_len - 1) {
+        const int j = m_next[z]++;
+        if (m_barring && p.barred.has(j - 1)) {
+            if (!m_progress.reject(1)) return false;
+            continue;
+        }
+        m_cand[z] = m_value[static_cast<size_t>(j)];
+        m_idx[z] = static_cast<uint8_t>(j - 1);
+        if (!leaf(d, sets ? p.indices | Mask::bit(j - 1) : Mask{})) return false;
     }
     return true;
 }
@@ -250,7 +272,7 @@ void IntegralWalk::run() {
     }
     root.orSatisfied = m_cond.orTable.satisfied;
     root.xorPass = m_cond.xorTable.base;
-    if (m_barring && m_kept.shared() == 1) root.barred = m_kept.newExtensions(m_idx.data(), 0);
+    if (m_barring && m_kept.shared() == 1) root.barred = m_kept.newExtensions(m_idx.data(), 0, Mask::range(0, m_n - 1));
     const bool tablesFail = m_cond.andTable.alwaysFails || m_cond.orTable.alwaysFails || m_cond.xorTable.alwaysFails;
     if (tablesFail || !bounds(root, 1, m_len)) {
         m_progress.reject(Binomial(m_n, m_len));
@@ -261,6 +283,11 @@ void IntegralWalk::run() {
     while (d >= 0) {
         const auto z = static_cast<size_t>(d);
         const int r = m_len - d - 1; // numbers still to come after the one entered now
+        if (r == 0 && m_plain) {
+            if (!plainLeaves(d)) return;
+            if (d == m_len - 1) --d;
+            continue;
+        }
         const int j = m_next[z];
         if (j > m_n - r) {
             --d;
@@ -274,7 +301,7 @@ void IntegralWalk::run() {
         }
         if (r == 0) {
             // 2. A complete candidate.
-            if (!leaf(d)) return;
+            if (!leaf(d, m_level[static_cast<size_t>(m_len)].indices)) return;
             continue;
         }
         // 3. Go down: the numbers barred after the new prefix grow by its new subsets.
@@ -282,8 +309,11 @@ void IntegralWalk::run() {
         m_next[static_cast<size_t>(d)] = j + 1;
         Level& s = m_level[static_cast<size_t>(d)];
         s.barred = m_level[z].barred;
-        if (m_barring && m_kept.shared() >= 2 && d >= m_kept.shared() - 1)
-            s.barred |= m_kept.newExtensions(m_idx.data(), d);
+        if (m_barring && m_kept.shared() >= 2 && d >= m_kept.shared() - 1) {
+            // Only the numbers that can still come next are worth looking up.
+            const Mask wanted = Mask::range(j, m_n - m_len + d) - s.barred;
+            if (wanted.any()) s.barred |= m_kept.newExtensions(m_idx.data(), d, wanted);
+        }
     }
 }
 

@@ -1,0 +1,135 @@
+// dorvanta-screenshots: renders every window of the program into PNG files, in each shipped
+// language, so that the look can be reviewed without a desktop. Run it on the offscreen platform:
+//   QT_QPA_PLATFORM=offscreen dorvanta-screenshots build/screenshots
+// Each language gets a folder of its own; the main window is drawn at the size of a 1280x800
+// screen and at the room that screen leaves at 150% scaling.
+#include "core/Avvio.h"
+#include "core/Cartelle.h"
+#include "core/Engine.h"
+#include "core/Sistema.h"
+#include "platform/ApplyLanguage.h"
+#include "windows/QtUi.h"
+#include "windows/QtUiDialogs.h"
+#include "windows/frmCalcolo.h"
+#include "windows/frmMAIN.h"
+#include "windows/frmSplash.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPixmap>
+#include <QRadioButton>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+namespace {
+
+// Boxes answered yes without being shown; file choosers cancelled.
+class Silenziosi : public dv::DialogService {
+public:
+    void messageBox(QWidget*, const std::string&, const std::string&, dv::BoxIcon) override {}
+    bool questionBox(QWidget*, const std::string&, const std::string&, dv::BoxIcon) override { return true; }
+    std::string chooseOpenFile(QWidget*, const std::string&, const std::string&) override { return {}; }
+    std::string chooseSaveFile(QWidget*, const std::string&, const std::string&, const std::string&,
+                               const std::string&) override {
+        return {};
+    }
+    void beep() override {}
+    void openFolder(const std::string&) override {}
+};
+
+class Fotografo {
+public:
+    explicit Fotografo(const QString& folder) : m_folder(folder) { QDir().mkpath(folder); }
+
+    void scatta(QWidget& w, const QString& name) {
+        QApplication::processEvents();
+        const QString path = m_folder + "/" + name + ".png";
+        if (w.grab().save(path)) std::printf("%s\n", qPrintable(path));
+        else std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+    }
+    // A menu of the menu bar, opened under its title.
+    void scattaMenu(QMenu& menu, const QString& name) {
+        menu.popup(QPoint(0, 0));
+        scatta(menu, name);
+        menu.hide();
+    }
+
+private:
+    QString m_folder;
+};
+
+void selezionaPronostico(dv::frmMAIN& main, std::initializer_list<int> numbers) {
+    for (int n : numbers) dv::GrigliaNumeriClick(main.corpo(), main.ui(), n - 1);
+}
+
+void fotografaLingua(const std::string& lingua, const QString& folder) {
+    namespace fs = std::filesystem;
+    QTemporaryDir dir;
+    auto corpo = std::make_unique<dv::Corpo>();
+    dv::ImpostaAppDir(*corpo, dir.path().toStdString());
+    for (const char* f : {"italiano.lng", "english.lng"})
+        fs::copy_file(fs::path(DORVANTA_LANGUAGES_DIR) / f, fs::path(corpo->AppDir) / f);
+    std::ofstream(fs::path(corpo->AppDir) / "dorvantaqvn.ini") << "[IMPOSTAZIONI]\nLINGUA=" << lingua << "\n";
+    Fotografo foto(folder);
+    Silenziosi dialogs;
+
+    dv::frmMAIN main(*corpo, dialogs);
+    main.carica();
+    const std::string file = main.lingua().languageFile();
+
+    dv::frmSplash splash;
+    dv::ApplyLanguage(splash, file);
+    splash.show();
+    foto.scatta(splash, "frmSplash");
+    splash.hide();
+
+    main.resize(1280, 760);
+    main.show();
+    foto.scatta(main, "frmMAIN_vuoto");
+
+    selezionaPronostico(main, {3, 7, 11, 18, 22, 25, 29, 34, 38, 41, 47, 52, 56, 60, 63, 69, 74, 78, 85, 90});
+    dv::elementoArray<QRadioButton>(main, QStringLiteral("optImporto"), 3)->click();
+    dv::elementoArray<QRadioButton>(main, QStringLiteral("optTipoGiocata"), 1)->click();
+    foto.scatta(main, "frmMAIN_pronostico");
+
+    dv::RunControl control;
+    dv::frmCalcolo calcolo(main.ui(), control);
+    calcolo.mostraAvanzamento(dv::ProgressInfo{100, 40, 184756, 73902, 73902});
+    calcolo.show();
+    foto.scatta(calcolo, "frmCalcolo");
+    calcolo.hide();
+
+    dv::EngineObserver silenzioso;
+    dv::Elabora(*corpo, main.ui(), control, silenzioso);
+    foto.scatta(main, "frmMAIN_sistema");
+
+    // The room a 1280x800 screen leaves at 150% scaling, less the desktop's panels.
+    main.resize(853, 500);
+    foto.scatta(main, "frmMAIN_150");
+    std::printf("frmMAIN minimum %dx%d\n", main.minimumSizeHint().width(), main.minimumSizeHint().height());
+    main.resize(1280, 760);
+
+    for (QMenu* menu : main.menuBar()->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly))
+        if (menu->menuAction()->isVisible() && !menu->objectName().isEmpty()) foto.scattaMenu(*menu, menu->objectName());
+    dv::ModificaSistema(*corpo, main.ui());
+    dv::CancellaPronostico(*corpo, main.ui());
+    if (auto* popup = main.findChild<QMenu*>(QStringLiteral("menuPopup"))) foto.scattaMenu(*popup, "menuPopup");
+    main.hide();
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication app(argc, argv);
+    const QString out = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("build/screenshots");
+    for (const char* lingua : {"italiano", "english"}) fotografaLingua(lingua, out + "/" + lingua);
+    return 0;
+}

@@ -1,0 +1,95 @@
+#include "bench/Workloads.h"
+
+#include <random>
+
+namespace dv::bench {
+
+namespace {
+
+void Forecast(Corpo& c, int from, int to, int len) {
+    c.LenColonna = static_cast<int16_t>(len);
+    c.pronostico.Numeri.fill(0);
+    uint8_t k = 0;
+    for (int v = from; v <= to; ++v) c.pronostico.Numeri[k++] = static_cast<uint8_t>(v);
+    c.pronostico.Quanti = k;
+    c.pronostico.NumColonne = 0;
+}
+
+// count records of 5 distinct numbers of 1..25, drawn with a fixed seed, each allowing the hit
+// counts of presenze.
+void Filters(TabellaFiltri& t, int count, int32_t presenze, uint64_t seed) {
+    std::mt19937_64 rng(seed);
+    t.clear();
+    for (int i = 0; i < count; ++i) {
+        ColonnaFiltro f;
+        for (int k = 0; k < 5;) {
+            const auto v = static_cast<size_t>(1 + rng() % 25);
+            if (f.Numeri[v] == 0) {
+                f.Numeri[v] = 1;
+                ++k;
+            }
+        }
+        f.Presenze = presenze;
+        f.Stato = Vero;
+        t.append(f);
+    }
+}
+
+constexpr int32_t Hits(int from, int to) { return (int32_t{2} << to) - (int32_t{1} << from); }
+
+} // namespace
+
+const std::vector<Workload>& Workloads() {
+    static const std::vector<Workload> all = {
+        {"1 integral 30/6", [](Corpo& c) { Forecast(c, 1, 30, 6); }},
+        {"2 conditions 35/10",
+         [](Corpo& c) {
+             Forecast(c, 1, 35, 10);
+             Condizioni& k = c.condizioni;
+             k.CondSomma = Vero;
+             k.SommaMinMax = {160, 200};
+             k.CondPari = Vero;
+             for (int e = 4; e <= 6; ++e) k.TabPari[static_cast<size_t>(e)] = Vero;
+             k.CondFisse = Vero;
+             k.TabFisse[3] = k.TabFisse[18] = 1;
+             k.NumFisse = 2;
+             c.consecutivi = Consecutivi{Hits(1, 2), Vero};
+         }},
+        {"3 guarantee N-2 40/6",
+         [](Corpo& c) {
+             Forecast(c, 1, 40, 6);
+             c.condizioni.CondRidotto = Vero;
+             c.condizioni.ValRidotto = 2;
+         }},
+        {"4 distance 4 30/10",
+         [](Corpo& c) {
+             Forecast(c, 1, 30, 10);
+             c.distanzaMinima = DistanzaMinima{4, Vero};
+         }},
+        {"5 limit 40/7", [](Corpo& c) { Forecast(c, 1, 40, 7); }},
+        {"6 AND 2000 25/6",
+         [](Corpo& c) {
+             Forecast(c, 1, 25, 6);
+             Filters(c.FiltriAND, 2000, Hits(0, 4), 6);
+         }},
+        {"7 OR 20000 25/6",
+         [](Corpo& c) {
+             Forecast(c, 1, 25, 6);
+             Filters(c.FiltriOR, 20000, Hits(5, 5), 7);
+         }},
+        {"8 XOR 2000 25/6",
+         [](Corpo& c) {
+             Forecast(c, 1, 25, 6);
+             Filters(c.FiltriXOR, 2000, Hits(4, 5), 8);
+         }},
+        {"9 AND 150000 25/6",
+         [](Corpo& c) {
+             Forecast(c, 1, 25, 6);
+             Filters(c.FiltriAND, MaxFiltri, Hits(0, 4), 9);
+         },
+         true},
+    };
+    return all;
+}
+
+} // namespace dv::bench

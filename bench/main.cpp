@@ -1,0 +1,131 @@
+// dorvanta-bench: each workload developed by the literal and by the fast engine. Prints the
+// times, their ratio and a signature of each result (columns kept, checksum of the columns),
+// and fails when the signatures differ. DV_BENCH_FULL=1 also runs the literal engine where it
+// is skipped by default.
+#include "bench/Workloads.h"
+#include "core/Engine.h"
+#include "tests/reference/LiteralEngine.h"
+
+#include <benchmark/benchmark.h>
+
+#include <sys/resource.h>
+#include <time.h>
+
+#include <chrono>
+#include <cinttypes>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+
+using namespace dv;
+
+namespace {
+
+struct Measure {
+    double seconds = 0; // processor time of the best iteration
+    double wall = 0;    // its elapsed time
+    int32_t kept = 0;
+    double counter = 0;
+    uint64_t checksum = 0;
+    bool ran = false;
+};
+
+std::map<std::string, Measure> g_literal, g_fast;
+
+// FNV-1a over the stored columns, position by position.
+uint64_t Checksum(const Corpo& c) {
+    uint64_t h = 1469598103934665603ull;
+    for (int32_t j = 1; j <= c.pronostico.NumColonne; ++j)
+        for (int p = 1; p <= c.LenColonna; ++p) h = (h ^ c.Colonne.get(j, p)) * 1099511628211ull;
+    return h;
+}
+
+// Processor time of this thread: on a shared machine, elapsed time depends on the neighbours.
+double ThreadSeconds() {
+    timespec t{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+    return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_nsec) * 1e-9;
+}
+
+Corpo& Shared() {
+    static Corpo c; // one store for every run: 100 MB of address space
+    return c;
+}
+
+void Develop(benchmark::State& state, const bench::Workload* w, bool literal) {
+    Corpo& c = Shared();
+    Measure& m = (literal ? g_literal : g_fast)[w->name];
+    EngineObserver quiet;
+    for (auto _ : state) {
+        state.PauseTiming();
+        Corpo fresh; // a new state around the same store, already mapped
+        w->build(fresh);
+        fresh.Colonne = std::move(c.Colonne);
+        c = std::move(fresh);
+        RunControl ctl;
+        state.ResumeTiming();
+        const auto t0 = std::chrono::steady_clock::now();
+        const double cpu0 = ThreadSeconds();
+        const RunResult r =
+            literal ? reference::SviluppaIntegrale(c, c.pronostico.Quanti, c.pronostico.Numeri.data(), ctl, quiet, "")
+                    : SviluppaIntegrale(c, c.pronostico.Quanti, c.pronostico.Numeri.data(), ctl, quiet, "");
+        const double s = ThreadSeconds() - cpu0;
+        const double wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+        state.PauseTiming();
+        if (!m.ran || s < m.seconds) {
+            m.seconds = s;
+            m.wall = wall;
+        }
+        m.kept = r.kept;
+        m.counter = r.counter;
+        m.checksum = Checksum(c);
+        m.ran = true;
+        state.ResumeTiming();
+    }
+    state.counters["kept"] = m.kept;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const bool full = std::getenv("DV_BENCH_FULL") != nullptr;
+    for (const bench::Workload& w : bench::Workloads()) {
+        if (!w.literalOptional || full)
+            benchmark::RegisterBenchmark(("literal/" + w.name).c_str(), Develop, &w, true)
+                ->Iterations(1)
+                ->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(("fast/" + w.name).c_str(), Develop, &w, false)
+            ->Iterations(w.literalOptional ? 1 : 3)
+            ->Unit(benchmark::kMillisecond);
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+
+    bool differ = false;
+    std::printf("\nprocessor seconds of the best run (elapsed seconds in brackets)\n");
+    std::printf("%-22s %20s %20s %9s   %-28s %s\n", "workload", "literal", "fast", "ratio", "literal kept / checksum",
+                "fast kept / checksum");
+    for (const bench::Workload& w : bench::Workloads()) {
+        const Measure& f = g_fast[w.name];
+        if (!f.ran) continue;
+        const Measure& l = g_literal[w.name];
+        char lit[64] = "(not run)", fast[64], ratio[32] = "-", litSig[64] = "(not run)";
+        std::snprintf(fast, sizeof fast, "%.4f (%.4f)", f.seconds, f.wall);
+        if (l.ran) {
+            std::snprintf(lit, sizeof lit, "%.4f (%.4f)", l.seconds, l.wall);
+            std::snprintf(ratio, sizeof ratio, "%.1fx", l.seconds / f.seconds);
+            std::snprintf(litSig, sizeof litSig, "%d / %016" PRIx64, l.kept, l.checksum);
+        }
+        std::printf("%-22s %20s %20s %9s   %-28s %d / %016" PRIx64 "\n", w.name.c_str(), lit, fast, ratio, litSig,
+                    f.kept, f.checksum);
+        if (l.ran && (l.kept != f.kept || l.checksum != f.checksum || l.counter != f.counter)) {
+            std::printf("!!! %s: the fast engine's result differs from the literal one\n", w.name.c_str());
+            differ = true;
+        }
+    }
+    struct rusage ru {};
+    getrusage(RUSAGE_SELF, &ru);
+    std::printf("peak resident memory of this process: %ld MB\n", ru.ru_maxrss / 1024);
+    return differ ? 1 : 0;
+}
