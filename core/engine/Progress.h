@@ -43,6 +43,19 @@ public:
         return goOn;
     }
 
+    // How many candidates can be kept in a row before one needs a report or meets the limit.
+    Count room() const {
+        const Count toEvent = m_nextEvent - m_walked - 1;
+        const auto toLimit = static_cast<Count>(MaxColonne - m_kept - 1);
+        return toEvent < toLimit ? toEvent : toLimit;
+    }
+    // Accounts for n kept candidates in a row, n <= room().
+    void keepQuietly(int32_t n) {
+        assert(static_cast<Count>(n) <= room());
+        m_walked += static_cast<Count>(n);
+        m_kept += n;
+    }
+
     int32_t kept() const { return m_kept; }
     bool stopped() const { return m_stopped; }
     // The counter the window shows last: the candidate where the run ended.

@@ -192,8 +192,11 @@ bool IntegralWalk::enter(int d, int j, int r) {
     Level& s = m_level[static_cast<size_t>(d + 1)];
     const auto z = static_cast<size_t>(j);
     const uint8_t v = m_value[z];
-    s.numbers = p.numbers | Mask::bit(v);
+    m_cand[static_cast<size_t>(d)] = v;
+    m_idx[static_cast<size_t>(d)] = static_cast<uint8_t>(j - 1);
     s.indices = p.indices | Mask::bit(j - 1);
+    if (m_plain) return true; // nothing else to follow along the prefix
+    s.numbers = p.numbers | Mask::bit(v);
     s.sum = p.sum + v;
     s.even = p.even + m_isEven[z];
     s.fixed = p.fixed + m_isFixed[z];
@@ -201,8 +204,6 @@ bool IntegralWalk::enter(int d, int j, int r) {
     s.runMax = std::max(p.runMax, s.runTail);
     s.xorPass = p.xorPass;
     s.orSatisfied = p.orSatisfied;
-    m_cand[static_cast<size_t>(d)] = v;
-    m_idx[static_cast<size_t>(d)] = static_cast<uint8_t>(j - 1);
     if (!bounds(s, j + 1, r)) return false;
     return filters(s, p, d, j + 1, r);
 }
@@ -249,6 +250,24 @@ bool IntegralWalk::plainLeaves(int& d) {
     const auto z = static_cast<size_t>(d);
     const Level& p = m_level[z];
     const bool sets = m_kept.mode() != KeptIndex::Mode::Never;
+    if (!sets) {
+        // Every candidate is kept: whole runs of them between two reports.
+        while (m_next[z] <= m_n) {
+            const int j = m_next[z];
+            const auto run = static_cast<int>(std::min<Count>(static_cast<Count>(m_n - j + 1), m_progress.room()));
+            for (int k = 0; k < run; ++k) {
+                m_cand[z] = m_value[static_cast<size_t>(j + k)];
+                m_c.Colonne.setColumn(m_progress.kept() + 1 + k, m_cand.data(), m_len);
+            }
+            m_progress.keepQuietly(run);
+            m_next[z] = j + run;
+            if (m_next[z] > m_n) break;
+            m_cand[z] = m_value[static_cast<size_t>(m_next[z]++)];
+            m_c.Colonne.setColumn(m_progress.kept() + 1, m_cand.data(), m_len);
+            if (!m_progress.keep()) return false;
+        }
+        return true;
+    }
     while (m_next[z] <= m_n && d == m_len - 1) {
         const int j = m_next[z]++;
         if (m_barring && p.barred.has(j - 1)) {
