@@ -210,7 +210,6 @@ EsitoApriFile ApriFile(Corpo& c, Ui& ui, const std::string& path) {
         if (c.ModalitaRicalcolo) Sblocca_x_Ricalcolo(c, ui);
         return EsitoApriFile::NessunFile;
     }
-    c.FileCorrente = pulito;
     const int32_t nFiltriOR = c.FiltriOR.count();
     const int32_t nFiltriXOR = c.FiltriXOR.count();
     bool occupato = false;
@@ -268,6 +267,9 @@ EsitoApriFile ApriFile(Corpo& c, Ui& ui, const std::string& path) {
         }
         ui.conditionMarksChanged();
         if (c.pronostico.NumColonne > 0) LockGUI(c, ui);
+        // Only a file that opened becomes the current one, so that "Salva" after a refusal
+        // cannot overwrite the refused file with another system.
+        c.FileCorrente = pulito;
         c.TitoloFile = TitoloDaPath(pulito);
         ui.ViewStatusBar();
         if (c.ModalitaRicalcolo) Sblocca_x_Ricalcolo(c, ui);

@@ -24,8 +24,8 @@ enum class EsitoApriFile {
 // Returns false for an empty path or after reporting a fault (the old file then stays intact).
 bool SalvaFile(Corpo& c, Ui& ui, const std::string& path);
 
-// Replaces the state with the file's. Double quotes are removed from the path first, and the
-// clean path becomes FileCorrente. Records of FiltriOR and FiltriXOR read from the file go
+// Replaces the state with the file's. Double quotes are removed from the path first; the
+// clean path becomes FileCorrente once the file has opened. Records of FiltriOR and FiltriXOR read from the file go
 // behind those already in memory. Every count and length read is bounded before use.
 EsitoApriFile ApriFile(Corpo& c, Ui& ui, const std::string& path);
 

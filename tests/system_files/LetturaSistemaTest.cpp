@@ -69,6 +69,7 @@ protected:
         EXPECT_NE(ui.boxes[0].text.find(detail), std::string::npos) << ui.boxes[0].text;
         EXPECT_EQ(c.pronostico.NumColonne, 0);
         EXPECT_EQ(c.pronostico.Quanti, 0);
+        EXPECT_EQ(c.FileCorrente, "");
         EXPECT_GE(c.LenColonna, 1);
         EXPECT_LE(c.LenColonna, 25);
         EXPECT_EQ(ui.busyDepth, 0);
@@ -122,6 +123,7 @@ TEST_F(LetturaSistema, VersionTwoHasNoLengthAndTakesTen) {
 TEST_F(LetturaSistema, ANewerSignatureIsRefusedAndTheStateIsLeftAlone) {
     SetForecast(c, Range(1, 12));
     c.pronostico.NumColonne = 5;
+    c.FileCorrente = "mine.dvs";
     Header h;
     h.firma = "dvqsy000006";
     EXPECT_EQ(apri(Intestazione(h)), EsitoApriFile::Rifiutato);
@@ -131,6 +133,7 @@ TEST_F(LetturaSistema, ANewerSignatureIsRefusedAndTheStateIsLeftAlone) {
     EXPECT_EQ(ui.boxes[0].icon, BoxIcon::Critical);
     EXPECT_EQ(c.pronostico.NumColonne, 5);
     EXPECT_EQ(c.pronostico.Quanti, 12);
+    EXPECT_EQ(c.FileCorrente, "mine.dvs");
 }
 
 TEST_F(LetturaSistema, ALowerUnknownSignatureIsReadLikeVersionThree) {
