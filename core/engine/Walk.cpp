@@ -49,6 +49,7 @@ private:
     KeptIndex m_kept;
     bool m_barring; // the reduction bars numbers through the extension table
     bool m_plain;   // no test on a column alone: a leaf asks only the reduction
+    bool m_filtering; // some filter table has open groups
 
     // Per index 1..n of the forecast, and per suffix start 1..n+1.
     std::array<uint8_t, MaxN + 2> m_value{};
@@ -81,7 +82,8 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
       }(), n, m_len),
       m_barring(m_kept.mode() == KeptIndex::Mode::Table),
       m_plain(!m_cond.fisse && !m_cond.somma && !m_cond.pari && !m_cond.consecutivi && m_cond.andTable.satisfied &&
-              m_cond.orTable.satisfied && m_cond.xorTable.satisfied && c.CondizioniDistanza.count() == 0) {
+              m_cond.orTable.satisfied && m_cond.xorTable.satisfied && c.CondizioniDistanza.count() == 0),
+      m_filtering(!m_cond.andTable.satisfied || !m_cond.orTable.satisfied || !m_cond.xorTable.satisfied) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
     for (int i = 1; i <= n; ++i) {
         const uint8_t v = numeri[i - 1];
@@ -205,7 +207,7 @@ bool IntegralWalk::enter(int d, int j, int r) {
     s.xorPass = p.xorPass;
     s.orSatisfied = p.orSatisfied;
     if (!bounds(s, j + 1, r)) return false;
-    return filters(s, p, d, j + 1, r);
+    return !m_filtering || filters(s, p, d, j + 1, r);
 }
 
 // Skips what is left of the subtrees of the prefixes deeper than `to`; the walk goes on with the
@@ -220,12 +222,15 @@ bool IntegralWalk::unwind(int& d, int to) {
 // The last tests of a complete candidate (the prefix of depth d plus the number just entered,
 // `indices` as a set), then the store. False when the run ends.
 bool IntegralWalk::leaf(int& d, Mask indices) {
-    if (!m_cond.distancesPass(m_cand.data()) || (!m_barring && m_kept.fails(m_idx.data(), indices)))
+    const KeptIndex::Mode mode = m_kept.mode();
+    if (!m_cond.distancesPass(m_cand.data()) ||
+        (!m_barring && mode != KeptIndex::Mode::Never && m_kept.fails(m_idx.data(), indices)))
         return m_progress.reject(1);
     m_c.Colonne.setColumn(m_progress.kept() + 1, m_cand.data(), m_len);
+    if (mode == KeptIndex::Mode::Never) return m_progress.keep();
     m_kept.add(m_idx.data(), indices);
     if (!m_progress.keep()) return false;
-    switch (m_kept.mode()) {
+    switch (mode) {
     case KeptIndex::Mode::Never:
         return true;
     case KeptIndex::Mode::AfterFirst:
