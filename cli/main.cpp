@@ -6,6 +6,8 @@
 
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
+#include <string>
 
 namespace {
 
@@ -15,6 +17,13 @@ extern "C" void Interrompi(int) {
     if (g_controllo) g_controllo->StopElaborazione.store(true);
 }
 
+// The Italian language file beside the program (where the build copies it), else in the sources.
+std::string LinguaPredefinita(const char* argv0) {
+    std::error_code ec;
+    const auto beside = std::filesystem::path(argv0).parent_path() / "languages" / "italiano.lng";
+    return std::filesystem::exists(beside, ec) ? beside.string() : std::string(DV_DEFAULT_LANGUAGE_FILE);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -22,7 +31,7 @@ int main(int argc, char** argv) {
     CLI::App app{"Develops, shows and converts Dorvanta systems (.dvs) without windows.", "dorvanta-cli"};
     app.require_subcommand(1);
     app.fallthrough();
-    std::string language = DV_DEFAULT_LANGUAGE_FILE;
+    std::string language = LinguaPredefinita(argv[0]);
     app.add_option("--language", language, "Language file (.lng) for the numbered messages")
         ->capture_default_str();
 

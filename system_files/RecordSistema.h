@@ -133,15 +133,4 @@ private:
     ScrittoreBinario& m_out;
 };
 
-// Visitor that counts the bytes a record takes on file.
-class MisuraCampi {
-public:
-    size_t size = 0;
-    void u8(uint8_t&) { size += 1; }
-    void i16(int16_t&) { size += 2; }
-    void i32(int32_t&) { size += 4; }
-    void bytes(uint8_t*, size_t n) { size += n; }
-    void str(std::string& s) { size += 2 + s.size(); }
-};
-
 } // namespace dv

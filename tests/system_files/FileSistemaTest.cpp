@@ -1,7 +1,6 @@
 // Writing system files, and the round trip of whole states through them.
 #include "core/Sistema.h"
 #include "system_files/FileSistema.h"
-#include "system_files/RecordSistema.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
 #include "tests/system_files/SupportoFile.h"
@@ -204,22 +203,6 @@ TEST(FileSistemaWriter, TheDescriptionIsAnsiOnFileAndUtf8InMemory) {
     EXPECT_EQ(back.pronostico.Descrizione, c.pronostico.Descrizione);
 }
 
-TEST(FileSistemaWriter, RecordsTakeTheirWidthsOnFile) {
-    MisuraCampi m1, m2, m3, m4;
-    ColonnaFiltro f;
-    CondizioneDistanza d;
-    Consecutivi k;
-    DistanzaMinima dm;
-    CampiColonnaFiltro(m1, f);
-    CampiCondizioneDistanza(m2, d);
-    CampiConsecutivi(m3, k);
-    CampiDistanzaMinima(m4, dm);
-    EXPECT_EQ(m1.size, 96u);
-    EXPECT_EQ(m2.size, 386u);
-    EXPECT_EQ(m3.size, 6u);
-    EXPECT_EQ(m4.size, 3u);
-}
-
 TEST(FileSistemaWriter, SavingAgainWithFewerColumnsLeavesOnlyTheSecondContent) {
     CartellaTemporanea dir;
     const std::string path = dir.file("twice.dvs");
@@ -254,13 +237,6 @@ TEST(FileSistemaWriter, AFailedSaveLeavesTheOldFileIntact) {
     EXPECT_EQ(ui.boxes[0].text, "Error 75 (Path/File access error) in procedure SalvaFile of Modulo corpo");
     EXPECT_EQ(ReadText(path), "old content");
     EXPECT_EQ(ui.busyDepth, 0);
-}
-
-TEST(FileSistemaWriter, EmptyPathWritesNothing) {
-    Corpo c;
-    FakeUi ui;
-    EXPECT_FALSE(SalvaFile(c, ui, ""));
-    EXPECT_TRUE(ui.calls.empty());
 }
 
 TEST(FileSistemaReader, ReportsToTheWindowInOrder) {
