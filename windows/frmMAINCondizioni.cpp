@@ -1,29 +1,67 @@
 #include "windows/frmMAINCondizioni.h"
 
+#include "windows/QtUi.h"
+#include "windows/frmConsecutivi.h"
+#include "windows/frmDistanzaMinima.h"
+#include "windows/frmFisse.h"
 #include "windows/frmMAIN.h"
+#include "windows/frmPari.h"
+#include "windows/frmRidotto.h"
+#include "windows/frmSomma.h"
 
 #include <QAction>
 
+#include <cstring>
+
 namespace dv {
 
-frmMAINCondizioni::frmMAINCondizioni(frmMAIN& window) : m_window(window) {}
+frmMAINCondizioni::frmMAINCondizioni(frmMAIN& window) : m_window(window) {
+    const auto collega = [&window](const char* name, auto slot) {
+        QAction* a = window.azione(QString::fromLatin1(name));
+        QObject::connect(a, &QAction::triggered, &window, slot);
+        a->setVisible(true);
+    };
+    collega("menuConsecutivi", [this] { apri<frmConsecutivi>({"menuConsecutivi"}); });
+    collega("menuFisse", [this] { apri<frmFisse>({"menuFisse"}); });
+    collega("menuPariDispari", [this] { apri<frmPari>({"menuPariDispari"}); });
+    collega("menuSomma", [this] { apri<frmSomma>({"menuSomma"}); });
+    collega("menuRidotto", [this] { apri<frmRidotto>({"menuRidotto", "menuDistanzaMinima"}); });
+    collega("menuDistanzaMinima", [this] { apri<frmDistanzaMinima>({"menuRidotto", "menuDistanzaMinima"}); });
+}
+
+template <typename D> void frmMAINCondizioni::apri(std::initializer_list<const char*> segni) {
+    {
+        D dialog(m_window.corpo(), m_window.ui(), &m_window);
+        dialog.exec();
+    }
+    for (const char* name : segni) segna(name);
+}
 
 void frmMAINCondizioni::segna(const char* name, bool on) {
     if (QAction* a = m_window.azione(QString::fromLatin1(name))) a->setChecked(on);
 }
 
-void frmMAINCondizioni::aggiornaSegni() {
+// The mark of one entry, from the state of its condition.
+void frmMAINCondizioni::segna(const char* name) {
     const Corpo& c = m_window.corpo();
-    segna("menuSomma", c.condizioni.CondSomma != 0);
-    segna("menuFisse", c.condizioni.CondFisse != 0);
-    segna("menuPariDispari", c.condizioni.CondPari != 0);
-    segna("menuRidotto", c.condizioni.CondRidotto != 0);
-    segna("menuDistanzaMinima", c.distanzaMinima.CondDistanzaMinima != 0);
-    segna("menuConsecutivi", c.consecutivi.CondConsecutivi != 0);
-    segna("menuColonnaFiltroAND", c.FiltriAND.count() >= 1);
-    segna("menuColonnaFiltroOR", c.FiltriOR.count() >= 1);
-    segna("menuColonnaFiltroXOR", c.FiltriXOR.count() >= 1);
-    segna("menuDistanzaNumeri", c.CondizioniDistanza.count() != 0);
+    const auto is = [name](const char* n) { return std::strcmp(name, n) == 0; };
+    if (is("menuSomma")) segna(name, c.condizioni.CondSomma != 0);
+    else if (is("menuFisse")) segna(name, c.condizioni.CondFisse != 0);
+    else if (is("menuPariDispari")) segna(name, c.condizioni.CondPari != 0);
+    else if (is("menuRidotto")) segna(name, c.condizioni.CondRidotto != 0);
+    else if (is("menuDistanzaMinima")) segna(name, c.distanzaMinima.CondDistanzaMinima != 0);
+    else if (is("menuConsecutivi")) segna(name, c.consecutivi.CondConsecutivi != 0);
+    else if (is("menuColonnaFiltroAND")) segna(name, c.FiltriAND.count() >= 1);
+    else if (is("menuColonnaFiltroOR")) segna(name, c.FiltriOR.count() >= 1);
+    else if (is("menuColonnaFiltroXOR")) segna(name, c.FiltriXOR.count() >= 1);
+    else if (is("menuDistanzaNumeri")) segna(name, c.CondizioniDistanza.count() != 0);
+}
+
+void frmMAINCondizioni::aggiornaSegni() {
+    for (const char* name : {"menuSomma", "menuFisse", "menuPariDispari", "menuRidotto", "menuDistanzaMinima",
+                             "menuConsecutivi", "menuColonnaFiltroAND", "menuColonnaFiltroOR", "menuColonnaFiltroXOR",
+                             "menuDistanzaNumeri"})
+        segna(name);
 }
 
 void frmMAINCondizioni::togliSegni() {

@@ -1,5 +1,8 @@
-// The conditions menu of the main window: its check marks, taken from the state.
+// The conditions menu of the main window: the condition dialogs, and the check marks that show
+// which conditions are in force.
 #pragma once
+
+#include <initializer_list>
 
 namespace dv {
 
@@ -15,6 +18,9 @@ public:
     void togliSegni();
 
 private:
+    // Shows the dialog D modally, then refreshes the marks of the named entries.
+    template <typename D> void apri(std::initializer_list<const char*> segni);
+    void segna(const char* name);
     void segna(const char* name, bool on);
 
     frmMAIN& m_window;

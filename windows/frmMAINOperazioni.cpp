@@ -5,6 +5,7 @@
 #include "windows/QtUi.h"
 #include "windows/frmCalcoloWorker.h"
 #include "windows/frmMAIN.h"
+#include "windows/frmVisualizza.h"
 
 #include <QAction>
 #include <QPushButton>
@@ -24,6 +25,10 @@ frmMAINOperazioni::frmMAINOperazioni(frmMAIN& window)
     collega("menuModifiche", [this] { modifiche(); });
     collega("cmdModifiche", [this] { modifiche(); });
     collega("cmdCancella", [this] { cancella(); });
+    collega("menuVisualizza", [this] { visualizza(); });
+    collega("cmdVisualizza", [this] { visualizza(); });
+    window.mostraVoce(QStringLiteral("menuVisualizza"));
+    window.mostraVoce(QStringLiteral("cmdVisualizza"));
 }
 
 frmMAINOperazioni::~frmMAINOperazioni() = default;
@@ -42,6 +47,12 @@ void frmMAINOperazioni::mescola() {
 void frmMAINOperazioni::modifiche() {
     QtUi& ui = m_window.ui();
     if (ui.questionBox(ui.Lang("0054"), "", BoxIcon::Question)) ModificaSistema(m_window.corpo(), ui);
+}
+
+void frmMAINOperazioni::visualizza() {
+    if (m_window.corpo().pronostico.NumColonne <= 0) return;
+    frmVisualizza dialog(m_window.corpo(), m_window.ui(), &m_window);
+    dialog.exec();
 }
 
 void frmMAINOperazioni::cancella() { ResetSistema(m_window.corpo(), m_window.ui(), false); }

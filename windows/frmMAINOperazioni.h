@@ -19,6 +19,8 @@ public:
     void mescola();
     // menuModifiche and cmdModifiche: after "0054", the columns are given up.
     void modifiche();
+    // menuVisualizza and cmdVisualizza: the columns held, page by page.
+    void visualizza();
     // cmdCancella: system, conditions and forecast emptied.
     void cancella();
 

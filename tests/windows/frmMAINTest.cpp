@@ -10,8 +10,13 @@
 #include "windows/frmCalcoloWorker.h"
 #include "windows/frmMAIN.h"
 #include "windows/frmMAINOperazioni.h"
+#include "windows/frmSomma.h"
+#include "windows/frmVisualizza.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QTimer>
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
@@ -89,6 +94,10 @@ class frmMAINTest : public QObject {
             QCoreApplication::sendEvent(pressed, &move);
         }
         QTest::mouseRelease(pressed, Qt::LeftButton);
+    }
+    // Runs f on the modal window that the next action opens, once it is showing.
+    template <typename F> void sulModale(F f) {
+        QTimer::singleShot(0, [f] { f(QApplication::activeModalWidget()); });
     }
     void sviluppa() {
         QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
@@ -290,6 +299,49 @@ private slots:
         QVERIFY(m_corpo->pronostico.NumColonne < 622614630);
         QCOMPARE(m_corpo->pronostico.Descrizione, std::string("Integrale - ***"));
         QCOMPARE(pannello(4), QStringLiteral("Integrale - ***"));
+    }
+
+    void conditionSetThroughItsDialogNarrowsTheDevelopmentAndIsMarked() {
+        scegliDa1A(12); // columns of ten: 78 less two numbers
+        bool aperta = false;
+        sulModale([&aperta](QWidget* w) {
+            auto* somma = qobject_cast<frmSomma*>(w);
+            QVERIFY(somma);
+            aperta = true;
+            elementoArray<QRadioButton>(*somma, QStringLiteral("optCondSomma"), 0)->click();
+            somma->findChild<QLineEdit*>(QStringLiteral("meDa"))->setText(QStringLiteral("55"));
+            somma->findChild<QLineEdit*>(QStringLiteral("meA"))->setText(QStringLiteral("57"));
+            somma->close();
+        });
+        m_main->azione(QStringLiteral("menuSomma"))->trigger();
+        QVERIFY(aperta);
+        QVERIFY(m_main->azione(QStringLiteral("menuSomma"))->isChecked());
+        QVERIFY(!m_main->azione(QStringLiteral("menuFisse"))->isChecked());
+        sviluppa();
+        // Left out pairs adding up to 21, 22 or 23: 9+12, 10+11, 10+12, 11+12.
+        QCOMPARE(m_corpo->pronostico.NumColonne, 4);
+        QCOMPARE(pannello(4), QStringLiteral("Condizionato"));
+        // A new system takes the condition and its mark away.
+        m_main->azione(QStringLiteral("menuNuovo"))->trigger();
+        QVERIFY(!m_main->azione(QStringLiteral("menuSomma"))->isChecked());
+    }
+
+    void viewerOpensOnlyWhenColumnsAreHeld() {
+        scegliDa1A(11);
+        int aperte = 0;
+        const auto chiudiVisualizza = [&aperte](QWidget* w) {
+            if (!qobject_cast<frmVisualizza*>(w)) return;
+            ++aperte;
+            w->close();
+        };
+        sulModale(chiudiVisualizza);
+        m_main->operazioni().visualizza(); // no columns: nothing opens
+        QCoreApplication::processEvents();
+        QCOMPARE(aperte, 0);
+        sviluppa();
+        sulModale(chiudiVisualizza);
+        QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdVisualizza")), Qt::LeftButton);
+        QCOMPARE(aperte, 1);
     }
 
     void closingIsRefusedDuringARunAndOtherwiseAsked() {
