@@ -11,8 +11,16 @@
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
 #include "windows/frmCalcolo.h"
+#include "windows/frmConsecutivi.h"
+#include "windows/frmDistanzaMinima.h"
+#include "windows/frmFisse.h"
 #include "windows/frmMAIN.h"
+#include "windows/frmOrdinaPronostico.h"
+#include "windows/frmPari.h"
+#include "windows/frmRidotto.h"
+#include "windows/frmSomma.h"
 #include "windows/frmSplash.h"
+#include "windows/frmVisualizza.h"
 
 #include <QAction>
 #include <QApplication>
@@ -66,6 +74,14 @@ private:
     QString m_folder;
 };
 
+// A dialog of the program drawn as it shows at load, then put away without its closing rule.
+template <typename D> void scattaDialogo(Fotografo& foto, dv::frmMAIN& main, const QString& name) {
+    D dialog(main.corpo(), main.ui(), &main);
+    dialog.show();
+    foto.scatta(dialog, name);
+    dialog.hide();
+}
+
 void selezionaPronostico(dv::frmMAIN& main, std::initializer_list<int> numbers) {
     for (int n : numbers) dv::GrigliaNumeriClick(main.corpo(), main.ui(), n - 1);
 }
@@ -107,9 +123,19 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
     foto.scatta(calcolo, "frmCalcolo");
     calcolo.hide();
 
+    // The condition dialogs while the system is still open to changes.
+    scattaDialogo<dv::frmSomma>(foto, main, "frmSomma");
+    scattaDialogo<dv::frmPari>(foto, main, "frmPari");
+    scattaDialogo<dv::frmFisse>(foto, main, "frmFisse");
+    scattaDialogo<dv::frmConsecutivi>(foto, main, "frmConsecutivi");
+    scattaDialogo<dv::frmRidotto>(foto, main, "frmRidotto");
+    scattaDialogo<dv::frmDistanzaMinima>(foto, main, "frmDistanzaMinima");
+    scattaDialogo<dv::frmOrdinaPronostico>(foto, main, "frmOrdinaPronostico");
+
     dv::EngineObserver silenzioso;
     dv::Elabora(*corpo, main.ui(), control, silenzioso);
     foto.scatta(main, "frmMAIN_sistema");
+    scattaDialogo<dv::frmVisualizza>(foto, main, "frmVisualizza");
 
     // The room a 1280x800 screen leaves at 150% scaling, less the desktop's panels.
     main.resize(853, 500);
