@@ -7,14 +7,15 @@
 #include "settings/Impostazioni.h"
 #include "settings/Lingua.h"
 
+#include <QAction>
 #include <QMainWindow>
+#include <QPushButton>
 
 #include <initializer_list>
 #include <memory>
 
 class QLabel;
 class QMenu;
-class QPushButton;
 class QScrollBar;
 class QRadioButton;
 
@@ -64,6 +65,14 @@ public:
     QPushButton* pulsante(const QString& name) const;
     // Enables or disables the named menu entries, menus and controls.
     void abilita(std::initializer_list<const char*> names, bool enabled);
+    // Connects the named menu entry or button to slot and shows it: its window is part of the
+    // program.
+    template <typename F> void collega(const char* name, F slot) {
+        const QString n = QString::fromLatin1(name);
+        if (QPushButton* b = pulsante(n)) connect(b, &QPushButton::clicked, this, slot);
+        else if (QAction* a = azione(n)) connect(a, &QAction::triggered, this, slot);
+        mostraVoce(n);
+    }
     // Shows a menu entry (or button) whose window has become part of the program.
     void mostraVoce(const QString& name);
     // Hides the menus left without a visible entry.

@@ -16,17 +16,12 @@
 namespace dv {
 
 frmMAINCondizioni::frmMAINCondizioni(frmMAIN& window) : m_window(window) {
-    const auto collega = [&window](const char* name, auto slot) {
-        QAction* a = window.azione(QString::fromLatin1(name));
-        QObject::connect(a, &QAction::triggered, &window, slot);
-        a->setVisible(true);
-    };
-    collega("menuConsecutivi", [this] { apri<frmConsecutivi>({"menuConsecutivi"}); });
-    collega("menuFisse", [this] { apri<frmFisse>({"menuFisse"}); });
-    collega("menuPariDispari", [this] { apri<frmPari>({"menuPariDispari"}); });
-    collega("menuSomma", [this] { apri<frmSomma>({"menuSomma"}); });
-    collega("menuRidotto", [this] { apri<frmRidotto>({"menuRidotto", "menuDistanzaMinima"}); });
-    collega("menuDistanzaMinima", [this] { apri<frmDistanzaMinima>({"menuRidotto", "menuDistanzaMinima"}); });
+    window.collega("menuConsecutivi", [this] { apri<frmConsecutivi>({"menuConsecutivi"}); });
+    window.collega("menuFisse", [this] { apri<frmFisse>({"menuFisse"}); });
+    window.collega("menuPariDispari", [this] { apri<frmPari>({"menuPariDispari"}); });
+    window.collega("menuSomma", [this] { apri<frmSomma>({"menuSomma"}); });
+    window.collega("menuRidotto", [this] { apri<frmRidotto>({"menuRidotto", "menuDistanzaMinima"}); });
+    window.collega("menuDistanzaMinima", [this] { apri<frmDistanzaMinima>({"menuRidotto", "menuDistanzaMinima"}); });
 }
 
 template <typename D> void frmMAINCondizioni::apri(std::initializer_list<const char*> segni) {

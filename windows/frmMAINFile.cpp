@@ -41,19 +41,14 @@ private:
 } // namespace
 
 frmMAINFile::frmMAINFile(frmMAIN& window) : m_window(window) {
-    const auto collega = [&window](const char* name, auto slot) {
-        QAction* a = window.azione(QString::fromLatin1(name));
-        QObject::connect(a, &QAction::triggered, &window, slot);
-        a->setVisible(true);
-    };
-    collega("menuNuovo", [this] { nuovo(); });
-    collega("menuApri", [this] { apriConScelta(); });
-    collega("menuSalva", [this] { salva(); });
-    collega("menuSalvaConNome", [this] { salvaConNome(); });
-    collega("menuImportaColonne", [this] { importaColonne(); });
-    collega("menuEsportaColonne", [this] { esportaColonne(); });
-    collega("menuUscita", [&window] { window.close(); });
-    collega("menuApriDirectory", [this] { apriDirectory(); });
+    window.collega("menuNuovo", [this] { nuovo(); });
+    window.collega("menuApri", [this] { apriConScelta(); });
+    window.collega("menuSalva", [this] { salva(); });
+    window.collega("menuSalvaConNome", [this] { salvaConNome(); });
+    window.collega("menuImportaColonne", [this] { importaColonne(); });
+    window.collega("menuEsportaColonne", [this] { esportaColonne(); });
+    window.collega("menuUscita", [&window] { window.close(); });
+    window.collega("menuApriDirectory", [this] { apriDirectory(); });
 }
 
 void frmMAINFile::leggiConfigurazione() {

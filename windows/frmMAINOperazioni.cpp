@@ -14,21 +14,14 @@ namespace dv {
 
 frmMAINOperazioni::frmMAINOperazioni(frmMAIN& window)
     : m_window(window), m_worker(std::make_unique<frmCalcoloWorker>(window.corpo(), window.ui(), window)) {
-    const auto collega = [&window](const char* name, auto slot) {
-        if (QAction* a = window.azione(QString::fromLatin1(name))) QObject::connect(a, &QAction::triggered, &window, slot);
-        if (QPushButton* b = window.pulsante(QString::fromLatin1(name)))
-            QObject::connect(b, &QPushButton::clicked, &window, slot);
-    };
-    collega("menuCalcolo", [this] { calcolo(); });
-    collega("cmdCalcolo", [this] { calcolo(); });
-    collega("menuMescola", [this] { mescola(); });
-    collega("menuModifiche", [this] { modifiche(); });
-    collega("cmdModifiche", [this] { modifiche(); });
-    collega("cmdCancella", [this] { cancella(); });
-    collega("menuVisualizza", [this] { visualizza(); });
-    collega("cmdVisualizza", [this] { visualizza(); });
-    window.mostraVoce(QStringLiteral("menuVisualizza"));
-    window.mostraVoce(QStringLiteral("cmdVisualizza"));
+    window.collega("menuCalcolo", [this] { calcolo(); });
+    window.collega("cmdCalcolo", [this] { calcolo(); });
+    window.collega("menuMescola", [this] { mescola(); });
+    window.collega("menuModifiche", [this] { modifiche(); });
+    window.collega("cmdModifiche", [this] { modifiche(); });
+    window.collega("cmdCancella", [this] { cancella(); });
+    window.collega("menuVisualizza", [this] { visualizza(); });
+    window.collega("cmdVisualizza", [this] { visualizza(); });
 }
 
 frmMAINOperazioni::~frmMAINOperazioni() = default;

@@ -9,6 +9,7 @@
 #include "windows/frmCalcolo.h"
 #include "windows/frmCalcoloWorker.h"
 #include "windows/frmMAIN.h"
+#include "windows/frmMAINFile.h"
 #include "windows/frmMAINOperazioni.h"
 #include "windows/frmSomma.h"
 #include "windows/frmVisualizza.h"
@@ -409,6 +410,18 @@ private slots:
         fs::remove(path);
         m_main->azione(QStringLiteral("menuSalva"))->trigger();
         QVERIFY(fs::exists(path));
+    }
+
+    void aMissingFileOnTheCommandLineIsReportedAndLeavesAnEmptySystem() {
+        scegliDa1A(12);
+        m_dialogs->boxes.clear();
+        m_main->file().apri("\"" + m_corpo->AppDir + "/sistemi/manca.dvs\"");
+        QCOMPARE(m_dialogs->boxes.size(), size_t{1});
+        QVERIFY(m_dialogs->boxes[0].text.rfind("Error ", 0) == 0);
+        QVERIFY(m_dialogs->boxes[0].text.find("ApriFile") != std::string::npos);
+        QCOMPARE(m_corpo->pronostico.NumColonne, 0);
+        QVERIFY(m_main->isEnabled());
+        QVERIFY(abilitato("frameNumeri"));
     }
 
     void exportAndImportColumnsThroughTheMenus() {
