@@ -25,3 +25,14 @@ bool DownloadFile(const std::string& url, const std::string& path, bool removeCa
                   const LimitiDownload& limiti = {}, std::string* error = nullptr);
 
 } // namespace dv
+
+#include "settings/Online.h"
+
+namespace dv {
+
+// DownloadFile as the downloader of the operations on the web server, with no cached copy.
+inline Scaricatore ScaricatoreDiRete() {
+    return [](const std::string& url, const std::string& path) { return DownloadFile(url, path, true); };
+}
+
+} // namespace dv

@@ -1,0 +1,309 @@
+// frmImpostazioni, frmAbout, frmNewVersion and the start's version check, on the offscreen
+// platform, with the shipped language files and dorvanta-server on 127.0.0.1.
+#include "platform/ApplyLanguage.h"
+#include "platform/DownloadFile.h"
+#include "settings/Lingua.h"
+#include "settings/classINI.h"
+#include "windows/frmAbout.h"
+#include "windows/frmImpostazioni.h"
+#include "windows/frmNewVersion.h"
+
+#include "server/ServerProcess.h"
+#include "support/FakeUi.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTcpServer>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <set>
+
+using dv::test::FakeUi;
+using dv::test::ServerProcess;
+
+namespace {
+
+const QString Sorgente = QStringLiteral(DV_SOURCE_DIR);
+
+// AppDir for one test: a temporary folder, with the shipped language files when asked.
+struct Cartella {
+    QTemporaryDir dir;
+    std::string path() const { return dir.path().toStdString(); }
+    Cartella& conLingue() {
+        for (const char* f : {"italiano.lng", "english.lng"})
+            QFile::copy(Sorgente + QStringLiteral("/languages/") + QString::fromLatin1(f), dir.filePath(QString::fromLatin1(f)));
+        return *this;
+    }
+    Cartella& conImpostazioni(const std::string& text) {
+        std::ofstream(dir.filePath(QStringLiteral("dorvantaqvn.ini")).toStdString(), std::ios::binary) << text;
+        return *this;
+    }
+};
+
+dv::ServiziImpostazioni servizi(std::vector<std::string> printers, dv::Scaricatore download = {}) {
+    if (!download) download = [](const std::string&, const std::string&) { return false; };
+    return {[printers] { return printers; }, download};
+}
+
+template <typename T> T* trova(QWidget& w, const char* name) { return w.findChild<T*>(QString::fromLatin1(name)); }
+
+std::vector<std::string> testiBox(const FakeUi& ui) {
+    std::vector<std::string> out;
+    for (const auto& b : ui.boxes) out.push_back(b.text);
+    return out;
+}
+
+// Every key of the window's section names the window or one of its controls.
+void controllaSezione(QWidget& form, const QString& lngFile) {
+    QFile f(lngFile);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QString section = QLatin1Char('[') + form.objectName() + QLatin1Char(']');
+    bool inside = false;
+    int keys = 0;
+    for (const QByteArray& raw : f.readAll().split('\n')) {
+        const QString line = QString::fromLatin1(raw).trimmed();
+        if (line.startsWith(QLatin1Char('['))) {
+            inside = line == section;
+            continue;
+        }
+        if (!inside || line.isEmpty() || line.startsWith(QLatin1Char(';'))) continue;
+        QString name = line.left(line.indexOf(QLatin1Char('.')));
+        int index = -1;
+        if (const int p = name.indexOf(QLatin1Char('(')); p > 0) {
+            index = name.mid(p + 1, name.indexOf(QLatin1Char(')')) - p - 1).toInt();
+            name = name.left(p);
+        }
+        ++keys;
+        if (name == form.objectName()) continue;
+        const QObject* found = index >= 0 ? dv::elementoArray<QObject>(form, name, index) : form.findChild<QObject*>(name);
+        EXPECT_NE(found, nullptr) << lngFile.toStdString() << ": " << line.toStdString();
+    }
+    EXPECT_GT(keys, 0) << lngFile.toStdString() << " has no section " << section.toStdString();
+}
+
+} // namespace
+
+TEST(frmImpostazioni, ShowsTheSettingsInTheLanguageInUse) {
+    Cartella app;
+    app.conLingue().conImpostazioni("[IMPOSTAZIONI]\r\nINTESTAZIONE=RICEVITORIA 42\r\nSTAMPANTE TABULATO=Laser B\r\n"
+                                    "MODALITA' RICALCOLO=TRUE\r\nSORGENTE RICALCOLO=2\r\nLINGUA=ENGLISH\r\n");
+    dv::Impostazioni imp;
+    dv::Lingua lingua{app.path(), ""};
+    FakeUi ui;
+    lingua.CurrentLanguage = "ENGLISH";
+    dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({"Laser A", "Laser B"}));
+    EXPECT_TRUE(ui.boxes.empty()) << testiBox(ui).front();
+    EXPECT_EQ(f.windowTitle(), "Settings");
+    EXPECT_EQ(trova<QLabel>(f, "lblIntestazione")->text(), "Print header");
+    EXPECT_EQ(trova<QPushButton>(f, "cmdLangUpdate")->toolTip(), "Download Language Files");
+    EXPECT_EQ(dv::elementoArray<QRadioButton>(f, QStringLiteral("optModoRicalcolo"), 1)->text(), "MEMORY");
+    EXPECT_EQ(trova<QLineEdit>(f, "mskIntestazione")->text(), "RICEVITORIA 42");
+    EXPECT_EQ(trova<QComboBox>(f, "cmbStampante")->currentText(), "Laser B");
+    EXPECT_EQ(trova<QComboBox>(f, "cmbLingua")->currentText(), "ENGLISH");
+    EXPECT_EQ(trova<QComboBox>(f, "cmbLingua")->count(), 2);
+    EXPECT_TRUE(trova<QCheckBox>(f, "chkStatoRicalcolo")->isChecked());
+    EXPECT_TRUE(dv::elementoArray<QRadioButton>(f, QStringLiteral("optModoRicalcolo"), 0)->isChecked());
+}
+
+TEST(frmImpostazioni, ChoosingALanguageAppliesItAtOnceAndSavingStoresIt) {
+    Cartella app;
+    app.conLingue().conImpostazioni("[IMPOSTAZIONI]\r\nLINGUA=italiano\r\n");
+    dv::Impostazioni imp;
+    dv::Lingua lingua{app.path(), ""};
+    dv::ReadConfiguration(app.path(), imp, lingua);
+    FakeUi ui;
+    dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({"Laser A"}));
+    EXPECT_EQ(f.windowTitle(), "Impostazioni");
+    EXPECT_EQ(trova<QComboBox>(f, "cmbLingua")->currentText(), "ITALIANO"); // shown in capitals
+    EXPECT_EQ(testiBox(ui), std::vector<std::string>{"Select Printer"});     // "NESSUNA" is not there
+
+    QComboBox* lingue = trova<QComboBox>(f, "cmbLingua");
+    lingue->setCurrentIndex(lingue->findText(QStringLiteral("ENGLISH")));
+    emit lingue->activated(lingue->currentIndex());
+    EXPECT_EQ(lingua.CurrentLanguage, "ENGLISH");
+    EXPECT_EQ(f.windowTitle(), "Settings");
+    EXPECT_EQ(ui.busyDepth, 0);
+
+    // An unticked mode hides the source options, whose value is saved all the same.
+    trova<QCheckBox>(f, "chkStatoRicalcolo")->setChecked(false);
+    EXPECT_TRUE(dv::elementoArray<QRadioButton>(f, QStringLiteral("optModoRicalcolo"), 0)->isHidden());
+    dv::elementoArray<QRadioButton>(f, QStringLiteral("optModoRicalcolo"), 0)->setChecked(true);
+    trova<QLineEdit>(f, "mskIntestazione")->setText(QStringLiteral("BAR SPORT"));
+    trova<QComboBox>(f, "cmbStampante")->setCurrentIndex(0);
+    trova<QPushButton>(f, "cmdSalva")->click();
+    EXPECT_EQ(f.result(), QDialog::Accepted);
+    const dv::classINI ini(dv::FileImpostazioni(app.path()));
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "INTESTAZIONE", ""), "BAR SPORT");
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "STAMPANTE TABULATO", ""), "Laser A");
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "MODALITA' RICALCOLO", ""), "FALSE");
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "SORGENTE RICALCOLO", ""), "2");
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "LINGUA", ""), "ENGLISH");
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "SERVER", "none"), "none");
+}
+
+TEST(frmImpostazioni, AMachineWithoutPrintersIsToldSo) {
+    Cartella app;
+    app.conLingue();
+    dv::Impostazioni imp;
+    dv::Lingua lingua{app.path(), "ITALIANO"};
+    FakeUi ui;
+    dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({}));
+    // No language is set in the file: the list asks for one, then the printers are missing.
+    EXPECT_EQ(testiBox(ui), (std::vector<std::string>{"Select Language", "Printer not found"}));
+}
+
+TEST(frmImpostazioni, FirstStartDownloadsTheLanguagesFromTheServer) {
+    ServerProcess server(Sorgente + QStringLiteral("/server/sample-data"));
+    ASSERT_TRUE(server.running());
+    Cartella app;
+    app.conImpostazioni("[IMPOSTAZIONI]\r\nSERVER=" + server.base() + "\r\n");
+    dv::Impostazioni imp;
+    dv::Lingua lingua{app.path(), ""};
+    FakeUi ui;
+    dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({"Laser A"}, dv::ScaricatoreDiRete()));
+    QComboBox* lingue = trova<QComboBox>(f, "cmbLingua");
+    ASSERT_EQ(lingue->count(), 2);
+    EXPECT_EQ(lingue->itemText(0), "ENGLISH");
+    EXPECT_EQ(lingue->itemText(1), "ITALIANO");
+    EXPECT_TRUE(QFile::exists(app.dir.filePath(QStringLiteral("english.lng"))));
+    EXPECT_EQ(testiBox(ui), std::vector<std::string>{"Select Language"});
+    EXPECT_EQ(trova<QComboBox>(f, "cmbStampante")->count(), 1);
+
+    ui.boxes.clear();
+    trova<QPushButton>(f, "cmdInfoLanguage")->click();
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "Italiano: il gruppo di Dorvanta\r\nEnglish: the Dorvanta team");
+    EXPECT_EQ(ui.boxes[0].icon, dv::BoxIcon::Information);
+}
+
+TEST(frmImpostazioni, FirstStartWithoutNetworkSaysNoLanguageWasFound) {
+    QTcpServer closed;
+    closed.listen(QHostAddress::LocalHost, 0);
+    const auto port = closed.serverPort();
+    closed.close();
+    Cartella app;
+    app.conImpostazioni("[IMPOSTAZIONI]\r\nSERVER=http://127.0.0.1:" + std::to_string(port) + "\r\n");
+    dv::Impostazioni imp;
+    dv::Lingua lingua{app.path(), ""};
+    FakeUi ui;
+    dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({}, dv::ScaricatoreDiRete()));
+    EXPECT_EQ(testiBox(ui), std::vector<std::string>{"Warning files language not found"});
+    // Nothing shown for the credits when the server cannot be reached.
+    trova<QPushButton>(f, "cmdInfoLanguage")->click();
+    EXPECT_EQ(ui.boxes.size(), 1u);
+}
+
+TEST(frmNewVersion, ShowsBothVersionsAndOpensThePage) {
+    FakeUi ui;
+    std::string opened;
+    dv::frmNewVersion f(ui, nullptr, [&opened](const std::string& s) {
+        opened = s;
+        return true;
+    });
+    f.localVersion = "1.0.0";
+    f.remoteVersion = "1.10.0";
+    f.show();
+    EXPECT_EQ(trova<QLabel>(f, "lbLocalVersion")->text(), "1.0.0");
+    EXPECT_EQ(trova<QLabel>(f, "lbRemoteVersion")->text(), "1.10.0");
+    f.lbURL_Click();
+    EXPECT_EQ(opened, dv::IndirizzoPaginaWeb());
+    EXPECT_FALSE(f.isVisible());
+}
+
+TEST(NewVersion, NewerOnTheServerShowsTheWindowOtherwiseStartsWithoutAWord) {
+    QTemporaryDir data;
+    QDir().mkpath(data.filePath(QStringLiteral("public/10elotto")));
+    auto versione = [&data](const QByteArray& v) {
+        QFile f(data.filePath(QStringLiteral("public/10elotto/ver.asp")));
+        f.open(QIODevice::WriteOnly);
+        f.write(v);
+    };
+    ServerProcess server(data.path());
+    ASSERT_TRUE(server.running());
+    Cartella app;
+    app.conImpostazioni("[IMPOSTAZIONI]\r\nSERVER=" + server.base() + "\r\n");
+    dv::Impostazioni imp;
+    dv::Lingua lingua;
+    dv::ReadConfiguration(app.path(), imp, lingua);
+    FakeUi ui;
+
+    EXPECT_FALSE(dv::NewVersion(imp, app.path(), ui)); // no ver.asp: 404
+    versione(QByteArray::fromStdString(dv::VersioneProgramma()) + "\r\n");
+    EXPECT_FALSE(dv::NewVersion(imp, app.path(), ui));
+    EXPECT_FALSE(QFile::exists(app.dir.filePath(QStringLiteral("temp/dorvanqvnver.txt"))));
+    EXPECT_TRUE(ui.boxes.empty());
+
+    versione("1.0");
+    EXPECT_FALSE(dv::NewVersion(imp, app.path(), ui));
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "Error 9 (Subscript out of range) in procedure NewVersion of Modulo corpo");
+
+    versione("999.0.0");
+    // The window comes up after the download: close it as soon as it is there.
+    QString shown;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, [&shown, &closer] {
+        if (QWidget* w = QApplication::activeModalWidget()) {
+            shown = w->findChild<QLabel*>(QStringLiteral("lbRemoteVersion"))->text();
+            w->close();
+            closer.stop();
+        }
+    });
+    closer.start(20);
+    EXPECT_TRUE(dv::NewVersion(imp, app.path(), ui));
+    EXPECT_EQ(shown, "999.0.0");
+}
+
+TEST(LanguageFiles, EveryKeyOfTheseWindowsNamesOneOfTheirControls) {
+    Cartella app;
+    app.conLingue();
+    dv::Impostazioni imp;
+    dv::Lingua lingua{app.path(), "ITALIANO"};
+    FakeUi ui;
+    dv::frmImpostazioni impostazioni(imp, lingua, ui, nullptr, servizi({"Laser A"}));
+    dv::frmAbout about(ui);
+    dv::frmNewVersion nuova(ui);
+    for (const char* file : {"italiano.lng", "english.lng"}) {
+        const QString path = Sorgente + QStringLiteral("/languages/") + QString::fromLatin1(file);
+        for (QWidget* w : std::initializer_list<QWidget*>{&impostazioni, &about, &nuova}) controllaSezione(*w, path);
+    }
+}
+
+TEST(frmAbout, ShowsItsTextsInEnglishAndOpensThePage) {
+    Cartella app;
+    app.conLingue();
+    dv::Lingua lingua{app.path(), "ENGLISH"};
+    FakeUi ui;
+    struct UiConLingua : FakeUi {
+        std::string file;
+        std::string languageFile() override { return file; }
+    } uiEn;
+    uiEn.file = lingua.languageFile();
+    std::string opened;
+    dv::frmAbout about(uiEn, nullptr, [&opened](const std::string& s) {
+        opened = s;
+        return true;
+    });
+    EXPECT_EQ(about.windowTitle(), "About Dorvanta");
+    EXPECT_EQ(trova<QPushButton>(about, "cmdOK")->text(), "OK");
+    about.lbURL_Click();
+    EXPECT_EQ(opened, dv::IndirizzoPaginaWeb());
+}
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,217 @@
+#include "windows/frmImpostazioni.h"
+
+#include "core/Ui.h"
+#include "platform/ApplyLanguage.h"
+#include "platform/DownloadFile.h"
+#include "platform/Shell.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <exception>
+#include <stdexcept>
+
+namespace dv {
+
+namespace {
+
+std::string maiuscole(std::string s) {
+    for (char& c : s)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
+    return s;
+}
+
+} // namespace
+
+frmImpostazioni::frmImpostazioni(Impostazioni& impostazioni, Lingua& lingua, Ui& ui, QWidget* parent,
+                                 ServiziImpostazioni servizi)
+    : QDialog(parent), m_imp(impostazioni), m_lingua(lingua), m_ui(ui), m_servizi(std::move(servizi)) {
+    if (!m_servizi.stampanti) m_servizi.stampanti = ElencoStampanti;
+    if (!m_servizi.download) m_servizi.download = ScaricatoreDiRete();
+    creaControlli();
+    protetto("Form_Load", [this] { Form_Load(); });
+}
+
+void frmImpostazioni::creaControlli() {
+    setObjectName(QStringLiteral("frmImpostazioni"));
+    setWindowTitle(QStringLiteral("Impostazioni"));
+    auto* grid = new QGridLayout(this);
+
+    m_lblIntestazione = new QLabel(QStringLiteral("Intestazione stampa"), this);
+    m_lblIntestazione->setObjectName(QStringLiteral("lblIntestazione"));
+    m_mskIntestazione = new QLineEdit(this);
+    m_mskIntestazione->setObjectName(QStringLiteral("mskIntestazione"));
+    m_mskIntestazione->setMaxLength(static_cast<int>(LunghezzaIntestazione));
+    m_mskIntestazione->setMinimumWidth(380);
+    grid->addWidget(m_lblIntestazione, 0, 0);
+    grid->addWidget(m_mskIntestazione, 0, 1, 1, 3);
+
+    m_lblStampanteTabulato = new QLabel(QStringLiteral("Stampante Tabulato"), this);
+    m_lblStampanteTabulato->setObjectName(QStringLiteral("lblStampanteTabulato"));
+    m_cmbStampante = new QComboBox(this);
+    m_cmbStampante->setObjectName(QStringLiteral("cmbStampante"));
+    grid->addWidget(m_lblStampanteTabulato, 1, 0);
+    grid->addWidget(m_cmbStampante, 1, 1, 1, 3);
+
+    m_lbLanguage = new QLabel(QStringLiteral("Lingua"), this);
+    m_lbLanguage->setObjectName(QStringLiteral("lbLanguage"));
+    m_cmbLingua = new QComboBox(this);
+    m_cmbLingua->setObjectName(QStringLiteral("cmbLingua"));
+    m_cmdInfoLanguage = new QPushButton(QStringLiteral("Info"), this);
+    m_cmdInfoLanguage->setObjectName(QStringLiteral("cmdInfoLanguage"));
+    m_cmdInfoLanguage->setToolTip(QStringLiteral("Info Languages"));
+    m_cmdLangUpdate = new QPushButton(QStringLiteral("Scarica"), this);
+    m_cmdLangUpdate->setObjectName(QStringLiteral("cmdLangUpdate"));
+    m_cmdLangUpdate->setToolTip(QStringLiteral("Download Language Files"));
+    grid->addWidget(m_lbLanguage, 2, 0);
+    grid->addWidget(m_cmbLingua, 2, 1);
+    grid->addWidget(m_cmdInfoLanguage, 2, 2);
+    grid->addWidget(m_cmdLangUpdate, 2, 3);
+
+    m_frameRicalcolo = new QGroupBox(QString::fromUtf8("Modalità Ricalcolo"), this);
+    m_frameRicalcolo->setObjectName(QStringLiteral("frameRicalcolo"));
+    auto* row = new QHBoxLayout(m_frameRicalcolo);
+    m_chkStatoRicalcolo = new QCheckBox(QStringLiteral("ATTIVA"), m_frameRicalcolo);
+    m_chkStatoRicalcolo->setObjectName(QStringLiteral("chkStatoRicalcolo"));
+    row->addWidget(m_chkStatoRicalcolo);
+    const char* modi[2] = {"FILE", "MEMORIA"};
+    for (int i = 0; i < 2; ++i) {
+        m_optModoRicalcolo[i] = new QRadioButton(QString::fromLatin1(modi[i]), m_frameRicalcolo);
+        m_optModoRicalcolo[i]->setObjectName(QStringLiteral("optModoRicalcolo"));
+        m_optModoRicalcolo[i]->setProperty("index", i);
+        row->addWidget(m_optModoRicalcolo[i]);
+    }
+    grid->addWidget(m_frameRicalcolo, 3, 0, 1, 4);
+
+    m_cmdSalva = new QPushButton(QStringLiteral("Salva"), this);
+    m_cmdSalva->setObjectName(QStringLiteral("cmdSalva"));
+    m_cmdSalva->setDefault(true);
+    grid->addWidget(m_cmdSalva, 4, 3);
+
+    connect(m_chkStatoRicalcolo, &QCheckBox::toggled, this, [this] { mostraOpzioni(); });
+    connect(m_cmbLingua, &QComboBox::activated, this, [this] { protetto("cmbLingua_Click", [this] { cmbLingua_Click(); }); });
+    connect(m_cmdLangUpdate, &QPushButton::clicked, this,
+            [this] { protetto("cmdLangUpdate_Click", [this] { cmdLangUpdate_Click(); }); });
+    connect(m_cmdInfoLanguage, &QPushButton::clicked, this, [this] { cmdInfoLanguage_Click(); });
+    connect(m_cmdSalva, &QPushButton::clicked, this, [this] { protetto("cmdSalva_Click", [this] { cmdSalva_Click(); }); });
+}
+
+void frmImpostazioni::protetto(const char* procedura, const std::function<void()>& f) {
+    try {
+        f();
+    } catch (const std::exception& e) {
+        m_ui.messageBox(std::string("Error 0 (") + e.what() + ") in procedure " + procedura + " of Form frmImpostazioni",
+                        "", BoxIcon::None);
+    }
+}
+
+void frmImpostazioni::mostraOpzioni() {
+    const bool visible = m_chkStatoRicalcolo->isChecked();
+    for (QRadioButton* opt : m_optModoRicalcolo) opt->setVisible(visible);
+}
+
+void frmImpostazioni::Form_Load() {
+    // 1-3. The settings into the controls.
+    ReadConfiguration(m_lingua.AppDir, m_imp, m_lingua);
+    m_chkStatoRicalcolo->setChecked(m_imp.ModalitaRicalcolo);
+    m_optModoRicalcolo[m_imp.SorgenteRicalcolo == 1 ? 1 : 0]->setChecked(true);
+    mostraOpzioni();
+    m_mskIntestazione->clear();
+    m_mskIntestazione->setText(QString::fromStdString(m_imp.Intestazione));
+
+    if (m_lingua.CurrentLanguage.empty()) {
+        // 4. No language yet: fetch the language files before the window appears.
+        cmdLangUpdate_Click();
+        elencaStampanti(false);
+        m_cmbStampante->setFocus();
+        return;
+    }
+    // 5. A language is in use.
+    ApplyLanguage(*this, m_lingua.languageFile());
+    ElencaLingue();
+    elencaStampanti(true);
+}
+
+void frmImpostazioni::elencaStampanti(bool seleziona) {
+    m_cmbStampante->clear();
+    for (const std::string& name : m_servizi.stampanti()) m_cmbStampante->addItem(QString::fromStdString(name));
+    m_cmbStampante->setCurrentIndex(-1);
+    if (!seleziona) return;
+    m_cmbStampante->setCurrentIndex(m_cmbStampante->findText(QString::fromStdString(m_imp.StampanteTabulato),
+                                                             Qt::MatchFixedString | Qt::MatchCaseSensitive));
+    if (m_cmbStampante->count() > 0 && m_cmbStampante->currentIndex() < 0) {
+        m_ui.messageBox("Select Printer", "", BoxIcon::Critical);
+        m_cmbStampante->setFocus();
+    } else if (m_cmbStampante->count() == 0) {
+        m_ui.messageBox("Printer not found", "", BoxIcon::Critical);
+    }
+}
+
+void frmImpostazioni::ElencaLingue() {
+    m_cmbLingua->clear();
+    const std::string wanted = maiuscole(m_imp.Lingua);
+    int selected = -1;
+    for (const std::string& name : ElencoLingue(m_lingua.AppDir)) {
+        m_cmbLingua->addItem(QString::fromStdString(name));
+        if (name == wanted) selected = m_cmbLingua->count() - 1;
+    }
+    m_cmbLingua->setCurrentIndex(selected);
+    if (m_cmbLingua->count() > 0 && selected < 0) {
+        m_ui.messageBox("Select Language", "", BoxIcon::Critical);
+        m_cmbLingua->setFocus();
+    } else if (m_cmbLingua->count() == 0) {
+        m_ui.messageBox("Warning files language not found", "", BoxIcon::Critical);
+    }
+}
+
+void frmImpostazioni::cmbLingua_Click() {
+    if (m_cmbLingua->currentIndex() < 0) return;
+    m_ui.setBusy(true);
+    setEnabled(false);
+    m_lingua.CurrentLanguage = m_cmbLingua->currentText().toStdString();
+    const std::string file = m_lingua.languageFile();
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (!w->objectName().isEmpty()) ApplyLanguage(*w, file);
+    setEnabled(true);
+    m_ui.setBusy(false);
+}
+
+void frmImpostazioni::cmdLangUpdate_Click() {
+    m_ui.setBusy(true);
+    setEnabled(false);
+    AggiornaLingue(m_imp, m_lingua.AppDir, m_servizi.download);
+    setEnabled(true);
+    m_ui.setBusy(false);
+    ElencaLingue();
+}
+
+void frmImpostazioni::cmdInfoLanguage_Click() {
+    m_ui.setBusy(true);
+    setEnabled(false);
+    const auto crediti = CreditiLingue(m_imp, m_lingua.AppDir, m_servizi.download);
+    setEnabled(true);
+    m_ui.setBusy(false);
+    if (crediti) m_ui.messageBox(*crediti, "", BoxIcon::Information);
+}
+
+void frmImpostazioni::cmdSalva_Click() {
+    ImpostazioniDaSalvare s;
+    s.Intestazione = m_mskIntestazione->text().toStdString();
+    s.StampanteTabulato = m_cmbStampante->currentText().toStdString();
+    s.ModalitaRicalcolo = m_chkStatoRicalcolo->isChecked();
+    s.IndiceSorgente = m_optModoRicalcolo[0]->isChecked() ? 0 : 1;
+    s.Lingua = m_cmbLingua->currentText().toStdString();
+    if (!ScriviImpostazioni(m_lingua.AppDir, s))
+        throw std::runtime_error("the settings file " + FileImpostazioni(m_lingua.AppDir) + " cannot be written");
+    accept();
+}
+
+} // namespace dv
