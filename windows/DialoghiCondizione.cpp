@@ -1,6 +1,7 @@
 #include "windows/DialoghiCondizione.h"
 
 #include "core/dialogs/Condizione.h"
+#include "platform/ApplyLanguage.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -41,7 +42,7 @@ FrameCondizione* Dialogo::condizione(const char* nomeOpzioni, int16_t& flag) {
     return frame;
 }
 
-void Dialogo::applicaLingua() {}
+void Dialogo::applicaLingua() { ApplyLanguage(*this, m_ui.languageFile()); }
 
 void Dialogo::soloLettura(std::initializer_list<QWidget*> frames) {
     const bool modificabile = !SoloLettura(m_corpo);
@@ -75,7 +76,6 @@ FrameCondizione::FrameCondizione(const QString& nomeOpzioni, int16_t& flag, QWid
         auto* opt = new QRadioButton(captions[i], this);
         opt->setObjectName(nomeOpzioni);
         opt->setProperty("index", i);
-        opt->setAutoFillBackground(true);
         gruppo->addButton(opt, i);
         layout->addWidget(opt);
         m_opzioni.push_back(opt);
@@ -90,12 +90,9 @@ void FrameCondizione::click(int index) {
         QRadioButton* opt = m_opzioni[static_cast<size_t>(i)];
         const bool scelta = i == index;
         opt->setChecked(scelta);
-        QPalette p = opt->parentWidget()->palette();
-        if (scelta) {
-            p.setColor(QPalette::Window, ColoreQt(ColoreRosso));
-            p.setColor(QPalette::WindowText, ColoreQt(ColoreBianco));
-        }
-        opt->setPalette(p);
+        opt->setStyleSheet(scelta ? QStringLiteral("QRadioButton { background: %1; color: %2; padding: 2px 6px; }")
+                                        .arg(ColoreQt(ColoreRosso).name(), ColoreQt(ColoreBianco).name())
+                                  : QString());
     }
 }
 

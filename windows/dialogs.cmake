@@ -10,3 +10,4 @@ list(APPEND DV_WINDOW_SOURCES
     ${CMAKE_CURRENT_LIST_DIR}/frmSomma.cpp
     ${CMAKE_CURRENT_LIST_DIR}/frmVisualizza.cpp
 )
+list(APPEND DV_WINDOW_LIBS dv_platform)

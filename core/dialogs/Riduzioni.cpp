@@ -6,6 +6,16 @@
 
 namespace dv {
 
+namespace {
+// The two reductions exclude each other: when both are on, the one named by altra goes off
+// after the warning of key.
+void Escludi(Corpo& c, Ui& ui, const char* key, int16_t& altra) {
+    if (c.condizioni.CondRidotto == Falso || c.distanzaMinima.CondDistanzaMinima == Falso) return;
+    ui.messageBox(ui.Lang(key), "", BoxIcon::Exclamation);
+    altra = Falso;
+}
+} // namespace
+
 Barra CaricaRidotto(const Corpo& c) {
     Barra b{0, c.LenColonna, 0};
     b.valore = std::min<int>(c.condizioni.ValRidotto, b.massimo);
@@ -22,19 +32,13 @@ Barra CaricaDistanzaMinima(const Corpo& c) {
 void ChiudiRidotto(Corpo& c, Ui& ui, int valore) {
     if (SoloLettura(c)) return;
     c.condizioni.ValRidotto = static_cast<uint8_t>(valore);
-    if (c.condizioni.CondRidotto != Falso && c.distanzaMinima.CondDistanzaMinima != Falso) {
-        ui.messageBox(ui.Lang("0021"), "", BoxIcon::Exclamation);
-        c.distanzaMinima.CondDistanzaMinima = Falso;
-    }
+    Escludi(c, ui, "0021", c.distanzaMinima.CondDistanzaMinima);
 }
 
 void ChiudiDistanzaMinima(Corpo& c, Ui& ui, int valore) {
     if (SoloLettura(c)) return;
     c.distanzaMinima.ValDistanzaMinima = static_cast<uint8_t>(valore);
-    if (c.condizioni.CondRidotto != Falso && c.distanzaMinima.CondDistanzaMinima != Falso) {
-        ui.messageBox(ui.Lang("0005"), "", BoxIcon::Exclamation);
-        c.condizioni.CondRidotto = Falso;
-    }
+    Escludi(c, ui, "0005", c.condizioni.CondRidotto);
 }
 
 } // namespace dv

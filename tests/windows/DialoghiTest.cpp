@@ -12,10 +12,12 @@
 #include "windows/frmSomma.h"
 #include "windows/frmVisualizza.h"
 
+#include "platform/ApplyLanguage.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
 
 #include <QApplication>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -59,14 +61,9 @@ Corpo ConPronostico(const std::vector<int>& numeri, int len) {
     return c;
 }
 
-// Element index of a control array: the controls share the name and carry "index".
-template <typename T> T* Elemento(const QWidget& w, const char* nome, int index) {
-    for (T* child : w.findChildren<T*>(QString::fromLatin1(nome)))
-        if (child->property("index").toInt() == index) return child;
-    return nullptr;
+QRadioButton* Opzione(const QWidget& w, const char* nome, int index) {
+    return elementoArray<QRadioButton>(w, QString::fromLatin1(nome), index);
 }
-
-QRadioButton* Opzione(const QWidget& w, const char* nome, int index) { return Elemento<QRadioButton>(w, nome, index); }
 
 // A click on the round mark of an option.
 void Clicca(QRadioButton* opt) { QTest::mouseClick(opt, Qt::LeftButton, {}, QPoint(6, opt->height() / 2)); }
@@ -85,6 +82,11 @@ void Trascina(TabellaCelle& t, const std::vector<int>& celle) {
     for (size_t i = 1; i < celle.size(); ++i) Mouse(&t, QEvent::MouseMove, Centro(t, celle[i]), Qt::LeftButton);
     Mouse(&t, QEvent::MouseButtonRelease, Centro(t, celle.back()), Qt::NoButton);
 }
+
+// A Ui that names the English language file.
+struct UiInglese : test::FakeUi {
+    std::string languageFile() override { return DV_SOURCE_DIR "/languages/english.lng"; }
+};
 
 bool Acceso(const TabellaCelle& t, int index) { return t.cella(index)->property("tag").toString() == "1"; }
 
@@ -278,7 +280,7 @@ private slots:
         test::FakeUi ui;
         frmVisualizza w(c, ui);
         w.show();
-        auto riga = [&](int i) { return Elemento<QLabel>(w, "labVisualizza", i)->text(); };
+        auto riga = [&](int i) { return elementoArray<QLabel>(w, "labVisualizza", i)->text(); };
         auto pulsante = [&](const char* nome) { return w.findChild<QPushButton*>(nome); };
         auto* labNscheda = w.findChild<QLabel*>("labNscheda");
         QCOMPARE(riga(0), QString("  01-02-03"));
@@ -327,6 +329,23 @@ private slots:
         QCOMPARE(c.pronostico.Numeri[0], uint8_t{40});
         QCOMPARE(c.pronostico.Numeri[1], uint8_t{10});
         QCOMPARE(c.pronostico.Numeri[3], uint8_t{5});
+    }
+
+    void captionsComeFromTheLanguageInUse() {
+        Corpo c = ConPronostico(test::Range(1, 12), 4);
+        UiInglese ui;
+        frmSomma somma(c, ui);
+        QCOMPARE(somma.windowTitle(), QString("Sum"));
+        QCOMPARE(somma.findChild<QLabel*>("lblDA")->text(), QString("From"));
+        QCOMPARE(Opzione(somma, "optCondSomma", 1)->text(), QString("OFF"));
+        frmVisualizza visualizza(c, ui);
+        QCOMPARE(visualizza.findChild<QPushButton*>("cmdTOP")->toolTip(), QString("Last Panel"));
+        frmOrdinaPronostico ordine(c, ui);
+        QCOMPARE(ordine.findChild<QGroupBox*>("titleOrdinePronostico")->title(),
+                 QString("Drag the numbers to change their place"));
+        test::FakeUi italiano;
+        frmPari pari(c, italiano);
+        QCOMPARE(pari.findChild<QLabel*>("lblPari")->text(), QString("PARI"));
     }
 
     void forecastOrderRandomIsDrawnFromTheSeedEvenWhenLocked() {
