@@ -13,6 +13,8 @@
 #include "windows/frmCalcolo.h"
 #include "windows/frmConsecutivi.h"
 #include "windows/frmDistanzaMinima.h"
+#include "windows/frmFiltri.h"
+#include "windows/frmFiltriDistanzaNumeri.h"
 #include "windows/frmFisse.h"
 #include "windows/frmMAIN.h"
 #include "windows/frmOrdinaPronostico.h"
@@ -75,8 +77,9 @@ private:
 };
 
 // A dialog of the program drawn as it shows at load, then put away without its closing rule.
-template <typename D> void scattaDialogo(Fotografo& foto, dv::frmMAIN& main, const QString& name) {
-    D dialog(main.corpo(), main.ui(), &main);
+template <typename D, typename... Args>
+void scattaDialogo(Fotografo& foto, dv::frmMAIN& main, const QString& name, Args... args) {
+    D dialog(main.corpo(), main.ui(), args..., &main);
     dialog.show();
     foto.scatta(dialog, name);
     dialog.hide();
@@ -131,6 +134,9 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
     scattaDialogo<dv::frmRidotto>(foto, main, "frmRidotto");
     scattaDialogo<dv::frmDistanzaMinima>(foto, main, "frmDistanzaMinima");
     scattaDialogo<dv::frmOrdinaPronostico>(foto, main, "frmOrdinaPronostico");
+    scattaDialogo<dv::frmFiltri>(foto, main, "frmFiltri_AND", dv::TipoFiltro::AND);
+    scattaDialogo<dv::frmFiltri>(foto, main, "frmFiltri_XOR", dv::TipoFiltro::XOR);
+    scattaDialogo<dv::frmFiltriDistanzaNumeri>(foto, main, "frmFiltriDistanzaNumeri");
 
     dv::EngineObserver silenzioso;
     dv::Elabora(*corpo, main.ui(), control, silenzioso);

@@ -3,6 +3,8 @@
 #include "windows/QtUi.h"
 #include "windows/frmConsecutivi.h"
 #include "windows/frmDistanzaMinima.h"
+#include "windows/frmFiltri.h"
+#include "windows/frmFiltriDistanzaNumeri.h"
 #include "windows/frmFisse.h"
 #include "windows/frmMAIN.h"
 #include "windows/frmPari.h"
@@ -16,6 +18,10 @@
 namespace dv {
 
 frmMAINCondizioni::frmMAINCondizioni(frmMAIN& window) : m_window(window) {
+    window.collega("menuColonnaFiltroAND", [this] { apri<frmFiltri>({"menuColonnaFiltroAND"}, TipoFiltro::AND); });
+    window.collega("menuColonnaFiltroOR", [this] { apri<frmFiltri>({"menuColonnaFiltroOR"}, TipoFiltro::OR); });
+    window.collega("menuColonnaFiltroXOR", [this] { apri<frmFiltri>({"menuColonnaFiltroXOR"}, TipoFiltro::XOR); });
+    window.collega("menuDistanzaNumeri", [this] { apri<frmFiltriDistanzaNumeri>({"menuDistanzaNumeri"}); });
     window.collega("menuConsecutivi", [this] { apri<frmConsecutivi>({"menuConsecutivi"}); });
     window.collega("menuFisse", [this] { apri<frmFisse>({"menuFisse"}); });
     window.collega("menuPariDispari", [this] { apri<frmPari>({"menuPariDispari"}); });
@@ -24,9 +30,10 @@ frmMAINCondizioni::frmMAINCondizioni(frmMAIN& window) : m_window(window) {
     window.collega("menuDistanzaMinima", [this] { apri<frmDistanzaMinima>({"menuRidotto", "menuDistanzaMinima"}); });
 }
 
-template <typename D> void frmMAINCondizioni::apri(std::initializer_list<const char*> segni) {
+template <typename D, typename... Args>
+void frmMAINCondizioni::apri(std::initializer_list<const char*> segni, Args... args) {
     {
-        D dialog(m_window.corpo(), m_window.ui(), &m_window);
+        D dialog(m_window.corpo(), m_window.ui(), args..., &m_window);
         dialog.exec();
     }
     for (const char* name : segni) segna(name);

@@ -1,5 +1,5 @@
-// The conditions menu of the main window: the condition dialogs, and the check marks that show
-// which conditions are in force.
+// The conditions menu of the main window: the condition dialogs, the filter tables, the distance
+// conditions, and the check marks that show which conditions are in force.
 #pragma once
 
 #include <initializer_list>
@@ -19,7 +19,7 @@ public:
 
 private:
     // Shows the dialog D modally, then refreshes the marks of the named entries.
-    template <typename D> void apri(std::initializer_list<const char*> segni);
+    template <typename D, typename... Args> void apri(std::initializer_list<const char*> segni, Args... args);
     void segna(const char* name);
     void segna(const char* name, bool on);
 

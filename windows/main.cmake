@@ -16,4 +16,4 @@ list(APPEND DV_WINDOW_SOURCES
 )
 set_source_files_properties(${CMAKE_CURRENT_LIST_DIR}/frmMAIN.cpp ${CMAKE_CURRENT_LIST_DIR}/frmSplash.cpp
     PROPERTIES COMPILE_DEFINITIONS "DORVANTA_VERSION=\"${PROJECT_VERSION}\"")
-list(APPEND DV_WINDOW_LIBS dv_system_files dv_settings dv_platform)
+list(APPEND DV_WINDOW_LIBS dv_system_files dv_settings dv_platform dv_filters)

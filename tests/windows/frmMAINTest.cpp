@@ -4,11 +4,13 @@
 #include "core/Cartelle.h"
 #include "core/Sistema.h"
 #include "platform/ApplyLanguage.h"
+#include "tests/support/StateBuilder.h"
 #include "tests/windows/QueueDialogs.h"
 #include "windows/QtUi.h"
 #include "windows/frmCalcolo.h"
 #include "windows/frmCalcoloWorker.h"
 #include "windows/frmMAIN.h"
+#include "windows/frmFiltri.h"
 #include "windows/frmMAINFile.h"
 #include "windows/frmMAINOperazioni.h"
 #include "windows/frmSomma.h"
@@ -325,6 +327,22 @@ private slots:
         // A new system takes the condition and its mark away.
         m_main->azione(QStringLiteral("menuNuovo"))->trigger();
         QVERIFY(!m_main->azione(QStringLiteral("menuSomma"))->isChecked());
+    }
+
+    void filterTableWindowOpensFromTheMenuAndItsMarkFollowsTheTable() {
+        scegliDa1A(10);
+        m_corpo->FiltriAND.append(test::Filtro({1, 2, 3}, 0b1110));
+        bool aperta = false;
+        sulModale([&aperta](QWidget* w) {
+            auto* filtri = qobject_cast<frmFiltri*>(w);
+            if (!filtri) return;
+            aperta = filtri->tipoFiltro() == TipoFiltro::AND;
+            filtri->close();
+        });
+        m_main->azione(QStringLiteral("menuColonnaFiltroAND"))->trigger();
+        QVERIFY(aperta);
+        QVERIFY(m_main->azione(QStringLiteral("menuColonnaFiltroAND"))->isChecked());
+        QVERIFY(!m_main->azione(QStringLiteral("menuColonnaFiltroOR"))->isChecked());
     }
 
     void viewerOpensOnlyWhenColumnsAreHeld() {
