@@ -1,5 +1,8 @@
 #include "core/engine/KeptIndex.h"
 
+#include <algorithm>
+#include <bit>
+
 namespace dv::engine {
 
 namespace {
@@ -43,16 +46,18 @@ template <typename F> void ForEachSubset(const uint8_t* e, int m, int s, uint64_
     }
 }
 
+inline Mask Widen(uint16_t w) { return Mask{w, 0}; }
 inline Mask Widen(uint32_t w) { return Mask{w, 0}; }
 inline Mask Widen(uint64_t w) { return Mask{w, 0}; }
 inline Mask Widen(Mask m) { return m; }
+inline uint16_t& Narrowed(uint16_t& w, Mask m) { return w |= static_cast<uint16_t>(m.lo); }
 inline uint32_t& Narrowed(uint32_t& w, Mask m) { return w |= static_cast<uint32_t>(m.lo); }
 inline uint64_t& Narrowed(uint64_t& w, Mask m) { return w |= m.lo; }
 inline Mask& Narrowed(Mask& w, Mask m) { return w |= m; }
 
 } // namespace
 
-KeptIndex::KeptIndex(const Reduction& r, int universe, int len)
+KeptIndex::KeptIndex(const Reduction& r, int universe, int len, bool forWalk)
     : m_t(r.shared), m_width(universe <= 32 ? 32 : universe <= 64 ? 64 : 128) {
     if (!r.on || m_t > len) {
         m_mode = Mode::Never;
@@ -60,7 +65,13 @@ KeptIndex::KeptIndex(const Reduction& r, int universe, int len)
         m_mode = Mode::AfterFirst;
     } else if (Binomial(universe, m_t - 1) <= MaxTable) {
         m_mode = Mode::Table;
-        const auto size = static_cast<size_t>(Binomial(universe, m_t - 1));
+        auto size = static_cast<size_t>(Binomial(universe, m_t - 1));
+        if (forWalk && m_t >= 2) {
+            // Subsets whose largest member leaves at most 16 numbers above it rank last.
+            m_split = static_cast<uint64_t>(Binomial(std::max(0, universe - 17), m_t - 1));
+            m_above.assign(size - m_split, 0);
+            size = m_split;
+        }
         if (m_width == 32) m_ext32.assign(size, 0);
         else if (m_width == 64) m_ext64.assign(size, 0);
         else m_ext.assign(size, Mask{});
@@ -75,7 +86,10 @@ void KeptIndex::add(const uint8_t* idx, Mask k) {
     if (m_mode == Mode::Scan) m_kept.push_back(k);
     if (m_mode != Mode::Table) return;
     ForEachSubset(idx, Size(k), m_t - 1, 0, [&](uint64_t rank, Mask q) {
-        if (m_width == 32) Narrowed(m_ext32[rank], k - q);
+        if (rank >= m_split) {
+            const int top = q.hi ? 127 - std::countl_zero(q.hi) : 63 - std::countl_zero(q.lo);
+            m_above[rank - m_split] |= static_cast<uint16_t>((k - q).above(top).lo);
+        } else if (m_width == 32) Narrowed(m_ext32[rank], k - q);
         else if (m_width == 64) Narrowed(m_ext64[rank], k - q);
         else Narrowed(m_ext[rank], k - q);
         return true;
@@ -93,6 +107,7 @@ bool KeptIndex::fails(const uint8_t* idx, Mask c) const {
             if (Common(m_kept[j], c) >= m_t) return true;
         return false;
     case Mode::Table: {
+        assert(m_above.empty());
         bool hit = false;
         ForEachSubset(idx, Size(c), m_t - 1, 0, [&](uint64_t rank, Mask q) {
             const Mask e = m_width == 32 ? Widen(m_ext32[rank]) : m_width == 64 ? Widen(m_ext64[rank]) : m_ext[rank];
@@ -106,12 +121,12 @@ bool KeptIndex::fails(const uint8_t* idx, Mask c) const {
 }
 
 template <typename Ext>
-Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted) const {
+Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted, uint64_t first) const {
     if (m_t == 1) return d == 0 ? Widen(ext[0]) : Mask{};
     // Subsets of size s = t-2 among the m = d-1 earlier members, then idx[d-1] on top: it is the
     // largest. The same walk as ForEachSubset, without the subsets themselves.
     const int s = m_t - 2, m = d - 1;
-    const Ext* table = ext.data() + Ranks.c[idx[d - 1]][static_cast<size_t>(m_t - 1)];
+    const Ext* table = ext.data() + (Ranks.c[idx[d - 1]][static_cast<size_t>(m_t - 1)] - first);
     Ext out{}, want{};
     Narrowed(want, wanted);
     std::array<int, MaxLenColonna> pos{};
@@ -136,8 +151,14 @@ Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, M
 
 Mask KeptIndex::newExtensions(const uint8_t* idx, int d, Mask wanted) const {
     assert(m_mode == Mode::Table && d >= m_t - 1);
-    if (m_width == 32) return gather(m_ext32, idx, d, wanted);
-    return m_width == 64 ? gather(m_ext64, idx, d, wanted) : gather(m_ext, idx, d, wanted);
+    if (m_t >= 2 && Ranks.c[idx[d - 1]][static_cast<size_t>(m_t - 1)] >= m_split) {
+        // Entries above the largest member x = idx[d-1]: the wanted numbers all lie above it.
+        const int x = idx[d - 1];
+        const Mask found = gather(m_above, idx, d, wanted.above(x), m_split);
+        return Mask::placedAbove(found.lo, x);
+    }
+    if (m_width == 32) return gather(m_ext32, idx, d, wanted, 0);
+    return m_width == 64 ? gather(m_ext64, idx, d, wanted, 0) : gather(m_ext, idx, d, wanted, 0);
 }
 
 } // namespace dv::engine

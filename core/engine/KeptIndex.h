@@ -28,7 +28,10 @@ public:
     // Entries of the extension table at most (16 bytes each).
     static constexpr Count MaxTable = Count{1} << 22;
 
-    KeptIndex(const Reduction& r, int universe, int len);
+    // forWalk: the index serves only newExtensions() and the columns come in lexicographic
+    // order, so an entry needs only the members above its subset's largest one; most entries
+    // then fit in 16 bits, and the table in the processor's cache.
+    KeptIndex(const Reduction& r, int universe, int len, bool forWalk = false);
 
     Mode mode() const { return m_mode; }
     int shared() const { return m_t; }
@@ -43,11 +46,15 @@ public:
     Mask newExtensions(const uint8_t* idx, int d, Mask wanted) const;
 
 private:
-    template <typename Ext> Mask gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted) const;
+    // The entries of ext stand for the ranks from `first` on.
+    template <typename Ext>
+    Mask gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted, uint64_t first) const;
     Mode m_mode = Mode::Never;
     int m_t = 0;
     bool m_anyKept = false;
     int m_width = 128;             // bits of a table entry: the universe rounded up to 32, 64 or 128
+    uint64_t m_split = ~uint64_t{0}; // walk: from this rank on, entries hold 16 bits above their largest member
+    std::vector<uint16_t> m_above;   // those entries
     std::vector<uint32_t> m_ext32; // extensions by rank, for each width
     std::vector<uint64_t> m_ext64;
     std::vector<Mask> m_ext;

@@ -38,6 +38,22 @@ struct Mask {
         hi |= o.hi;
         return *this;
     }
+    // The members above `from`, moved down by from+1 (member from+1 becomes 0).
+    Mask above(int from) const {
+        const int sh = from + 1;
+        if (sh >= 128) return {};
+        if (sh >= 64) return {hi >> (sh - 64), 0};
+        if (sh == 0) return *this;
+        return {(lo >> sh) | (hi << (64 - sh)), hi >> sh};
+    }
+    // The inverse of above(): members moved up by from+1.
+    static Mask placedAbove(uint64_t bits, int from) {
+        const int sh = from + 1;
+        if (sh >= 128) return {};
+        if (sh >= 64) return {0, bits << (sh - 64)};
+        if (sh == 0) return {bits, 0};
+        return {bits << sh, bits >> (64 - sh)};
+    }
     friend Mask operator&(Mask a, Mask b) { return {a.lo & b.lo, a.hi & b.hi}; }
     friend Mask operator|(Mask a, Mask b) { return {a.lo | b.lo, a.hi | b.hi}; }
     // The members of a that are not in b.

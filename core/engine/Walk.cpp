@@ -90,7 +90,7 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
           Reduction r = m_cond.reduction;
           if (r.shared >= m_len) r.on = false;
           return r;
-      }(), n, m_len),
+      }(), n, m_len, true),
       m_barring(m_kept.mode() == KeptIndex::Mode::Table),
       m_plain(!m_cond.fisse && !m_cond.somma && !m_cond.pari && !m_cond.consecutivi && m_cond.andTable.satisfied &&
               m_cond.orTable.satisfied && m_cond.xorTable.satisfied && c.CondizioniDistanza.count() == 0),

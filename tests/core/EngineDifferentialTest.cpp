@@ -360,6 +360,19 @@ TEST(EngineDifferential, Edges) {
     test::SetForecast(c, test::Range(1, 30));
     EXPECT_TRUE(Same(c, Run::Develop, -2, 0)) << "a narrow sum: most of the walk skipped";
     EXPECT_TRUE(Same(c, Run::Develop, 200, 0));
+
+    // Reductions on forecasts of more than 17 numbers: the index holds its subsets in two ways.
+    c.condizioni = Condizioni{};
+    c.condizioni.CondRidotto = Vero;
+    c.condizioni.ValRidotto = 2;
+    c.LenColonna = 5;
+    test::SetForecast(c, test::Range(31, 54));
+    EXPECT_TRUE(Same(c, Run::Develop, -2, 0)) << "guarantee N-2 on 24 numbers";
+    c.condizioni = Condizioni{};
+    c.distanzaMinima = DistanzaMinima{3, Vero};
+    c.LenColonna = 6;
+    test::SetForecast(c, test::Range(60, 81));
+    EXPECT_TRUE(Same(c, Run::Develop, -2, 0)) << "minimum distance 3 on 22 numbers";
 }
 
 TEST(EngineDifferential, LimitOfTheStore) {
