@@ -71,6 +71,17 @@ KeptIndex::KeptIndex(const Reduction& r, int universe, int len, bool forWalk)
             m_split = static_cast<uint64_t>(Binomial(std::max(0, universe - 17), m_t - 1));
             m_above.assign(size - m_split, 0);
             size = m_split;
+            const int s = m_t - 2;
+            for (int m = s; m < len && s > 0; ++m) {
+                if (Binomial(m, s) > MaxListed) continue;
+                std::vector<uint8_t> places(static_cast<size_t>(m));
+                for (int p = 0; p < m; ++p) places[static_cast<size_t>(p)] = static_cast<uint8_t>(p);
+                ForEachSubset(places.data(), m, s, 0, [&](uint64_t, Mask q) {
+                    for (int p = 0; p < m; ++p)
+                        if (q.has(p)) m_places[static_cast<size_t>(m)].push_back(static_cast<uint8_t>(p));
+                    return true;
+                });
+            }
         }
         if (m_width == 32) m_ext32.assign(size, 0);
         else if (m_width == 64) m_ext64.assign(size, 0);
@@ -129,6 +140,21 @@ Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, M
     const Ext* table = ext.data() + (Ranks.c[idx[d - 1]][static_cast<size_t>(m_t - 1)] - first);
     Ext out{}, want{};
     Narrowed(want, wanted);
+    const std::vector<uint8_t>& places = m_places[static_cast<size_t>(m)];
+    if (!places.empty()) {
+        // The listed subsets: a subset's rank is the sum of what its k-th place adds as the
+        // k-th smallest member.
+        std::array<std::array<uint64_t, MaxLenColonna>, MaxLenColonna> adds;
+        for (int p = 0; p < m; ++p)
+            for (int k = 0; k < s; ++k) adds[static_cast<size_t>(p)][static_cast<size_t>(k)] = Ranks.c[idx[p]][static_cast<size_t>(k + 1)];
+        for (size_t i = 0; i < places.size(); i += static_cast<size_t>(s)) {
+            uint64_t r = 0;
+            for (int k = 0; k < s; ++k) r += adds[places[i + static_cast<size_t>(k)]][static_cast<size_t>(k)];
+            Narrowed(out, Widen(table[r]));
+            if (!(Widen(want) - Widen(out)).any()) break;
+        }
+        return Widen(out);
+    }
     std::array<int, MaxLenColonna> pos{};
     std::array<uint64_t, MaxLenColonna + 1> rank{};
     for (int k = 0; k < s; ++k) {

@@ -27,6 +27,8 @@ public:
     };
     // Entries of the extension table at most (16 bytes each).
     static constexpr Count MaxTable = Count{1} << 22;
+    // Subsets listed for one prefix length at most.
+    static constexpr Count MaxListed = 4096;
 
     // forWalk: the index serves only newExtensions() and the columns come in lexicographic
     // order, so an entry needs only the members above its subset's largest one; most entries
@@ -55,6 +57,9 @@ private:
     int m_width = 128;             // bits of a table entry: the universe rounded up to 32, 64 or 128
     uint64_t m_split = ~uint64_t{0}; // walk: from this rank on, entries hold 16 bits above their largest member
     std::vector<uint16_t> m_above;   // those entries
+    // Walk: for each prefix length m, the (t-2)-subsets of places 0..m-1, t-2 places each, when
+    // they are few enough to list (a list runs without the branches of an enumeration).
+    std::array<std::vector<uint8_t>, MaxLenColonna> m_places;
     std::vector<uint32_t> m_ext32; // extensions by rank, for each width
     std::vector<uint64_t> m_ext64;
     std::vector<Mask> m_ext;
