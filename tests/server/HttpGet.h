@@ -36,8 +36,17 @@ inline QByteArray rawRequest(quint16 port, const QByteArray& request) {
     if (!socket.waitForConnected(5'000)) return {};
     socket.write(request);
     socket.waitForBytesWritten(5'000);
+    // Read until the whole answer is there: its head and as many bytes as Content-Length says.
     QByteArray answer;
-    while (socket.waitForReadyRead(2'000)) answer += socket.readAll();
+    while (socket.waitForReadyRead(2'000)) {
+        answer += socket.readAll();
+        const qsizetype head = answer.indexOf("\r\n\r\n");
+        if (head < 0) continue;
+        qsizetype length = 0;
+        for (const QByteArray& line : answer.left(head).split('\n'))
+            if (line.toLower().startsWith("content-length:")) length = line.mid(15).trimmed().toLongLong();
+        if (answer.size() >= head + 4 + length) break;
+    }
     return answer;
 }
 
