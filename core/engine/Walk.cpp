@@ -45,9 +45,11 @@ public:
     void run();
 
 private:
-    bool bounds(const Level& s, int start, int r) const;
+    // Whether a prefix can still pass; DeadOnward: neither can the later numbers at its depth.
+    enum class Fit { Fits, Dead, DeadOnward };
+    Fit bounds(const Level& s, int start, int r) const;
     bool filters(Level& child, const Level& parent, int depth, int start, int r);
-    bool enter(int d, int j, int r);
+    Fit enter(int d, int j, int r);
     bool leaf(int& d, Mask indices);
     bool plainLeaves(int& d);
     bool unwind(int& d, int to);
@@ -61,6 +63,7 @@ private:
     bool m_barring; // the reduction bars numbers through the extension table
     bool m_plain;   // no test on a column alone: a leaf asks only the reduction
     bool m_filtering; // some filter table has open groups
+    bool m_ascending; // the forecast is in ascending order
 
     // Per index 1..n of the forecast, and per suffix start 1..n+1.
     std::array<uint8_t, MaxN + 2> m_value{};
@@ -94,7 +97,8 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
       m_barring(m_kept.mode() == KeptIndex::Mode::Table),
       m_plain(!m_cond.fisse && !m_cond.somma && !m_cond.pari && !m_cond.consecutivi && m_cond.andTable.satisfied &&
               m_cond.orTable.satisfied && m_cond.xorTable.satisfied && c.CondizioniDistanza.count() == 0),
-      m_filtering(!m_cond.andTable.satisfied || !m_cond.orTable.satisfied || !m_cond.xorTable.satisfied) {
+      m_filtering(!m_cond.andTable.satisfied || !m_cond.orTable.satisfied || !m_cond.xorTable.satisfied),
+      m_ascending(std::is_sorted(numeri, numeri + n)) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
     for (int i = 1; i <= n; ++i) {
         const uint8_t v = numeri[i - 1];
@@ -121,30 +125,38 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
         m_lists[t].resize(m_tables[t]->groups.size() * static_cast<size_t>(m_len + 1));
 }
 
-// Some completion of the prefix s, taking r more numbers from indices start..n, can still pass
-// the fixed numbers, the sum, the even count and the longest run.
-bool IntegralWalk::bounds(const Level& s, int start, int r) const {
+// Whether some completion of the prefix s, taking r more numbers from indices start..n, can
+// still pass the fixed numbers, the sum, the even count and the longest run.
+IntegralWalk::Fit IntegralWalk::bounds(const Level& s, int start, int r) const {
     const auto z = static_cast<size_t>(start);
     const int rest = m_n - start + 1;
     if (m_cond.fisse) {
         const int lo = s.fixed + std::max(0, r - (rest - m_sufFixed[z]));
         const int hi = s.fixed + std::min(r, m_sufFixed[z]);
-        if (m_cond.numFisse < lo || m_cond.numFisse > hi) return false;
+        if (m_cond.numFisse < lo) return Fit::Dead;
+        if (m_cond.numFisse > hi) {
+            // Too few fixed numbers left; at most this many for any later number at this depth.
+            const auto y = z - 1;
+            const int onward = s.fixed - m_isFixed[y] + std::min(r + 1, m_sufFixed[y]);
+            return start >= 2 && m_cond.numFisse > onward ? Fit::DeadOnward : Fit::Dead;
+        }
     }
     if (m_cond.somma) {
         const auto rr = static_cast<size_t>(r);
-        if (s.sum + m_minSum[z][rr] > m_cond.sommaMax || s.sum + m_maxSum[z][rr] < m_cond.sommaMin) return false;
+        // In an ascending forecast a later number only raises the least sum.
+        if (s.sum + m_minSum[z][rr] > m_cond.sommaMax) return m_ascending ? Fit::DeadOnward : Fit::Dead;
+        if (s.sum + m_maxSum[z][rr] < m_cond.sommaMin) return Fit::Dead;
     }
     if (m_cond.pari) {
         const int lo = s.even + std::max(0, r - (rest - m_sufEven[z]));
         const int hi = s.even + std::min(r, m_sufEven[z]);
-        if ((m_cond.pariAmmessi & RangeBits(lo, hi)) == 0) return false;
+        if ((m_cond.pariAmmessi & RangeBits(lo, hi)) == 0) return Fit::Dead;
     }
     if (m_cond.consecutivi) {
         const int hi = std::max(s.runMax, s.runTail + r);
-        if ((m_cond.consecutiviAmmessi & RangeBits(s.runMax, hi)) == 0) return false;
+        if ((m_cond.consecutiviAmmessi & RangeBits(s.runMax, hi)) == 0) return Fit::Dead;
     }
-    return true;
+    return Fit::Fits;
 }
 
 // The filter tables for the child prefix: carries over the parent's open groups that stay open,
@@ -199,16 +211,16 @@ bool IntegralWalk::filters(Level& child, const Level& parent, int depth, int sta
 
 // Moves the prefix of depth d one number on, to index j, with r numbers still to come; false
 // when no column of the new prefix's subtree can pass.
-bool IntegralWalk::enter(int d, int j, int r) {
+IntegralWalk::Fit IntegralWalk::enter(int d, int j, int r) {
     const Level& p = m_level[static_cast<size_t>(d)];
-    if (m_barring && p.barred.has(j - 1)) return false;
+    if (m_barring && p.barred.has(j - 1)) return Fit::Dead;
     Level& s = m_level[static_cast<size_t>(d + 1)];
     const auto z = static_cast<size_t>(j);
     const uint8_t v = m_value[z];
     m_cand[static_cast<size_t>(d)] = v;
     m_idx[static_cast<size_t>(d)] = static_cast<uint8_t>(j - 1);
     s.indices = p.indices | Mask::bit(j - 1);
-    if (m_plain) return true; // nothing else to follow along the prefix
+    if (m_plain) return Fit::Fits; // nothing else to follow along the prefix
     s.numbers = p.numbers | Mask::bit(v);
     s.sum = p.sum + v;
     s.even = p.even + m_isEven[z];
@@ -217,8 +229,9 @@ bool IntegralWalk::enter(int d, int j, int r) {
     s.runMax = std::max(p.runMax, s.runTail);
     s.xorPass = p.xorPass;
     s.orSatisfied = p.orSatisfied;
-    if (!bounds(s, j + 1, r)) return false;
-    return !m_filtering || filters(s, p, d, j + 1, r);
+    const Fit fit = bounds(s, j + 1, r);
+    if (fit != Fit::Fits) return fit;
+    return !m_filtering || filters(s, p, d, j + 1, r) ? Fit::Fits : Fit::Dead;
 }
 
 // Skips what is left of the subtrees of the prefixes deeper than `to`; the walk goes on with the
@@ -309,7 +322,7 @@ void IntegralWalk::run() {
     root.xorPass = m_cond.xorTable.base;
     if (m_barring && m_kept.shared() == 1) root.barred = m_kept.newExtensions(m_idx.data(), 0, Mask::range(0, m_n - 1));
     const bool tablesFail = m_cond.andTable.alwaysFails || m_cond.orTable.alwaysFails || m_cond.xorTable.alwaysFails;
-    if (tablesFail || !bounds(root, 1, m_len)) {
+    if (tablesFail || bounds(root, 1, m_len) != Fit::Fits) {
         m_progress.reject(Binomial(m_n, m_len));
         return;
     }
@@ -339,9 +352,15 @@ void IntegralWalk::run() {
             continue;
         }
         m_next[z] = j + 1;
-        if (!enter(d, j, r)) {
-            // 2. Skip the subtree: no completion of this prefix can pass.
-            if (!m_progress.reject(Binomial(m_n - j, r))) return;
+        if (const Fit fit = enter(d, j, r); fit != Fit::Fits) {
+            // 2. Skip the subtree: no completion of this prefix can pass; or skip it and every
+            //    later one at this depth.
+            Count skipped = Binomial(m_n - j, r);
+            if (fit == Fit::DeadOnward) {
+                skipped = Binomial(m_n - j + 1, r + 1);
+                m_next[z] = m_n - r + 1;
+            }
+            if (!m_progress.reject(skipped)) return;
             continue;
         }
         if (r == 0) {
