@@ -6,9 +6,10 @@ namespace dv {
 
 class SweepGesture {
 public:
-    // The button goes down over cell index (-1 for no cell). Returns true when it toggles.
+    // The button goes down over cell index (-1 for no cell). Returns true when it toggles; a
+    // press beside the cells starts no gesture.
     bool press(int index) {
-        m_held = true;
+        m_held = index >= 0;
         m_over = index;
         if (index < 0) return false;
         m_last = index;
