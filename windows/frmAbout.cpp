@@ -34,6 +34,8 @@ frmAbout::frmAbout(Ui& ui, QWidget* parent, std::function<bool(const std::string
     add("lblDescrizione", QStringLiteral("Sviluppo, riduzione, spoglio e stampa di sistemi per il 10eLotto."));
     add("lblAvviso", QString::fromUtf8("Il gioco è vietato ai minori e può causare dipendenza patologica."));
     m_lbURL = add("lbURL", QString::fromStdString(IndirizzoPaginaWeb()));
+    m_lbURL->setWordWrap(false);
+    setMinimumWidth(420);
     m_lbURL->setCursor(Qt::PointingHandCursor);
     m_lbURL->setStyleSheet(QStringLiteral("color: blue; text-decoration: underline;"));
     m_lbURL->installEventFilter(this);
