@@ -3,7 +3,9 @@
 #include "settings/Ansi.h"
 #include "settings/FileTesto.h"
 
+#include <filesystem>
 #include <optional>
+#include <system_error>
 #include <vector>
 
 namespace dv {
@@ -118,6 +120,9 @@ bool classINI::setProperty(std::string_view section, std::string_view key, std::
         if (c == '\r' || c == '\n') c = ' ';
 
     const std::optional<std::string> content = LeggiFileTesto(FileINI);
+    // A file that is there but cannot be read is never replaced by one that holds only this key.
+    std::error_code ec;
+    if (!content && std::filesystem::exists(FileINI, ec)) return false;
     std::vector<Riga> rs = content ? righe(*content) : std::vector<Riga>{};
     std::string eol = FineRigaNativa;
     for (const Riga& r : rs)

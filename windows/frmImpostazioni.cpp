@@ -17,7 +17,6 @@
 #include <QRadioButton>
 
 #include <exception>
-#include <stdexcept>
 
 namespace dv {
 
@@ -209,8 +208,12 @@ void frmImpostazioni::cmdSalva_Click() {
     s.ModalitaRicalcolo = m_chkStatoRicalcolo->isChecked();
     s.IndiceSorgente = m_optModoRicalcolo[0]->isChecked() ? 0 : 1;
     s.Lingua = m_cmbLingua->currentText().toStdString();
-    if (!ScriviImpostazioni(m_lingua.AppDir, s))
-        throw std::runtime_error("the settings file " + FileImpostazioni(m_lingua.AppDir) + " cannot be written");
+    if (!ScriviImpostazioni(m_lingua.AppDir, s)) {
+        m_ui.messageBox("Error 75 (Path/File access error: " + FileImpostazioni(m_lingua.AppDir) +
+                            ") in procedure cmdSalva_Click of Form frmImpostazioni",
+                        "", BoxIcon::None);
+        return;
+    }
     accept();
 }
 

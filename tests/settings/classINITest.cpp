@@ -68,6 +68,14 @@ TEST(classINI, WritingMakesFileAndSectionAndKeepsEveryOtherLine) {
     EXPECT_FALSE(dir.exists("b.ini.new"));
 }
 
+TEST(classINI, AFileThatCannotBeReadIsNotOverwritten) {
+    TempDir dir;
+    std::filesystem::create_directory(dir.file("folder.ini"));
+    EXPECT_FALSE(classINI(dir.file("folder.ini")).setProperty("S", "K", "v"));
+    EXPECT_TRUE(std::filesystem::is_directory(dir.file("folder.ini")));
+    EXPECT_FALSE(classINI(dir.file("missing/x.ini")).setProperty("S", "K", "v"));
+}
+
 TEST(classINI, TextIsAnsiOnDiskAndUtf8InMemory) {
     TempDir dir;
     const classINI ini(dir.file("a.ini"));

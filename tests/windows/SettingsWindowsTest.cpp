@@ -152,6 +152,21 @@ TEST(frmImpostazioni, ChoosingALanguageAppliesItAtOnceAndSavingStoresIt) {
     EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "SERVER", "none"), "none");
 }
 
+TEST(frmImpostazioni, ASettingsFileThatCannotBeWrittenKeepsTheWindowOpen) {
+    Cartella app;
+    app.conLingue();
+    dv::Impostazioni imp;
+    dv::Lingua lingua{app.path(), "ITALIANO"};
+    FakeUi ui;
+    dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({"Laser A"}));
+    QDir().mkdir(app.dir.filePath(QStringLiteral("dorvantaqvn.ini"))); // a folder in the file's place
+    ui.boxes.clear();
+    trova<QPushButton>(f, "cmdSalva")->click();
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_NE(ui.boxes[0].text.find("in procedure cmdSalva_Click of Form frmImpostazioni"), std::string::npos);
+    EXPECT_NE(f.result(), QDialog::Accepted);
+}
+
 TEST(frmImpostazioni, AMachineWithoutPrintersIsToldSo) {
     Cartella app;
     app.conLingue();
