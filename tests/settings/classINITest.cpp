@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
+#include <vector>
+
 using dv::classINI;
 using dv::test::TempDir;
 
@@ -106,4 +110,39 @@ TEST(Ansi, BrokenUtf8AndCharactersOutsideTheCodePageBecomeQuestionMarks) {
     EXPECT_EQ(dv::Utf8ToAnsi("\xE2\x82"), "??");
     EXPECT_EQ(dv::Utf8ToAnsi("日"), "?");
     EXPECT_EQ(dv::AnsiToUtf8(dv::Utf8ToAnsi("àèìòù€ŒŸ")), "àèìòù€ŒŸ");
+}
+
+TEST(classINI, AWriteReadsBackAndLeavesEveryOtherKeyOfAnyFileAsItWas) {
+    // Files of random lines drawn from the odd shapes users' files have.
+    const char* pieces[] = {"[A]", "[b]", " [ C ] ", "k=1", "K = 2", "x=\"q\"", "; c=3", "", "junk", "=v",
+                            "[", "k2=", "\xE0=\xE8", "[A]", "y=\x01"};
+    std::mt19937 rng(12345);
+    TempDir dir;
+    for (int round = 0; round < 200; ++round) {
+        std::string text;
+        const int lines = static_cast<int>(rng() % 12);
+        for (int i = 0; i < lines; ++i) text += std::string(pieces[rng() % std::size(pieces)]) + (rng() % 2 ? "\r\n" : "\n");
+        const classINI ini(dir.write("r.ini", text));
+        const char* sections[] = {"A", "B", "c", "new"};
+        const char* keys[] = {"k", "x", "k2", "z"};
+        // What every other key reads before the write.
+        std::vector<std::string> before;
+        for (const char* s : sections) {
+            for (const char* k : keys) before.push_back(ini.getProperty(s, k, "<none>"));
+        }
+        const char* section = sections[rng() % 4];
+        const char* key = keys[rng() % 4];
+        ASSERT_TRUE(ini.setProperty(section, key, "written"));
+        EXPECT_EQ(ini.getProperty(section, key, ""), "written") << text;
+        size_t i = 0;
+        for (const char* s : sections) {
+            for (const char* k : keys) {
+                const bool same = dv::UgualiSenzaMaiuscole(s, section) && dv::UgualiSenzaMaiuscole(k, key);
+                if (!same) {
+                    EXPECT_EQ(ini.getProperty(s, k, "<none>"), before[i]) << text << s << "." << k;
+                }
+                ++i;
+            }
+        }
+    }
 }
