@@ -37,6 +37,12 @@ void Filters(TabellaFiltri& t, int count, int32_t presenze, uint64_t seed) {
 
 constexpr int32_t Hits(int from, int to) { return (int32_t{2} << to) - (int32_t{1} << from); }
 
+// The forecast 1..25 in columns of 6, and one filter table.
+template <TabellaFiltri Corpo::*Table, int Records, int32_t Presenze, uint64_t Seed> void FilterWorkload(Corpo& c) {
+    Forecast(c, 1, 25, 6);
+    Filters(c.*Table, Records, Presenze, Seed);
+}
+
 } // namespace
 
 const std::vector<Workload>& Workloads() {
@@ -67,27 +73,10 @@ const std::vector<Workload>& Workloads() {
              c.distanzaMinima = DistanzaMinima{4, Vero};
          }},
         {"5 limit 40/7", [](Corpo& c) { Forecast(c, 1, 40, 7); }},
-        {"6 AND 2000 25/6",
-         [](Corpo& c) {
-             Forecast(c, 1, 25, 6);
-             Filters(c.FiltriAND, 2000, Hits(0, 4), 6);
-         }},
-        {"7 OR 20000 25/6",
-         [](Corpo& c) {
-             Forecast(c, 1, 25, 6);
-             Filters(c.FiltriOR, 20000, Hits(5, 5), 7);
-         }},
-        {"8 XOR 2000 25/6",
-         [](Corpo& c) {
-             Forecast(c, 1, 25, 6);
-             Filters(c.FiltriXOR, 2000, Hits(4, 5), 8);
-         }},
-        {"9 AND 150000 25/6",
-         [](Corpo& c) {
-             Forecast(c, 1, 25, 6);
-             Filters(c.FiltriAND, MaxFiltri, Hits(0, 4), 9);
-         },
-         true},
+        {"6 AND 2000 25/6", FilterWorkload<&Corpo::FiltriAND, 2000, Hits(0, 4), 6>},
+        {"7 OR 20000 25/6", FilterWorkload<&Corpo::FiltriOR, 20000, Hits(5, 5), 7>},
+        {"8 XOR 2000 25/6", FilterWorkload<&Corpo::FiltriXOR, 2000, Hits(4, 5), 8>},
+        {"9 AND 150000 25/6", FilterWorkload<&Corpo::FiltriAND, MaxFiltri, Hits(0, 4), 9>, true},
     };
     return all;
 }

@@ -4,8 +4,8 @@
 #include "core/engine/KeptIndex.h"
 
 #include <algorithm>
-#include <bit>
 #include <array>
+#include <bit>
 #include <vector>
 
 namespace dv::engine {
@@ -237,6 +237,7 @@ IntegralWalk::Fit IntegralWalk::enter(int d, int j, int r) {
 // Skips what is left of the subtrees of the prefixes deeper than `to`; the walk goes on with the
 // next number at depth `to`.
 bool IntegralWalk::unwind(int& d, int to) {
+    assert(to < d && d == m_len - 1);
     Count rest = 0;
     for (int k = m_len - 1; k > to; --k) rest += Binomial(m_n - m_next[static_cast<size_t>(k)] + 1, m_len - k);
     d = to;
@@ -352,6 +353,7 @@ void IntegralWalk::run() {
             continue;
         }
         m_next[z] = j + 1;
+        assert(j >= 1 && j <= m_n - r && (d == 0 || j > m_idx[z - 1] + 1));
         if (const Fit fit = enter(d, j, r); fit != Fit::Fits) {
             // 2. Skip the subtree: no completion of this prefix can pass; or skip it and every
             //    later one at this depth.
