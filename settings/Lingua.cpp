@@ -38,7 +38,16 @@ std::string scansiona(const std::string& file, std::string_view key) {
         }
         return any;
     };
+    // A file saved as UTF-8 with a byte-order mark is read as UTF-8.
+    bool utf8 = false;
+    if (in.peek() == 0xEF) {
+        char bom[3] = {};
+        in.read(bom, 3);
+        utf8 = std::string_view(bom, 3) == "\xEF\xBB\xBF";
+        if (!utf8) in.seekg(0);
+    }
     while (nextLine()) {
+        if (utf8) line = Utf8ToAnsi(line);
         if (!IniziaSenzaMaiuscole(line, k)) continue;
         if (line.size() < k.size() + 3) return {};
         std::string_view v = std::string_view(line).substr(k.size() + 1);

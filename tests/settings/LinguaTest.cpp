@@ -46,6 +46,14 @@ TEST(ReadLanguageValue, LongFileIsScannedIgnoringSectionAndCase) {
     EXPECT_EQ(dv::ReadLanguageValue(f, "Strings", "0099"), "");
 }
 
+TEST(ReadLanguageValue, LongFileSavedAsUtf8WithAMarkReadsTheSame) {
+    TempDir dir;
+    const auto f = dir.write("x.lng", fileLungo("\xEF\xBB\xBF" "0001=\"città\"\r\n", 70000));
+    EXPECT_EQ(dv::ReadLanguageValue(f, "Strings", "0001"), "città");
+    const auto ansi = dir.write("y.lng", fileLungo("0001=\"citt\xE0\"\r\n", 70000));
+    EXPECT_EQ(dv::ReadLanguageValue(ansi, "Strings", "0001"), "città");
+}
+
 TEST(ReadLanguageValue, ThresholdIs64001Bytes) {
     TempDir dir;
     std::string body = "[Strings]\r\n0001 = \"spaced\"\r\n";
