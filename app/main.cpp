@@ -11,6 +11,7 @@
 #include "windows/QtUiDialogs.h"
 #include "windows/frmMAIN.h"
 #include "windows/frmMAINFile.h"
+#include "windows/frmNewVersion.h"
 #include "windows/frmSplash.h"
 
 #include <QApplication>
@@ -37,8 +38,10 @@ int main(int argc, char* argv[]) {
     splash.repaint();
     QApplication::processEvents();
 
+    // The version check; a newer version on the server ends the program here.
     dv::QtDialogService dialogs;
     dv::frmMAIN main(*corpo, dialogs);
+    if (dv::NewVersion(impostazioni, corpo->AppDir, main.ui(), &splash)) return 0;
     main.carica();
     dv::ResetSistema(*corpo, main.ui(), false);
 

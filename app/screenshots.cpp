@@ -10,12 +10,15 @@
 #include "platform/ApplyLanguage.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
+#include "windows/frmAbout.h"
 #include "windows/frmCalcolo.h"
 #include "windows/frmConsecutivi.h"
 #include "windows/frmDistanzaMinima.h"
 #include "windows/frmFiltri.h"
 #include "windows/frmFiltriDistanzaNumeri.h"
 #include "windows/frmFisse.h"
+#include "windows/frmImpostazioni.h"
+#include "windows/frmNewVersion.h"
 #include "windows/frmMAIN.h"
 #include "windows/frmOrdinaPronostico.h"
 #include "windows/frmPari.h"
@@ -112,6 +115,26 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
 
     main.resize(1280, 760);
     main.show();
+
+    // The windows of the settings, the about window and the new-version window.
+    {
+        dv::frmImpostazioni settings(main.impostazioni(), main.lingua(), main.ui(), &main);
+        settings.show();
+        foto.scatta(settings, "frmImpostazioni");
+    }
+    {
+        dv::frmAbout about(main.ui(), &main);
+        about.show();
+        foto.scatta(about, "frmAbout");
+    }
+    {
+        dv::frmNewVersion nuova(main.ui(), &main);
+        nuova.localVersion = "1.0.0";
+        nuova.remoteVersion = "1.1.0";
+        nuova.show();
+        foto.scatta(nuova, "frmNewVersion");
+    }
+
     foto.scatta(main, "frmMAIN_vuoto");
 
     selezionaPronostico(main, {3, 7, 11, 18, 22, 25, 29, 34, 38, 41, 47, 52, 56, 60, 63, 69, 74, 78, 85, 90});

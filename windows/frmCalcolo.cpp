@@ -23,6 +23,13 @@ char SeparatoreMigliaia() {
 }
 
 namespace {
+// A count as the progress window and its question show it, " #,###,###,###,##0".
+std::string contatore(double value) {
+    std::string text(1, ' ');
+    text += FormatIntero(value, SeparatoreMigliaia());
+    return text;
+}
+
 QLabel* etichetta(QWidget* parent, const char* name, const QString& text, Qt::Alignment align) {
     auto* l = new QLabel(text, parent);
     l->setObjectName(QString::fromLatin1(name));
@@ -90,7 +97,7 @@ frmCalcolo::frmCalcolo(QtUi& ui, RunControl& control, QWidget* parent)
 }
 
 QString frmCalcolo::conta(double value) const {
-    return QString::fromStdString(FormatContatore(value, SeparatoreMigliaia()));
+    return QString::fromStdString(contatore(value));
 }
 
 void frmCalcolo::mostraIntegrale(double total) {
@@ -115,9 +122,9 @@ void frmCalcolo::mostraLimite(const ProgressInfo& info) {
 
 void frmCalcolo::annulla() {
     m_ui.dialogs().beep();
-    const std::string text = m_ui.Lang("0001") + FormatContatore(m_colonneIntegrale, SeparatoreMigliaia()) + "\n" +
-                             m_ui.Lang("0002") + FormatContatore(m_colonneElaborate, SeparatoreMigliaia()) + "\n" +
-                             m_ui.Lang("0003") + FormatContatore(m_colonneSistema, SeparatoreMigliaia()) + "\n" +
+    const std::string text = m_ui.Lang("0001") + contatore(m_colonneIntegrale) + "\n" +
+                             m_ui.Lang("0002") + contatore(m_colonneElaborate) + "\n" +
+                             m_ui.Lang("0003") + contatore(m_colonneSistema) + "\n" +
                              m_ui.Lang("0004");
     if (m_ui.dialogs().questionBox(this, text, windowTitle().toStdString(), BoxIcon::Question))
         m_control.StopElaborazione = true;

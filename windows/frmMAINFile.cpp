@@ -9,6 +9,8 @@
 #include "settings/Impostazioni.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
+#include "windows/frmAbout.h"
+#include "windows/frmImpostazioni.h"
 #include "windows/frmMAIN.h"
 
 #include <QAction>
@@ -47,13 +49,36 @@ frmMAINFile::frmMAINFile(frmMAIN& window) : m_window(window) {
     window.collega("menuSalvaConNome", [this] { salvaConNome(); });
     window.collega("menuImportaColonne", [this] { importaColonne(); });
     window.collega("menuEsportaColonne", [this] { esportaColonne(); });
+    window.collega("menuImpostazioni", [this] { impostazioni(); });
+    window.collega("menuinfo", [this] { informazioni(); });
     window.collega("menuUscita", [&window] { window.close(); });
     window.collega("menuApriDirectory", [this] { apriDirectory(); });
 }
 
 void frmMAINFile::leggiConfigurazione() {
     ReadConfiguration(m_window.corpo(), m_window.impostazioni(), m_window.lingua());
+    if (m_window.lingua().CurrentLanguage.empty()) {
+        frmImpostazioni settings(m_window.impostazioni(), m_window.lingua(), m_window.ui(), &m_window);
+        settings.exec();
+        ReadConfiguration(m_window.corpo(), m_window.impostazioni(), m_window.lingua());
+    }
     ApplyLanguage(m_window, m_window.lingua().languageFile());
+}
+
+void frmMAINFile::impostazioni() {
+    {
+        frmImpostazioni settings(m_window.impostazioni(), m_window.lingua(), m_window.ui(), &m_window);
+        settings.exec();
+    }
+    ReadConfiguration(m_window.corpo(), m_window.impostazioni(), m_window.lingua());
+    // A new language shows at once: captions, and the texts built from numbered messages.
+    ApplyLanguage(m_window, m_window.lingua().languageFile());
+    m_window.refreshGrid();
+}
+
+void frmMAINFile::informazioni() {
+    frmAbout about(m_window.ui(), &m_window);
+    about.exec();
 }
 
 void frmMAINFile::nuovo() { NuovoSistema(m_window.corpo(), m_window.ui()); }

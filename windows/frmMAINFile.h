@@ -11,8 +11,13 @@ class frmMAINFile {
 public:
     explicit frmMAINFile(frmMAIN& window);
 
-    // Reads the settings and the language in use.
+    // Reads the settings and the language in use; with no language chosen yet, the settings
+    // window comes first. The window then takes the language's captions.
     void leggiConfigurazione();
+    // menuImpostazioni: the settings window, then the settings and the language read again.
+    void impostazioni();
+    // menuinfo: the about window.
+    void informazioni();
     // menuNuovo: an empty system named "nuovo.dvs".
     void nuovo();
     // menuApri: a system file chosen in AppDir/sistemi.

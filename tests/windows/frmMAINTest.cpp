@@ -10,7 +10,9 @@
 #include "windows/frmCalcolo.h"
 #include "windows/frmCalcoloWorker.h"
 #include "windows/frmMAIN.h"
+#include "windows/frmAbout.h"
 #include "windows/frmFiltri.h"
+#include "windows/frmImpostazioni.h"
 #include "windows/frmMAINFile.h"
 #include "windows/frmMAINOperazioni.h"
 #include "windows/frmSomma.h"
@@ -23,6 +25,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -43,6 +46,7 @@ const char* const LinguaProva = R"([Strings]
 0002="Colonne elaborate"
 0003="Colonne sistema"
 0004="Interrompere?"
+0012="Superato il limite di colonne"
 0042="Numeri in gioco"
 0053="Uscire?"
 0054="Modificare il sistema?"
@@ -361,6 +365,50 @@ private slots:
         sulModale(chiudiVisualizza);
         QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdVisualizza")), Qt::LeftButton);
         QCOMPARE(aperte, 1);
+    }
+
+    void progressWindowShowsTheLimitAndItsCloseButtonAsksToStop() {
+        RunControl control;
+        frmCalcolo progress(m_main->ui(), control);
+        progress.show();
+        progress.mostraLimite(ProgressInfo{250, 100, 5'000'000, 4'200'000, 4'000'000});
+        QCOMPARE(progress.findChild<QLabel*>(QStringLiteral("labAllarm"))->text(),
+                 QStringLiteral("Superato il limite di colonne"));
+        QCOMPARE(progress.findChild<QLabel*>(QStringLiteral("lblNumColSistema"))->text(), QStringLiteral(" 4.000.000"));
+        QCOMPARE(progress.findChild<QProgressBar*>(QStringLiteral("pb"))->value(), 100);
+        // Closing the window is the stop button: asked, and refused on no.
+        m_dialogs->setNextAnswer(false);
+        QVERIFY(!progress.close());
+        QVERIFY(!control.StopElaborazione);
+        m_dialogs->setNextAnswer(true);
+        QVERIFY(!progress.close());
+        QVERIFY(control.StopElaborazione);
+    }
+
+    void settingsWindowFromTheMenuThenTheSettingsAreReadAgain() {
+        bool aperta = false;
+        const std::string ini = m_corpo->AppDir + "/dorvantaqvn.ini";
+        sulModale([&aperta, ini](QWidget* w) {
+            if (!qobject_cast<frmImpostazioni*>(w)) return;
+            aperta = true;
+            // The file changes while the window is open, as its own save would change it.
+            std::ofstream(ini) << "[IMPOSTAZIONI]\nLINGUA=prova\nMODALITA' RICALCOLO=TRUE\n";
+            w->close();
+        });
+        QCOMPARE(m_corpo->ModalitaRicalcolo, Falso);
+        m_main->azione(QStringLiteral("menuImpostazioni"))->trigger();
+        QVERIFY(aperta);
+        QCOMPARE(m_corpo->ModalitaRicalcolo, Vero);
+        QCOMPARE(m_main->pulsante(QStringLiteral("cmdCalcolo"))->text(), QStringLiteral("Sviluppa"));
+
+        aperta = false;
+        sulModale([&aperta](QWidget* w) {
+            if (!qobject_cast<frmAbout*>(w)) return;
+            aperta = true;
+            w->close();
+        });
+        m_main->azione(QStringLiteral("menuinfo"))->trigger();
+        QVERIFY(aperta);
     }
 
     void closingIsRefusedDuringARunAndOtherwiseAsked() {
