@@ -9,6 +9,7 @@
 #include "windows/frmNewVersion.h"
 
 #include "server/ServerProcess.h"
+#include "windows/LanguageSectionCheck.h"
 #include "support/FakeUi.h"
 
 #include <QApplication>
@@ -62,34 +63,6 @@ std::vector<std::string> testiBox(const FakeUi& ui) {
     std::vector<std::string> out;
     for (const auto& b : ui.boxes) out.push_back(b.text);
     return out;
-}
-
-// Every key of the window's section names the window or one of its controls.
-void controllaSezione(QWidget& form, const QString& lngFile) {
-    QFile f(lngFile);
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    const QString section = QLatin1Char('[') + form.objectName() + QLatin1Char(']');
-    bool inside = false;
-    int keys = 0;
-    for (const QByteArray& raw : f.readAll().split('\n')) {
-        const QString line = QString::fromLatin1(raw).trimmed();
-        if (line.startsWith(QLatin1Char('['))) {
-            inside = line == section;
-            continue;
-        }
-        if (!inside || line.isEmpty() || line.startsWith(QLatin1Char(';'))) continue;
-        QString name = line.left(line.indexOf(QLatin1Char('.')));
-        int index = -1;
-        if (const int p = name.indexOf(QLatin1Char('(')); p > 0) {
-            index = name.mid(p + 1, name.indexOf(QLatin1Char(')')) - p - 1).toInt();
-            name = name.left(p);
-        }
-        ++keys;
-        if (name == form.objectName()) continue;
-        const QObject* found = index >= 0 ? dv::elementoArray<QObject>(form, name, index) : form.findChild<QObject*>(name);
-        EXPECT_NE(found, nullptr) << lngFile.toStdString() << ": " << line.toStdString();
-    }
-    EXPECT_GT(keys, 0) << lngFile.toStdString() << " has no section " << section.toStdString();
 }
 
 } // namespace
@@ -291,7 +264,7 @@ TEST(LanguageFiles, EveryKeyOfTheseWindowsNamesOneOfTheirControls) {
     dv::frmNewVersion nuova(ui);
     for (const char* file : {"italiano.lng", "english.lng"}) {
         const QString path = Sorgente + QStringLiteral("/languages/") + QString::fromLatin1(file);
-        for (QWidget* w : std::initializer_list<QWidget*>{&impostazioni, &about, &nuova}) controllaSezione(*w, path);
+        for (QWidget* w : std::initializer_list<QWidget*>{&impostazioni, &about, &nuova}) dv::test::controllaSezione(*w, path);
     }
 }
 
