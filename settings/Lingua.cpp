@@ -5,7 +5,7 @@
 #include "settings/classINI.h"
 
 #include <filesystem>
-#include <fstream>
+#include <optional>
 #include <system_error>
 
 namespace dv {
@@ -18,39 +18,19 @@ constexpr size_t BufferLingua = 1024;
 
 // The plain scan of a long file; see ReadLanguageValue.
 std::string scansiona(const std::string& file, std::string_view key) {
-    std::ifstream in(file, std::ios::binary);
-    if (!in || key.empty()) return {};
+    const std::optional<std::string> content = LeggiFileTesto(file); // a UTF-8 file with a mark comes converted
+    if (!content || key.empty()) return {};
     const std::string k = Utf8ToAnsi(key);
-    std::string line;
-    // Lines end at CR, LF or CR LF, as the text reader of the platform takes them.
-    auto nextLine = [&in, &line]() {
-        line.clear();
-        int c;
-        bool any = false;
-        while ((c = in.get()) != EOF) {
-            any = true;
-            if (c == '\n') break;
-            if (c == '\r') {
-                if (in.peek() == '\n') in.get();
-                break;
-            }
-            if (line.size() < MaxFileTesto) line += static_cast<char>(c);
-        }
-        return any;
-    };
-    // A file saved as UTF-8 with a byte-order mark is read as UTF-8.
-    bool utf8 = false;
-    if (in.peek() == 0xEF) {
-        char bom[3] = {};
-        in.read(bom, 3);
-        utf8 = std::string_view(bom, 3) == "\xEF\xBB\xBF";
-        if (!utf8) in.seekg(0);
-    }
-    while (nextLine()) {
-        if (utf8) line = Utf8ToAnsi(line);
+    const std::string_view all(*content);
+    // Lines end at CR, LF or CR LF, as the platform's text reader takes them.
+    for (size_t pos = 0; pos < all.size();) {
+        size_t end = all.find_first_of("\r\n", pos);
+        if (end == std::string_view::npos) end = all.size();
+        const std::string_view line = all.substr(pos, end - pos);
+        pos = end + (all.compare(end, 2, "\r\n") == 0 ? 2 : 1);
         if (!IniziaSenzaMaiuscole(line, k)) continue;
         if (line.size() < k.size() + 3) return {};
-        std::string_view v = std::string_view(line).substr(k.size() + 1);
+        std::string_view v = line.substr(k.size() + 1);
         v = v.substr(1, v.size() - 2);
         return AnsiToUtf8(v.substr(0, v.find('\0')));
     }

@@ -93,13 +93,24 @@ std::string classINI::leggi(const std::string& path, std::string_view section, s
     if (!content) return std::string(def);
     const std::string sec = Utf8ToAnsi(section);
     const std::string k = Utf8ToAnsi(key);
-    const std::vector<Riga> rs = righe(*content);
-    const auto start = trovaSezione(rs, sec);
-    if (!start) return std::string(def);
-    for (size_t i = *start + 1; i < rs.size() && !sezione(rs[i].testo); ++i) {
-        const auto found = chiave(rs[i].testo);
+    // One pass over the lines, without copying them: this runs for every text of every window.
+    const std::string_view all(*content);
+    bool inside = false;
+    for (size_t pos = 0; pos < all.size();) {
+        size_t nl = all.find('\n', pos);
+        if (nl == std::string_view::npos) nl = all.size();
+        std::string_view line = all.substr(pos, nl - pos);
+        pos = nl + 1;
+        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+        if (const auto s = sezione(line)) {
+            if (inside) break; // the first section of that name is the one read
+            inside = UgualiSenzaMaiuscole(*s, sec);
+            continue;
+        }
+        if (!inside) continue;
+        const auto found = chiave(line);
         if (!found || !UgualiSenzaMaiuscole(*found, k)) continue;
-        std::string_view v = valore(rs[i].testo);
+        std::string_view v = valore(line);
         v = v.substr(0, v.find('\0'));
         if (bufferSize > 0 && v.size() > bufferSize - 1) v = v.substr(0, bufferSize - 1);
         return AnsiToUtf8(v);
