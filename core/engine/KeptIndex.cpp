@@ -144,12 +144,11 @@ Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, M
     if (!places.empty()) {
         // The listed subsets: a subset's rank is the sum of what its k-th place adds as the
         // k-th smallest member.
-        std::array<std::array<uint64_t, MaxLenColonna>, MaxLenColonna> adds;
-        for (int p = 0; p < m; ++p)
-            for (int k = 0; k < s; ++k) adds[static_cast<size_t>(p)][static_cast<size_t>(k)] = Ranks.c[idx[p]][static_cast<size_t>(k + 1)];
+        std::array<const uint64_t*, MaxLenColonna> adds;
+        for (int p = 0; p < m; ++p) adds[static_cast<size_t>(p)] = Ranks.c[idx[p]].data() + 1;
         for (size_t i = 0; i < places.size(); i += static_cast<size_t>(s)) {
             uint64_t r = 0;
-            for (int k = 0; k < s; ++k) r += adds[places[i + static_cast<size_t>(k)]][static_cast<size_t>(k)];
+            for (int k = 0; k < s; ++k) r += adds[places[i + static_cast<size_t>(k)]][k];
             Narrowed(out, Widen(table[r]));
             if (!(Widen(want) - Widen(out)).any()) break;
         }

@@ -21,6 +21,7 @@ struct Level {
     Mask barred;  // reduction: indices that cannot come next (shares t with a kept column)
     int sum = 0, even = 0, fixed = 0, runMax = 0, runTail = 0;
     int xorPass = 0;
+    int childLimit = 0; // reduction: the last index (1-based) a next number can have
     bool orSatisfied = false;
     std::array<uint32_t, 3> open{}; // open groups of the AND, OR, XOR tables
 };
@@ -33,6 +34,19 @@ inline int FirstFree(Mask m, int from) {
         if (free != 0) return 64 * half + std::countr_zero(free);
     }
     return 128;
+}
+
+// The index of the k-th highest member of m (k >= 1), or -1 when m has fewer members.
+inline int NthHighest(Mask m, int k) {
+    for (int half = 1; half >= 0; --half) {
+        uint64_t w = half == 1 ? m.hi : m.lo;
+        for (; w != 0; --k) {
+            const int top = 63 - std::countl_zero(w);
+            if (k == 1) return 64 * half + top;
+            w &= ~(uint64_t{1} << top);
+        }
+    }
+    return -1;
 }
 
 inline uint32_t RangeBits(int lo, int hi) {
@@ -53,6 +67,7 @@ private:
     bool leaf(int& d, Mask indices);
     bool plainLeaves(int& d);
     bool unwind(int& d, int to);
+    int childLimit(const Level& s, int d) const;
 
     Corpo& m_c;
     RunProgress& m_progress;
@@ -234,6 +249,14 @@ IntegralWalk::Fit IntegralWalk::enter(int d, int j, int r) {
     return !m_filtering || filters(s, p, d, j + 1, r) ? Fit::Fits : Fit::Dead;
 }
 
+// The last index (1-based) that a next number of the prefix s of depth d can have: after it,
+// the numbers still to come need that many numbers above it that are not barred.
+int IntegralWalk::childLimit(const Level& s, int d) const {
+    const int need = m_len - d - 1;
+    if (need == 0) return m_n;
+    return NthHighest(Mask::range(0, m_n - 1) - s.barred, need); // 0-based index = 1-based limit
+}
+
 // Skips what is left of the subtrees of the prefixes deeper than `to`; the walk goes on with the
 // next number at depth `to`.
 bool IntegralWalk::unwind(int& d, int to) {
@@ -267,6 +290,7 @@ bool IntegralWalk::leaf(int& d, Mask indices) {
         if (m_barring) {
             Level& top = m_level[static_cast<size_t>(t - 1)];
             top.barred |= indices - top.indices;
+            top.childLimit = childLimit(top, t - 1);
         }
         return unwind(d, t - 1);
     }
@@ -322,6 +346,7 @@ void IntegralWalk::run() {
     root.orSatisfied = m_cond.orTable.satisfied;
     root.xorPass = m_cond.xorTable.base;
     if (m_barring && m_kept.shared() == 1) root.barred = m_kept.newExtensions(m_idx.data(), 0, Mask::range(0, m_n - 1));
+    root.childLimit = childLimit(root, 0);
     const bool tablesFail = m_cond.andTable.alwaysFails || m_cond.orTable.alwaysFails || m_cond.xorTable.alwaysFails;
     if (tablesFail || bounds(root, 1, m_len) != Fit::Fits) {
         m_progress.reject(Binomial(m_n, m_len));
@@ -340,9 +365,10 @@ void IntegralWalk::run() {
         int j = m_next[z];
         if (m_barring && j <= m_n - r) {
             // 1. Skip the barred numbers in one step: each one's subtree shares t numbers with a
-            //    kept column (the sum of their sizes telescopes).
-            const int free = FirstFree(m_level[z].barred, j - 1) + 1;
-            const int to = std::min(free, m_n - r + 1);
+            //    kept column (the sum of their sizes telescopes); and the numbers past the last
+            //    one that leaves enough numbers above it.
+            const int last = std::min(m_n - r, m_level[z].childLimit);
+            const int to = j > last ? m_n - r + 1 : std::min(FirstFree(m_level[z].barred, j - 1) + 1, last + 1);
             if (to > j) {
                 if (!m_progress.reject(Binomial(m_n - j + 1, r + 1) - Binomial(m_n - to + 1, r + 1))) return;
                 m_next[z] = j = to;
@@ -377,9 +403,10 @@ void IntegralWalk::run() {
         s.barred = m_level[z].barred;
         if (m_barring && m_kept.shared() >= 2 && d >= m_kept.shared() - 1) {
             // Only the numbers that can still come next are worth looking up.
-            const Mask wanted = Mask::range(j, m_n - m_len + d) - s.barred;
+            const Mask wanted = Mask::range(j, childLimit(s, d) - 1) - s.barred;
             if (wanted.any()) s.barred |= m_kept.newExtensions(m_idx.data(), d, wanted);
         }
+        if (m_barring) s.childLimit = childLimit(s, d);
     }
 }
 
