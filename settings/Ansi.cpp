@@ -103,4 +103,10 @@ bool IniziaSenzaMaiuscole(std::string_view text, std::string_view prefix) {
     return true;
 }
 
+std::string MaiuscoleAscii(std::string text) {
+    for (char& c : text)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    return text;
+}
+
 } // namespace dv

@@ -17,4 +17,7 @@ bool UgualiSenzaMaiuscole(std::string_view a, std::string_view b);
 // True when text starts with prefix, compared as UgualiSenzaMaiuscole does.
 bool IniziaSenzaMaiuscole(std::string_view text, std::string_view prefix);
 
+// The text with its ASCII letters in upper case, as language names are shown and stored.
+std::string MaiuscoleAscii(std::string text);
+
 } // namespace dv

@@ -39,11 +39,6 @@ std::string primiCaratteri(const std::string& s, size_t n) {
     return s;
 }
 
-std::string maiuscole(std::string s) {
-    for (char& c : s)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
-    return s;
-}
 
 } // namespace
 
@@ -83,7 +78,7 @@ std::vector<std::string> ElencoLingue(const std::string& appDir) {
         if (file.size() <= 4 || !UgualiSenzaMaiuscole(std::string_view(file).substr(file.size() - 4), ".lng")) continue;
         std::error_code ec2;
         if (!it->is_regular_file(ec2)) continue;
-        names.push_back(maiuscole(file.substr(0, file.size() - 4)));
+        names.push_back(MaiuscoleAscii(file.substr(0, file.size() - 4)));
     }
     std::sort(names.begin(), names.end());
     return names;

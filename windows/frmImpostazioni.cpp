@@ -2,6 +2,7 @@
 
 #include "core/Ui.h"
 #include "platform/ApplyLanguage.h"
+#include "settings/Ansi.h"
 #include "platform/DownloadFile.h"
 #include "platform/Shell.h"
 
@@ -19,16 +20,6 @@
 #include <exception>
 
 namespace dv {
-
-namespace {
-
-std::string maiuscole(std::string s) {
-    for (char& c : s)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
-    return s;
-}
-
-} // namespace
 
 frmImpostazioni::frmImpostazioni(Impostazioni& impostazioni, Lingua& lingua, Ui& ui, QWidget* parent,
                                  ServiziImpostazioni servizi)
@@ -156,7 +147,7 @@ void frmImpostazioni::elencaStampanti(bool seleziona) {
 
 void frmImpostazioni::ElencaLingue() {
     m_cmbLingua->clear();
-    const std::string wanted = maiuscole(m_imp.Lingua);
+    const std::string wanted = MaiuscoleAscii(m_imp.Lingua);
     int selected = -1;
     for (const std::string& name : ElencoLingue(m_lingua.AppDir)) {
         m_cmbLingua->addItem(QString::fromStdString(name));
