@@ -33,6 +33,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -409,6 +410,26 @@ private slots:
         });
         m_main->azione(QStringLiteral("menuinfo"))->trigger();
         QVERIFY(aperta);
+    }
+
+    void shuffleAsksAndKeepsTheSetOfColumnsAndOpenFolderShowsTheDataFolder() {
+        scegliDa1A(13);
+        sviluppa();
+        const auto prima = test::StoredColumns(*m_corpo);
+        m_dialogs->setNextAnswer(false);
+        m_main->azione(QStringLiteral("menuMescola"))->trigger();
+        QCOMPARE(m_dialogs->boxes.back().text, std::string("Condizionato"));
+        QVERIFY(test::StoredColumns(*m_corpo) == prima);
+        m_dialogs->setNextAnswer(true);
+        m_main->azione(QStringLiteral("menuMescola"))->trigger();
+        auto dopo = test::StoredColumns(*m_corpo);
+        QVERIFY(dopo != prima);
+        std::sort(dopo.begin(), dopo.end());
+        QVERIFY(dopo == prima); // developed in lexicographic order, so sorted
+        QVERIFY(abilitato("menuMescola"));
+
+        m_main->azione(QStringLiteral("menuApriDirectory"))->trigger();
+        QCOMPARE(m_dialogs->folders.back(), m_corpo->AppDir);
     }
 
     void closingIsRefusedDuringARunAndOtherwiseAsked() {
