@@ -33,7 +33,9 @@ public:
     virtual void finished(int64_t elapsedSeconds) { (void)elapsedSeconds; }
 };
 
-// Cancellation: set from any thread; the engine clears it when a run starts.
+// Cancellation: set from any thread; the engine clears it when a run starts. A stop set inside
+// progress() ends the run at that very candidate; one set from another thread is seen at the
+// next step or within 256 candidates, whichever comes first.
 struct RunControl {
     std::atomic<bool> StopElaborazione{false};
 };

@@ -23,7 +23,7 @@ enum class Scale {
 // another thread is seen between steps.
 class RunProgress {
 public:
-    static constexpr Count PollInterval = 1u << 16;
+    static constexpr Count PollInterval = 256;
 
     RunProgress(double total, Scale scale, RunControl& ctl, EngineObserver& obs);
 
