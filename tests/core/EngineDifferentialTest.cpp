@@ -1,6 +1,7 @@
 // The program's engine against the literal reference, on random states and on the edges: the
 // same columns in the same order, the same counters, description and progress reports. A
-// difference fails at once and prints the seed and the state that shows it.
+// difference fails at once and prints the seed and the state that shows it. DV_ENGINE_SEED=<n>
+// in the environment draws other random states.
 #include "core/Engine.h"
 
 #include "tests/reference/LiteralEngine.h"
