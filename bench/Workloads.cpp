@@ -10,7 +10,8 @@ void Forecast(Corpo& c, int from, int to, int len) {
     c.LenColonna = static_cast<int16_t>(len);
     c.pronostico.Numeri.fill(0);
     uint8_t k = 0;
-    for (int v = from; v <= to; ++v) c.pronostico.Numeri[k++] = static_cast<uint8_t>(v);
+    for (int v = from; v <= to; ++v)
+        c.pronostico.Numeri[k++] = static_cast<uint8_t>(v);
     c.pronostico.Quanti = k;
     c.pronostico.NumColonne = 0;
 }
@@ -35,10 +36,13 @@ void Filters(TabellaFiltri& t, int count, int32_t presenze, uint64_t seed) {
     }
 }
 
-constexpr int32_t Hits(int from, int to) { return (int32_t{2} << to) - (int32_t{1} << from); }
+constexpr int32_t Hits(int from, int to) {
+    return (int32_t{2} << to) - (int32_t{1} << from);
+}
 
 // The forecast 1..25 in columns of 6, and one filter table.
-template <TabellaFiltri Corpo::*Table, int Records, int32_t Presenze, uint64_t Seed> void FilterWorkload(Corpo& c) {
+template <TabellaFiltri Corpo::*Table, int Records, int32_t Presenze, uint64_t Seed>
+void FilterWorkload(Corpo& c) {
     Forecast(c, 1, 25, 6);
     Filters(c.*Table, Records, Presenze, Seed);
 }
@@ -55,7 +59,8 @@ const std::vector<Workload>& Workloads() {
              k.CondSomma = Vero;
              k.SommaMinMax = {160, 200};
              k.CondPari = Vero;
-             for (int e = 4; e <= 6; ++e) k.TabPari[static_cast<size_t>(e)] = Vero;
+             for (int e = 4; e <= 6; ++e)
+                 k.TabPari[static_cast<size_t>(e)] = Vero;
              k.CondFisse = Vero;
              k.TabFisse[3] = k.TabFisse[18] = 1;
              k.NumFisse = 2;

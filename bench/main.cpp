@@ -36,7 +36,8 @@ std::map<std::string, Measure> g_literal, g_fast;
 uint64_t Checksum(const Corpo& c) {
     uint64_t h = 1469598103934665603ull;
     for (int32_t j = 1; j <= c.pronostico.NumColonne; ++j)
-        for (int p = 1; p <= c.LenColonna; ++p) h = (h ^ c.Colonne.get(j, p)) * 1099511628211ull;
+        for (int p = 1; p <= c.LenColonna; ++p)
+            h = (h ^ c.Colonne.get(j, p)) * 1099511628211ull;
     return h;
 }
 
@@ -74,7 +75,8 @@ void Develop(benchmark::State& state, const bench::Workload* w, bool literal) {
         const auto t0 = std::chrono::steady_clock::now();
         const double cpu0 = ThreadSeconds();
         const RunResult r =
-            literal ? reference::SviluppaIntegrale(c, c.pronostico.Quanti, c.pronostico.Numeri.data(), ctl, quiet, "")
+            literal ? reference::SviluppaIntegrale(c, c.pronostico.Quanti, c.pronostico.Numeri.data(), ctl,
+                                                   quiet, "")
                     : SviluppaIntegrale(c, c.pronostico.Quanti, c.pronostico.Numeri.data(), ctl, quiet, "");
         const double s = ThreadSeconds() - cpu0;
         const double wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
@@ -111,8 +113,8 @@ int main(int argc, char** argv) {
 
     bool differ = false;
     std::printf("\nprocessor seconds of the best run (elapsed seconds in brackets)\n");
-    std::printf("%-22s %20s %20s %9s   %-28s %s\n", "workload", "literal", "fast", "ratio", "literal kept / checksum",
-                "fast kept / checksum");
+    std::printf("%-22s %20s %20s %9s   %-28s %s\n", "workload", "literal", "fast", "ratio",
+                "literal kept / checksum", "fast kept / checksum");
     for (const bench::Workload& w : bench::Workloads()) {
         const Measure& f = g_fast[w.name];
         if (!f.ran) continue;
@@ -124,8 +126,8 @@ int main(int argc, char** argv) {
             std::snprintf(ratio, sizeof ratio, "%.1fx", l.seconds / f.seconds);
             std::snprintf(litSig, sizeof litSig, "%d / %016" PRIx64, l.kept, l.checksum);
         }
-        std::printf("%-22s %20s %20s %9s   %-28s %d / %016" PRIx64 "\n", w.name.c_str(), lit, fast, ratio, litSig,
-                    f.kept, f.checksum);
+        std::printf("%-22s %20s %20s %9s   %-28s %d / %016" PRIx64 "\n", w.name.c_str(), lit, fast, ratio,
+                    litSig, f.kept, f.checksum);
         if (l.ran && (l.kept != f.kept || l.checksum != f.checksum || l.counter != f.counter)) {
             std::printf("!!! %s: the fast engine's result differs from the literal one\n", w.name.c_str());
             differ = true;

@@ -28,9 +28,11 @@ void CheckEveryCombination(Corpo& c, int n, const uint8_t* numeri, engine::RunPr
     engine::ColumnChecker checker(c, Mask{}, false);
     std::array<int, MaxLenColonna + 1> index{};
     std::array<uint8_t, MaxLenColonna> cand{};
-    for (int i = 1; i <= len; ++i) index[static_cast<size_t>(i)] = i;
+    for (int i = 1; i <= len; ++i)
+        index[static_cast<size_t>(i)] = i;
     for (;;) {
-        for (int i = 1; i <= len; ++i) cand[static_cast<size_t>(i - 1)] = numeri[index[static_cast<size_t>(i)] - 1];
+        for (int i = 1; i <= len; ++i)
+            cand[static_cast<size_t>(i - 1)] = numeri[index[static_cast<size_t>(i)] - 1];
         if (checker.passes(cand.data(), progress.kept())) {
             c.Colonne.setColumn(progress.kept() + 1, cand.data(), len);
             checker.add(cand.data());
@@ -39,10 +41,12 @@ void CheckEveryCombination(Corpo& c, int n, const uint8_t* numeri, engine::RunPr
             return;
         }
         int j = len;
-        while (j >= 1 && index[static_cast<size_t>(j)] >= j - len + n) --j;
+        while (j >= 1 && index[static_cast<size_t>(j)] >= j - len + n)
+            --j;
         if (j == 0) return;
         ++index[static_cast<size_t>(j)];
-        for (int p = j + 1; p <= len; ++p) index[static_cast<size_t>(p)] = index[static_cast<size_t>(p - 1)] + 1;
+        for (int p = j + 1; p <= len; ++p)
+            index[static_cast<size_t>(p)] = index[static_cast<size_t>(p - 1)] + 1;
     }
 }
 
@@ -67,11 +71,14 @@ RunResult SviluppaIntegrale(Corpo& c, int n, const uint8_t* numeri, RunControl& 
     const auto start = std::chrono::steady_clock::now();
     engine::RunProgress progress(total, engine::Scale::Development, ctl, obs);
     if (total > 0 && len >= 1 && len <= MaxLenColonna) {
-        if (engine::CanWalk(numeri, n)) engine::WalkIntegral(c, numeri, n, progress);
-        else CheckEveryCombination(c, n, numeri, progress);
+        if (engine::CanWalk(numeri, n))
+            engine::WalkIntegral(c, numeri, n, progress);
+        else
+            CheckEveryCombination(c, n, numeri, progress);
     }
     Concludi(c, progress, descrizione);
-    const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - start);
+    const auto elapsed =
+        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - start);
     obs.finished(elapsed.count());
     return RunResult{progress.counter(), progress.kept(), progress.stopped()};
 }
@@ -88,7 +95,8 @@ RunResult RielaboraColonne(Corpo& c, RunControl& ctl, EngineObserver& obs, const
         uint8_t* row = &copy[static_cast<size_t>(j - 1) * static_cast<size_t>(len)];
         c.Colonne.getColumn(j, row, len);
         sets = sets && engine::IsSet(row, len);
-        for (int i = 0; i < len && sets; ++i) universe |= Mask::bit(row[i]);
+        for (int i = 0; i < len && sets; ++i)
+            universe |= Mask::bit(row[i]);
     }
     ctl.StopElaborazione = false;
     const double total = source;

@@ -7,13 +7,15 @@ constexpr Mask Everything{~uint64_t{0}, ~uint64_t{0}};
 
 Mask NumbersOf(const uint8_t* col, int len) {
     Mask m;
-    for (int i = 0; i < len; ++i) m |= Mask::bit(col[i]);
+    for (int i = 0; i < len; ++i)
+        m |= Mask::bit(col[i]);
     return m;
 }
 } // namespace
 
 ColumnChecker::ColumnChecker(const Corpo& c, Mask universe, bool sets)
-    : m_c(c), m_sets(sets), m_len(c.LenColonna), m_cond(c, sets ? universe : Everything, sets ? Size(universe) : 0),
+    : m_c(c), m_sets(sets), m_len(c.LenColonna),
+      m_cond(c, sets ? universe : Everything, sets ? Size(universe) : 0),
       m_kept(m_cond.reduction, sets ? Size(universe) : 0, c.LenColonna) {
     int k = 0;
     for (int v = 0; v < 128; ++v)
@@ -46,7 +48,8 @@ bool ColumnChecker::sharesTooMany(const uint8_t* col, int32_t kept) {
         m_c.Colonne.getColumn(j, k.data(), m_len);
         fails = NumeriComuni(k.data(), m_len, m_presenza.data()) >= r.shared;
     }
-    for (int i = 0; i < m_len; ++i) m_presenza[col[i]] = 0;
+    for (int i = 0; i < m_len; ++i)
+        m_presenza[col[i]] = 0;
     return fails;
 }
 

@@ -28,7 +28,7 @@ struct CompiledConditions {
     Mask fixedNumbers;
     int numFisse = 0;
     int sommaMin = 0, sommaMax = 0;
-    uint32_t pariAmmessi = 0;       // bit e: e even numbers pass
+    uint32_t pariAmmessi = 0;        // bit e: e even numbers pass
     uint32_t consecutiviAmmessi = 0; // bit r: a longest run of r passes
     CompiledTable andTable, orTable, xorTable;
     const TabellaDistanze* distanze = nullptr;

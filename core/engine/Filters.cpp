@@ -52,7 +52,8 @@ std::vector<FilterGroup> Group(std::vector<FilterGroup> records, TableKind k) {
 
 } // namespace
 
-void CompiledTable::compile(const TabellaFiltri& table, TableKind k, Mask universe, int universeSize, int len) {
+void CompiledTable::compile(const TabellaFiltri& table, TableKind k, Mask universe, int universeSize,
+                            int len) {
     kind = k;
     inUse = table.count() > 0;
     alwaysFails = false;
@@ -62,7 +63,8 @@ void CompiledTable::compile(const TabellaFiltri& table, TableKind k, Mask univer
     lastDecider = 0;
     if (!inUse) return;
     for (const FilterGroup& g : Group(AsMasks(table, universe), k)) {
-        const Verdict v = universeSize == 0 ? Verdict::Open : Classify(g, Mask{}, universe, len, universeSize);
+        const Verdict v =
+            universeSize == 0 ? Verdict::Open : Classify(g, Mask{}, universe, len, universeSize);
         switch (v) {
         case Verdict::Fail:
             if (k == TableKind::And) alwaysFails = true;

@@ -45,7 +45,8 @@ struct ByteHits {
     int len;
     int operator()(Mask m) const {
         int p = 0;
-        for (int i = 0; i < len; ++i) p += col[i] < 128 && m.has(col[i]);
+        for (int i = 0; i < len; ++i)
+            p += col[i] < 128 && m.has(col[i]);
         return p;
     }
 };
@@ -57,10 +58,10 @@ enum class TableKind { And, Or, Xor };
 // `open` lists the groups whose verdict depends on the column.
 struct CompiledTable {
     TableKind kind = TableKind::And;
-    bool inUse = false;     // the table has records: an empty table asks nothing
+    bool inUse = false; // the table has records: an empty table asks nothing
     bool alwaysFails = false;
-    bool satisfied = false; // AND: no open group; OR: a group passes every column
-    int base = 0;           // XOR: records passing every column (0, 1 or 2)
+    bool satisfied = false;          // AND: no open group; OR: a group passes every column
+    int base = 0;                    // XOR: records passing every column (0, 1 or 2)
     std::vector<FilterGroup> groups; // open groups; ids below index this
     // The group that decided the last column, tried first on the next one.
     mutable uint32_t lastDecider = 0;

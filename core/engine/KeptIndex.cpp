@@ -13,7 +13,8 @@ struct RankTable {
         for (int n = 0; n < BinomialRows; ++n)
             for (int k = 0; k < BinomialCols; ++k) {
                 const Count b = Binomial(n, k);
-                c[static_cast<size_t>(n)][static_cast<size_t>(k)] = b > UINT64_MAX ? UINT64_MAX : static_cast<uint64_t>(b);
+                c[static_cast<size_t>(n)][static_cast<size_t>(k)] =
+                    b > UINT64_MAX ? UINT64_MAX : static_cast<uint64_t>(b);
             }
     }
 };
@@ -34,31 +35,52 @@ template <typename F> void ForEachSubset(const uint8_t* e, int m, int s, uint64_
         rank[z + 1] = rank[z] + Ranks.c[e[p]][z + 1];
         sub[z + 1] = sub[z] | Mask::bit(e[p]);
     };
-    for (int k = 0; k < s; ++k) place(k, k);
+    for (int k = 0; k < s; ++k)
+        place(k, k);
     const auto last = static_cast<size_t>(s);
     for (;;) {
         if (!f(rank[last], sub[last])) return;
         int k = s - 1;
-        while (k >= 0 && pos[static_cast<size_t>(k)] == m - s + k) --k;
+        while (k >= 0 && pos[static_cast<size_t>(k)] == m - s + k)
+            --k;
         if (k < 0) return;
         place(k, pos[static_cast<size_t>(k)] + 1);
-        for (int q = k + 1; q < s; ++q) place(q, pos[static_cast<size_t>(q - 1)] + 1);
+        for (int q = k + 1; q < s; ++q)
+            place(q, pos[static_cast<size_t>(q - 1)] + 1);
     }
 }
 
-inline Mask Widen(uint16_t w) { return Mask{w, 0}; }
-inline Mask Widen(uint32_t w) { return Mask{w, 0}; }
-inline Mask Widen(uint64_t w) { return Mask{w, 0}; }
-inline Mask Widen(Mask m) { return m; }
-inline uint16_t& Narrowed(uint16_t& w, Mask m) { return w |= static_cast<uint16_t>(m.lo); }
-inline uint32_t& Narrowed(uint32_t& w, Mask m) { return w |= static_cast<uint32_t>(m.lo); }
-inline uint64_t& Narrowed(uint64_t& w, Mask m) { return w |= m.lo; }
-inline Mask& Narrowed(Mask& w, Mask m) { return w |= m; }
+inline Mask Widen(uint16_t w) {
+    return Mask{w, 0};
+}
+inline Mask Widen(uint32_t w) {
+    return Mask{w, 0};
+}
+inline Mask Widen(uint64_t w) {
+    return Mask{w, 0};
+}
+inline Mask Widen(Mask m) {
+    return m;
+}
+inline uint16_t& Narrowed(uint16_t& w, Mask m) {
+    return w |= static_cast<uint16_t>(m.lo);
+}
+inline uint32_t& Narrowed(uint32_t& w, Mask m) {
+    return w |= static_cast<uint32_t>(m.lo);
+}
+inline uint64_t& Narrowed(uint64_t& w, Mask m) {
+    return w |= m.lo;
+}
+inline Mask& Narrowed(Mask& w, Mask m) {
+    return w |= m;
+}
 
 } // namespace
 
 KeptIndex::KeptIndex(const Reduction& r, int universe, int len, bool forWalk)
-    : m_t(r.shared), m_width(universe <= 32 ? 32 : universe <= 64 ? 64 : 128) {
+    : m_t(r.shared), m_width(universe <= 32   ? 32
+                             : universe <= 64 ? 64
+                                              : 128) {
     if (!r.on || m_t > len) {
         m_mode = Mode::Never;
     } else if (m_t <= 0) {
@@ -75,7 +97,8 @@ KeptIndex::KeptIndex(const Reduction& r, int universe, int len, bool forWalk)
             for (int m = s; m < len && s > 0; ++m) {
                 if (Binomial(m, s) > MaxListed) continue;
                 std::vector<uint8_t> places(static_cast<size_t>(m));
-                for (int p = 0; p < m; ++p) places[static_cast<size_t>(p)] = static_cast<uint8_t>(p);
+                for (int p = 0; p < m; ++p)
+                    places[static_cast<size_t>(p)] = static_cast<uint8_t>(p);
                 ForEachSubset(places.data(), m, s, 0, [&](uint64_t, Mask q) {
                     for (int p = 0; p < m; ++p)
                         if (q.has(p)) m_places[static_cast<size_t>(m)].push_back(static_cast<uint8_t>(p));
@@ -83,9 +106,12 @@ KeptIndex::KeptIndex(const Reduction& r, int universe, int len, bool forWalk)
                 });
             }
         }
-        if (m_width == 32) m_ext32.assign(size, 0);
-        else if (m_width == 64) m_ext64.assign(size, 0);
-        else m_ext.assign(size, Mask{});
+        if (m_width == 32)
+            m_ext32.assign(size, 0);
+        else if (m_width == 64)
+            m_ext64.assign(size, 0);
+        else
+            m_ext.assign(size, Mask{});
     } else {
         m_mode = Mode::Scan;
         m_kept.reserve(static_cast<size_t>(MaxColonne));
@@ -100,9 +126,12 @@ void KeptIndex::add(const uint8_t* idx, Mask k) {
         if (rank >= m_split) {
             const int top = q.hi ? 127 - std::countl_zero(q.hi) : 63 - std::countl_zero(q.lo);
             m_above[rank - m_split] |= static_cast<uint16_t>((k - q).above(top).lo);
-        } else if (m_width == 32) Narrowed(m_ext32[rank], k - q);
-        else if (m_width == 64) Narrowed(m_ext64[rank], k - q);
-        else Narrowed(m_ext[rank], k - q);
+        } else if (m_width == 32)
+            Narrowed(m_ext32[rank], k - q);
+        else if (m_width == 64)
+            Narrowed(m_ext64[rank], k - q);
+        else
+            Narrowed(m_ext[rank], k - q);
         return true;
     });
 }
@@ -121,7 +150,9 @@ bool KeptIndex::fails(const uint8_t* idx, Mask c) const {
         assert(m_above.empty());
         bool hit = false;
         ForEachSubset(idx, Size(c), m_t - 1, 0, [&](uint64_t rank, Mask q) {
-            const Mask e = m_width == 32 ? Widen(m_ext32[rank]) : m_width == 64 ? Widen(m_ext64[rank]) : m_ext[rank];
+            const Mask e = m_width == 32   ? Widen(m_ext32[rank])
+                           : m_width == 64 ? Widen(m_ext64[rank])
+                                           : m_ext[rank];
             hit = (e & (c - q)).any();
             return !hit;
         });
@@ -132,7 +163,8 @@ bool KeptIndex::fails(const uint8_t* idx, Mask c) const {
 }
 
 template <typename Ext>
-Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted, uint64_t first) const {
+Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted,
+                       uint64_t first) const {
     if (m_t == 1) return d == 0 ? Widen(ext[0]) : Mask{};
     // Subsets of size s = t-2 among the m = d-1 earlier members, then idx[d-1] on top: it is the
     // largest. The same walk as ForEachSubset, without the subsets themselves.
@@ -145,10 +177,12 @@ Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, M
         // The listed subsets: a subset's rank is the sum of what its k-th place adds as the
         // k-th smallest member.
         std::array<const uint64_t*, MaxLenColonna> adds;
-        for (int p = 0; p < m; ++p) adds[static_cast<size_t>(p)] = Ranks.c[idx[p]].data() + 1;
+        for (int p = 0; p < m; ++p)
+            adds[static_cast<size_t>(p)] = Ranks.c[idx[p]].data() + 1;
         for (size_t i = 0; i < places.size(); i += static_cast<size_t>(s)) {
             uint64_t r = 0;
-            for (int k = 0; k < s; ++k) r += adds[places[i + static_cast<size_t>(k)]][k];
+            for (int k = 0; k < s; ++k)
+                r += adds[places[i + static_cast<size_t>(k)]][k];
             Narrowed(out, Widen(table[r]));
             if (!(Widen(want) - Widen(out)).any()) break;
         }
@@ -158,17 +192,20 @@ Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, M
     std::array<uint64_t, MaxLenColonna + 1> rank{};
     for (int k = 0; k < s; ++k) {
         pos[static_cast<size_t>(k)] = k;
-        rank[static_cast<size_t>(k + 1)] = rank[static_cast<size_t>(k)] + Ranks.c[idx[k]][static_cast<size_t>(k + 1)];
+        rank[static_cast<size_t>(k + 1)] =
+            rank[static_cast<size_t>(k)] + Ranks.c[idx[k]][static_cast<size_t>(k + 1)];
     }
     for (;;) {
         Narrowed(out, Widen(table[rank[static_cast<size_t>(s)]]));
         if (!(Widen(want) - Widen(out)).any()) break;
         int k = s - 1;
-        while (k >= 0 && pos[static_cast<size_t>(k)] == m - s + k) --k;
+        while (k >= 0 && pos[static_cast<size_t>(k)] == m - s + k)
+            --k;
         if (k < 0) break;
         for (int p = pos[static_cast<size_t>(k)] + 1; k < s; ++k, ++p) {
             pos[static_cast<size_t>(k)] = p;
-            rank[static_cast<size_t>(k + 1)] = rank[static_cast<size_t>(k)] + Ranks.c[idx[p]][static_cast<size_t>(k + 1)];
+            rank[static_cast<size_t>(k + 1)] =
+                rank[static_cast<size_t>(k)] + Ranks.c[idx[p]][static_cast<size_t>(k + 1)];
         }
     }
     return Widen(out);

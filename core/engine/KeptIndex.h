@@ -12,6 +12,7 @@
 #include "core/engine/Conditions.h"
 #include "core/engine/Mask.h"
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -54,9 +55,10 @@ private:
     Mode m_mode = Mode::Never;
     int m_t = 0;
     bool m_anyKept = false;
-    int m_width = 128;             // bits of a table entry: the universe rounded up to 32, 64 or 128
-    uint64_t m_split = ~uint64_t{0}; // walk: from this rank on, entries hold 16 bits above their largest member
-    std::vector<uint16_t> m_above;   // those entries
+    int m_width = 128; // bits of a table entry: the universe rounded up to 32, 64 or 128
+    // Walk: from rank m_split on, entries hold the 16 numbers above their subset's largest member.
+    uint64_t m_split = ~uint64_t{0};
+    std::vector<uint16_t> m_above;
     // Walk: for each prefix length m, the (t-2)-subsets of places 0..m-1, t-2 places each, when
     // they are few enough to list (a list runs without the branches of an enumeration).
     std::array<std::vector<uint8_t>, MaxLenColonna> m_places;

@@ -26,7 +26,8 @@ struct Mask {
             const int lo = std::max(from, 64 * half), hi = std::min(to, 64 * half + 63);
             if (lo > hi) continue;
             const int width = hi - lo + 1;
-            const uint64_t bits = (width == 64 ? ~uint64_t{0} : (uint64_t{1} << width) - 1) << (lo - 64 * half);
+            const uint64_t bits = (width == 64 ? ~uint64_t{0} : (uint64_t{1} << width) - 1)
+                                  << (lo - 64 * half);
             (half == 0 ? m.lo : m.hi) = bits;
         }
         return m;
@@ -63,8 +64,12 @@ struct Mask {
 };
 
 // The number of common members: the count of shared numbers of two columns.
-inline int Common(Mask a, Mask b) { return std::popcount(a.lo & b.lo) + std::popcount(a.hi & b.hi); }
-inline int Size(Mask a) { return std::popcount(a.lo) + std::popcount(a.hi); }
+inline int Common(Mask a, Mask b) {
+    return std::popcount(a.lo & b.lo) + std::popcount(a.hi & b.hi);
+}
+inline int Size(Mask a) {
+    return std::popcount(a.lo) + std::popcount(a.hi);
+}
 
 // Counts of candidates: C(90, 25) exceeds 64 bits, so a walk that skips whole subtrees counts
 // in 128 bits.
@@ -79,7 +84,8 @@ struct BinomialTable {
     constexpr BinomialTable() {
         for (int n = 0; n < BinomialRows; ++n) {
             c[n][0] = 1;
-            for (int k = 1; k < BinomialCols; ++k) c[n][k] = n == 0 ? 0 : c[n - 1][k - 1] + c[n - 1][k];
+            for (int k = 1; k < BinomialCols; ++k)
+                c[n][k] = n == 0 ? 0 : c[n - 1][k - 1] + c[n - 1][k];
         }
     }
 };

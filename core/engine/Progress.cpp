@@ -5,8 +5,8 @@
 namespace dv::engine {
 
 RunProgress::RunProgress(double total, Scale scale, RunControl& ctl, EngineObserver& obs)
-    : m_total(total), m_stepSize(total / (scale == Scale::Development ? 250.0 : 100.0)), m_scale(scale), m_ctl(ctl),
-      m_obs(obs) {}
+    : m_total(total), m_stepSize(total / (scale == Scale::Development ? 250.0 : 100.0)), m_scale(scale),
+      m_ctl(ctl), m_obs(obs) {}
 
 int RunProgress::stepOf(Count c) const {
     return static_cast<int>(std::nearbyint(static_cast<double>(c) / m_stepSize));

@@ -75,8 +75,8 @@ private:
     Mask m_universe;
     CompiledConditions m_cond;
     KeptIndex m_kept;
-    bool m_barring; // the reduction bars numbers through the extension table
-    bool m_plain;   // no test on a column alone: a leaf asks only the reduction
+    bool m_barring;   // the reduction bars numbers through the extension table
+    bool m_plain;     // no test on a column alone: a leaf asks only the reduction
     bool m_filtering; // some filter table has open groups
     bool m_ascending; // the forecast is in ascending order
 
@@ -97,21 +97,24 @@ private:
 };
 
 IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& progress)
-    : m_c(c), m_progress(progress), m_n(n), m_len(c.LenColonna),
-      m_universe([&] {
+    : m_c(c), m_progress(progress), m_n(n), m_len(c.LenColonna), m_universe([&] {
           Mask u;
-          for (int i = 0; i < n; ++i) u |= Mask::bit(numeri[i]);
+          for (int i = 0; i < n; ++i)
+              u |= Mask::bit(numeri[i]);
           return u;
       }()),
-      m_cond(c, m_universe, n), m_kept([&] {
-          // Two distinct combinations share at most len - 1 numbers.
-          Reduction r = m_cond.reduction;
-          if (r.shared >= m_len) r.on = false;
-          return r;
-      }(), n, m_len, true),
+      m_cond(c, m_universe, n), m_kept(
+                                    [&] {
+                                        // Two distinct combinations share at most len - 1 numbers.
+                                        Reduction r = m_cond.reduction;
+                                        if (r.shared >= m_len) r.on = false;
+                                        return r;
+                                    }(),
+                                    n, m_len, true),
       m_barring(m_kept.mode() == KeptIndex::Mode::Table),
-      m_plain(!m_cond.fisse && !m_cond.somma && !m_cond.pari && !m_cond.consecutivi && m_cond.andTable.satisfied &&
-              m_cond.orTable.satisfied && m_cond.xorTable.satisfied && c.CondizioniDistanza.count() == 0),
+      m_plain(!m_cond.fisse && !m_cond.somma && !m_cond.pari && !m_cond.consecutivi &&
+              m_cond.andTable.satisfied && m_cond.orTable.satisfied && m_cond.xorTable.satisfied &&
+              c.CondizioniDistanza.count() == 0),
       m_filtering(!m_cond.andTable.satisfied || !m_cond.orTable.satisfied || !m_cond.xorTable.satisfied),
       m_ascending(std::is_sorted(numeri, numeri + n)) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
@@ -130,7 +133,8 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
         sorted.insert(std::lower_bound(sorted.begin(), sorted.end(), int{m_value[z]}), int{m_value[z]});
         const int count = static_cast<int>(sorted.size());
         for (int r = 1; r <= std::min(count, m_len); ++r) {
-            m_minSum[z][static_cast<size_t>(r)] = m_minSum[z][static_cast<size_t>(r - 1)] + sorted[static_cast<size_t>(r - 1)];
+            m_minSum[z][static_cast<size_t>(r)] =
+                m_minSum[z][static_cast<size_t>(r - 1)] + sorted[static_cast<size_t>(r - 1)];
             m_maxSum[z][static_cast<size_t>(r)] =
                 m_maxSum[z][static_cast<size_t>(r - 1)] + sorted[static_cast<size_t>(count - r)];
         }
@@ -191,7 +195,8 @@ bool IntegralWalk::filters(Level& child, const Level& parent, int depth, int sta
         switch (table.kind) {
         case TableKind::And:
             // The group that failed last is likely to fail again.
-            if (Classify(table.groups[table.lastDecider], child.numbers, suffix, r, rest) == Verdict::Fail) return false;
+            if (Classify(table.groups[table.lastDecider], child.numbers, suffix, r, rest) == Verdict::Fail)
+                return false;
             for (uint32_t k = 0; k < count; ++k) {
                 const Verdict v = Classify(table.groups[from[k]], child.numbers, suffix, r, rest);
                 if (v == Verdict::Fail) {
@@ -207,8 +212,10 @@ bool IntegralWalk::filters(Level& child, const Level& parent, int depth, int sta
                 if (v == Verdict::Pass) child.orSatisfied = true;
                 if (v == Verdict::Open) to[kept++] = from[k];
             }
-            if (child.orSatisfied) kept = 0;
-            else if (kept == 0) return false;
+            if (child.orSatisfied)
+                kept = 0;
+            else if (kept == 0)
+                return false;
             break;
         case TableKind::Xor:
             for (uint32_t k = 0; k < count; ++k) {
@@ -240,7 +247,8 @@ IntegralWalk::Fit IntegralWalk::enter(int d, int j, int r) {
     s.sum = p.sum + v;
     s.even = p.even + m_isEven[z];
     s.fixed = p.fixed + m_isFixed[z];
-    s.runTail = d > 0 && v == static_cast<uint8_t>(m_cand[static_cast<size_t>(d - 1)] + 1) ? p.runTail + 1 : 1;
+    s.runTail =
+        d > 0 && v == static_cast<uint8_t>(m_cand[static_cast<size_t>(d - 1)] + 1) ? p.runTail + 1 : 1;
     s.runMax = std::max(p.runMax, s.runTail);
     s.xorPass = p.xorPass;
     s.orSatisfied = p.orSatisfied;
@@ -262,7 +270,8 @@ int IntegralWalk::childLimit(const Level& s, int d) const {
 bool IntegralWalk::unwind(int& d, int to) {
     assert(to < d && d == m_len - 1);
     Count rest = 0;
-    for (int k = m_len - 1; k > to; --k) rest += Binomial(m_n - m_next[static_cast<size_t>(k)] + 1, m_len - k);
+    for (int k = m_len - 1; k > to; --k)
+        rest += Binomial(m_n - m_next[static_cast<size_t>(k)] + 1, m_len - k);
     d = to;
     return m_progress.reject(rest);
 }
@@ -308,7 +317,8 @@ bool IntegralWalk::plainLeaves(int& d) {
         // Every candidate is kept: whole runs of them between two reports.
         while (m_next[z] <= m_n) {
             const int j = m_next[z];
-            const auto run = static_cast<int>(std::min<Count>(static_cast<Count>(m_n - j + 1), m_progress.room()));
+            const auto run =
+                static_cast<int>(std::min<Count>(static_cast<Count>(m_n - j + 1), m_progress.room()));
             for (int k = 0; k < run; ++k) {
                 m_cand[z] = m_value[static_cast<size_t>(j + k)];
                 m_c.Colonne.setColumn(m_progress.kept() + 1 + k, m_cand.data(), m_len);
@@ -340,14 +350,17 @@ void IntegralWalk::run() {
     root = Level{};
     for (size_t t = 0; t < 3; ++t) {
         const CompiledTable& table = *m_tables[t];
-        for (uint32_t k = 0; k < table.groups.size(); ++k) m_lists[t][k] = k;
+        for (uint32_t k = 0; k < table.groups.size(); ++k)
+            m_lists[t][k] = k;
         root.open[t] = table.satisfied ? 0 : static_cast<uint32_t>(table.groups.size());
     }
     root.orSatisfied = m_cond.orTable.satisfied;
     root.xorPass = m_cond.xorTable.base;
-    if (m_barring && m_kept.shared() == 1) root.barred = m_kept.newExtensions(m_idx.data(), 0, Mask::range(0, m_n - 1));
+    if (m_barring && m_kept.shared() == 1)
+        root.barred = m_kept.newExtensions(m_idx.data(), 0, Mask::range(0, m_n - 1));
     root.childLimit = childLimit(root, 0);
-    const bool tablesFail = m_cond.andTable.alwaysFails || m_cond.orTable.alwaysFails || m_cond.xorTable.alwaysFails;
+    const bool tablesFail =
+        m_cond.andTable.alwaysFails || m_cond.orTable.alwaysFails || m_cond.xorTable.alwaysFails;
     if (tablesFail || bounds(root, 1, m_len) != Fit::Fits) {
         m_progress.reject(Binomial(m_n, m_len));
         return;
@@ -368,7 +381,8 @@ void IntegralWalk::run() {
             //    kept column (the sum of their sizes telescopes); and the numbers past the last
             //    one that leaves enough numbers above it.
             const int last = std::min(m_n - r, m_level[z].childLimit);
-            const int to = j > last ? m_n - r + 1 : std::min(FirstFree(m_level[z].barred, j - 1) + 1, last + 1);
+            const int to =
+                j > last ? m_n - r + 1 : std::min(FirstFree(m_level[z].barred, j - 1) + 1, last + 1);
             if (to > j) {
                 if (!m_progress.reject(Binomial(m_n - j + 1, r + 1) - Binomial(m_n - to + 1, r + 1))) return;
                 m_next[z] = j = to;
@@ -412,7 +426,9 @@ void IntegralWalk::run() {
 
 } // namespace
 
-bool CanWalk(const uint8_t* numeri, int n) { return IsSet(numeri, n); }
+bool CanWalk(const uint8_t* numeri, int n) {
+    return IsSet(numeri, n);
+}
 
 void WalkIntegral(Corpo& c, const uint8_t* numeri, int n, RunProgress& progress) {
     IntegralWalk(c, numeri, n, progress).run();

@@ -24,8 +24,8 @@ struct Recorder : EngineObserver {
     int stopAtStep = -2;
     void started(double total) override { log << "start " << total << "\n"; }
     void progress(const ProgressInfo& i) override {
-        log << "step " << i.step << " bar " << i.bar << " total " << i.total << " counter " << i.counter << " kept "
-            << i.kept << "\n";
+        log << "step " << i.step << " bar " << i.bar << " total " << i.total << " counter " << i.counter
+            << " kept " << i.kept << "\n";
         if (i.step == stopAtStep) ctl->StopElaborazione = true;
     }
     void limitReached(const ProgressInfo& i) override {
@@ -66,7 +66,8 @@ Outcome Execute(Corpo& c, Run run, bool literal, int stopAtStep) {
 
 std::string Numbers(const uint8_t* v, int n) {
     std::ostringstream s;
-    for (int i = 0; i < n; ++i) s << (i ? " " : "") << int{v[i]};
+    for (int i = 0; i < n; ++i)
+        s << (i ? " " : "") << int{v[i]};
     return s.str();
 }
 
@@ -91,7 +92,8 @@ std::string Describe(const Corpo& c) {
     }
     if (c.consecutivi.CondConsecutivi) s << "longest runs mask " << c.consecutivi.MaskConsecutivi << "\n";
     if (k.CondRidotto) s << "guarantee N-" << int{k.ValRidotto} << "\n";
-    if (c.distanzaMinima.CondDistanzaMinima) s << "minimum distance " << int{c.distanzaMinima.ValDistanzaMinima} << "\n";
+    if (c.distanzaMinima.CondDistanzaMinima)
+        s << "minimum distance " << int{c.distanzaMinima.ValDistanzaMinima} << "\n";
     const std::pair<const char*, const TabellaFiltri*> tables[] = {
         {"AND", &c.FiltriAND}, {"OR", &c.FiltriOR}, {"XOR", &c.FiltriXOR}};
     for (const auto& [name, t] : tables) {
@@ -107,8 +109,8 @@ std::string Describe(const Corpo& c) {
     }
     for (int i = 1; i <= c.CondizioniDistanza.count(); ++i) {
         const CondizioneDistanza& d = c.CondizioniDistanza[i];
-        s << "distance record: pairs " << Numbers(&d.Posizioni[1], d.NumPosizioni) << "; min (" << int{d.NumDistanzeMin}
-          << ")";
+        s << "distance record: pairs " << Numbers(&d.Posizioni[1], d.NumPosizioni) << "; min ("
+          << int{d.NumDistanzeMin} << ")";
         for (int x = 1; x <= 89; ++x)
             if (d.DistanzaMin[static_cast<size_t>(x)]) s << " " << x;
         s << "; max (" << int{d.NumDistanzeMax} << ")";
@@ -122,7 +124,8 @@ std::string Describe(const Corpo& c) {
 std::vector<uint8_t> Store(const Corpo& c, int32_t count) {
     std::vector<uint8_t> out;
     for (int32_t j = 1; j <= count; ++j)
-        for (int p = 1; p <= c.LenColonna; ++p) out.push_back(c.Colonne.get(j, p));
+        for (int p = 1; p <= c.LenColonna; ++p)
+            out.push_back(c.Colonne.get(j, p));
     return out;
 }
 
@@ -131,8 +134,8 @@ using Held = std::vector<std::vector<uint8_t>>;
 // Runs both engines on copies of `state`, holding `held` columns, and reports the first
 // difference.
 // With `again`, the two engines start from what their previous run left instead.
-::testing::AssertionResult Same(const Corpo& state, Run run, int stopAtStep, uint64_t seed, const Held& held = {},
-                                bool again = false) {
+::testing::AssertionResult Same(const Corpo& state, Run run, int stopAtStep, uint64_t seed,
+                                const Held& held = {}, bool again = false) {
     static Corpo literal, fast; // reused: each store is 100 MB of address space
     for (Corpo* c : {&literal, &fast}) {
         if (again) break;
@@ -144,18 +147,24 @@ using Held = std::vector<std::vector<uint8_t>>;
     const Outcome a = Execute(literal, run, true, stopAtStep);
     const Outcome b = Execute(fast, run, false, stopAtStep);
     std::string what;
-    if (a.r.counter != b.r.counter) what = "counter";
-    else if (a.r.kept != b.r.kept) what = "kept";
-    else if (a.r.stopped != b.r.stopped) what = "stopped";
-    else if (a.numColonne != b.numColonne || a.descrizione != b.descrizione || a.stop != b.stop) what = "state";
-    else if (a.log != b.log) what = "progress reports";
-    else if (Store(literal, a.r.kept) != Store(fast, b.r.kept)) what = "stored columns";
+    if (a.r.counter != b.r.counter)
+        what = "counter";
+    else if (a.r.kept != b.r.kept)
+        what = "kept";
+    else if (a.r.stopped != b.r.stopped)
+        what = "stopped";
+    else if (a.numColonne != b.numColonne || a.descrizione != b.descrizione || a.stop != b.stop)
+        what = "state";
+    else if (a.log != b.log)
+        what = "progress reports";
+    else if (Store(literal, a.r.kept) != Store(fast, b.r.kept))
+        what = "stored columns";
     if (what.empty()) return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure()
-           << (run == Run::Develop ? "development" : "re-development") << " differs in " << what << " (seed " << seed
-           << ", stop at step " << stopAtStep << ")\nliteral: counter " << a.r.counter << " kept " << a.r.kept
-           << " stopped " << a.r.stopped << "\nfast:    counter " << b.r.counter << " kept " << b.r.kept << " stopped "
-           << b.r.stopped << "\n"
+           << (run == Run::Develop ? "development" : "re-development") << " differs in " << what << " (seed "
+           << seed << ", stop at step " << stopAtStep << ")\nliteral: counter " << a.r.counter << " kept "
+           << a.r.kept << " stopped " << a.r.stopped << "\nfast:    counter " << b.r.counter << " kept "
+           << b.r.kept << " stopped " << b.r.stopped << "\n"
            << Describe(state) << held.size() << " held columns\nliteral reports:\n"
            << a.log.substr(0, 1500) << "fast reports:\n"
            << b.log.substr(0, 1500);
@@ -190,20 +199,24 @@ public:
         if (chance(0.3)) {
             k.CondSomma = Vero;
             const int mid = len * 45 + uniform(-len * 20, len * 20);
-            k.SommaMinMax = {static_cast<int16_t>(mid - uniform(0, len * 15)), static_cast<int16_t>(mid + uniform(0, len * 15))};
+            k.SommaMinMax = {static_cast<int16_t>(mid - uniform(0, len * 15)),
+                             static_cast<int16_t>(mid + uniform(0, len * 15))};
             if (chance(0.1)) k.SommaMinMax[0] = static_cast<int16_t>(uniform(-32768, 0)); // signed limits
-            if (chance(0.05)) std::swap(k.SommaMinMax[0], k.SommaMinMax[1]);            // an empty range
+            if (chance(0.05)) std::swap(k.SommaMinMax[0], k.SommaMinMax[1]);              // an empty range
         }
         if (chance(0.3)) {
             k.CondPari = Vero;
-            for (int e = 0; e <= len; ++e) k.TabPari[static_cast<size_t>(e)] = chance(0.6) ? Vero : Falso;
+            for (int e = 0; e <= len; ++e)
+                k.TabPari[static_cast<size_t>(e)] = chance(0.6) ? Vero : Falso;
         }
         if (chance(0.25)) {
             k.CondFisse = Vero;
             const int count = uniform(0, std::min(3, len));
-            for (int i = 0; i < count; ++i) k.TabFisse[static_cast<size_t>(number(0.9))] = 1;
+            for (int i = 0; i < count; ++i)
+                k.TabFisse[static_cast<size_t>(number(0.9))] = 1;
             k.NumFisse = 0;
-            for (int v = 1; v <= 90; ++v) k.NumFisse = static_cast<uint8_t>(k.NumFisse + (k.TabFisse[static_cast<size_t>(v)] == 1));
+            for (int v = 1; v <= 90; ++v)
+                k.NumFisse = static_cast<uint8_t>(k.NumFisse + (k.TabFisse[static_cast<size_t>(v)] == 1));
             if (chance(0.1)) k.NumFisse = chance(0.5) ? 255 : static_cast<uint8_t>(uniform(0, len));
         }
         if (chance(0.25)) {
@@ -212,7 +225,8 @@ public:
         }
         if (chance(0.2)) {
             const int records = uniform(1, 3);
-            for (int i = 0; i < records; ++i) c.CondizioniDistanza.append(distance(len));
+            for (int i = 0; i < records; ++i)
+                c.CondizioniDistanza.append(distance(len));
         }
         fill(c.FiltriAND, 0.3, 0.75);
         fill(c.FiltriOR, 0.25, 0.35);
@@ -223,7 +237,8 @@ public:
         }
         if (chance(0.25)) {
             c.distanzaMinima.CondDistanzaMinima = Vero;
-            c.distanzaMinima.ValDistanzaMinima = static_cast<uint8_t>(chance(0.1) ? uniform(len + 1, 255) : uniform(0, len));
+            c.distanzaMinima.ValDistanzaMinima =
+                static_cast<uint8_t>(chance(0.1) ? uniform(len + 1, 255) : uniform(0, len));
         }
         return c;
     }
@@ -240,7 +255,9 @@ public:
             if (dirty && chance(0.3)) {
                 const auto p = static_cast<size_t>(uniform(0, len - 1));
                 const int kind = uniform(0, 2);
-                col[p] = kind == 0 ? 0 : kind == 1 ? col[static_cast<size_t>(uniform(0, len - 1))] : uniform(91, 255);
+                col[p] = kind == 0   ? 0
+                         : kind == 1 ? col[static_cast<size_t>(uniform(0, len - 1))]
+                                     : uniform(91, 255);
             }
             out[j].assign(col.begin(), col.end());
             if (j > 0 && chance(0.05)) out[j] = out[j - 1];
@@ -250,14 +267,16 @@ public:
 
     // A number of the forecast with probability p, any number otherwise.
     int number(double p) {
-        return chance(p) ? m_forecast[static_cast<size_t>(uniform(0, static_cast<int>(m_forecast.size()) - 1))]
-                         : uniform(1, 90);
+        return chance(p)
+                   ? m_forecast[static_cast<size_t>(uniform(0, static_cast<int>(m_forecast.size()) - 1))]
+                   : uniform(1, 90);
     }
 
     ColonnaFiltro filter(int len, double allow) {
         ColonnaFiltro f;
         const int size = uniform(1, 6);
-        for (int i = 0; i < size; ++i) f.Numeri[static_cast<size_t>(number(0.85))] = 1;
+        for (int i = 0; i < size; ++i)
+            f.Numeri[static_cast<size_t>(number(0.85))] = 1;
         for (int b = 0; b <= std::min(len, 6); ++b)
             if (chance(allow)) f.Presenze |= 1 << b;
         if (chance(0.03)) f.Presenze = 0;
@@ -269,13 +288,15 @@ public:
     void fill(TabellaFiltri& t, double use, double allow) {
         if (!chance(use)) return;
         const int records = uniform(1, 6);
-        for (int i = 0; i < records; ++i) t.append(filter(uniform(1, 7), allow));
+        for (int i = 0; i < records; ++i)
+            t.append(filter(uniform(1, 7), allow));
     }
 
     CondizioneDistanza distance(int len) {
         CondizioneDistanza d;
         d.NumPosizioni = static_cast<uint8_t>(uniform(0, std::min(25, len + 1)));
-        for (int i = 1; i <= d.NumPosizioni; ++i) d.Posizioni[static_cast<size_t>(i)] = static_cast<uint8_t>(uniform(0, len + 1));
+        for (int i = 1; i <= d.NumPosizioni; ++i)
+            d.Posizioni[static_cast<size_t>(i)] = static_cast<uint8_t>(uniform(0, len + 1));
         std::sort(d.Posizioni.begin() + 1, d.Posizioni.begin() + 1 + d.NumPosizioni);
         for (int x = 1; x <= 89; ++x) {
             d.DistanzaMin[static_cast<size_t>(x)] = x < 12 && chance(0.5) ? Vero : Falso;
@@ -330,9 +351,10 @@ TEST(EngineDifferential, ForecastThatIsNotASetDevelopsAlike) {
         const int n = c.pronostico.Quanti;
         const auto p = static_cast<size_t>(rs.uniform(0, n - 1));
         const int kind = rs.uniform(0, 2);
-        c.pronostico.Numeri[p] = static_cast<uint8_t>(kind == 0   ? 0
-                                                      : kind == 1 ? c.pronostico.Numeri[static_cast<size_t>(rs.uniform(0, n - 1))]
-                                                                  : rs.uniform(128, 255));
+        c.pronostico.Numeri[p] =
+            static_cast<uint8_t>(kind == 0   ? 0
+                                 : kind == 1 ? c.pronostico.Numeri[static_cast<size_t>(rs.uniform(0, n - 1))]
+                                             : rs.uniform(128, 255));
         ASSERT_TRUE(Same(c, Run::Develop, -2, seed));
     }
 }
@@ -399,10 +421,12 @@ TEST(EngineDifferential, FullFilterTables) {
         for (int t = 0; t < 3; ++t) {
             for (int i = 0; i < MaxFiltri; ++i) {
                 ColonnaFiltro f;
-                for (int k = 0; k < 4; ++k) f.Numeri[static_cast<size_t>(pick())] = 1;
+                for (int k = 0; k < 4; ++k)
+                    f.Numeri[static_cast<size_t>(pick())] = 1;
                 f.Numeri[static_cast<size_t>(1 + rng() % 90)] = 1;
                 // AND allows nearly everything, OR and XOR nearly nothing.
-                f.Presenze = t == 0 ? 0x3FFFFFF & ~(1 << (3 + rng() % 3)) : (rng() % 1000 == 0 ? 1 << (rng() % 4) : 0);
+                f.Presenze =
+                    t == 0 ? 0x3FFFFFF & ~(1 << (3 + rng() % 3)) : (rng() % 1000 == 0 ? 1 << (rng() % 4) : 0);
                 tables[t]->append(f);
             }
         }

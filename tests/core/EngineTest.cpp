@@ -33,7 +33,8 @@ TEST(Engine, SkipsAWalkBeyondSixtyFourBitsAndStillShowsEveryStep) {
     EXPECT_FALSE(r.stopped);
     EXPECT_NEAR(r.counter / total, 1.0, 1e-12);
     ASSERT_EQ(steps.seen.size(), 251u) << "steps 0 to 250, each once";
-    for (size_t i = 0; i < steps.seen.size(); ++i) EXPECT_EQ(steps.seen[i].step, static_cast<int>(i));
+    for (size_t i = 0; i < steps.seen.size(); ++i)
+        EXPECT_EQ(steps.seen[i].step, static_cast<int>(i));
     EXPECT_EQ(steps.seen.front().counter, 1.0);
     EXPECT_EQ(steps.seen.back().bar, 100);
 }
