@@ -35,7 +35,8 @@ std::string FormatIntero(double value, char sep) {
         const int left = n - 1 - i;
         if (left > 0 && left % 3 == 0) out += sep;
     }
-    return negative ? "-" + out : out;
+    if (negative) out.insert(out.begin(), '-');
+    return out;
 }
 
 std::string NumeriToString(const uint8_t* values, int count, int blanks) {
@@ -117,8 +118,11 @@ std::string DescrizioneSistema(const Corpo& c, Ui& ui) {
 }
 
 void AvvisoLimiteColonne(Ui& ui) {
-    ui.messageBox(ui.Lang("0012") + "\n" + ui.Lang("0064") + FormatContatore(MaxColonne), ui.Lang("0055"),
-                  BoxIcon::Critical);
+    std::string testo = ui.Lang("0012");
+    testo += '\n';
+    testo += ui.Lang("0064");
+    testo += FormatContatore(MaxColonne);
+    ui.messageBox(testo, ui.Lang("0055"), BoxIcon::Critical);
 }
 
 bool MescolaColonne(Corpo& c, Ui& ui, uint32_t seed) {

@@ -12,7 +12,11 @@ namespace dv {
 // A whole number in the pattern "#,##0" with sep between groups of three digits.
 std::string FormatIntero(double value, char sep = '.');
 // The text " #,###,###,###,##0" that the progress window and its boxes show.
-inline std::string FormatContatore(double value, char sep = '.') { return " " + FormatIntero(value, sep); }
+inline std::string FormatContatore(double value, char sep = '.') {
+    std::string s(1, ' ');
+    s += FormatIntero(value, sep);
+    return s;
+}
 
 // The non-zero values, each as at least two digits, joined by that many blanks.
 std::string NumeriToString(const uint8_t* values, int count, int blanks);
