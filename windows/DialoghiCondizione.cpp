@@ -14,11 +14,15 @@
 
 namespace dv {
 
-QColor ColoreQt(uint32_t bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
+QColor ColoreQt(uint32_t bgr) {
+    return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF);
+}
 
 QString StileCella(uint32_t fondo, uint32_t testo, bool grassetto) {
-    return QStringLiteral("QLabel { background: %1; color: %2; font-weight: %3; border: 1px solid rgb(160,160,160); }")
-        .arg(ColoreQt(fondo).name(), ColoreQt(testo).name(), grassetto ? QStringLiteral("bold") : QStringLiteral("normal"));
+    return QStringLiteral(
+               "QLabel { background: %1; color: %2; font-weight: %3; border: 1px solid rgb(160,160,160); }")
+        .arg(ColoreQt(fondo).name(), ColoreQt(testo).name(),
+             grassetto ? QStringLiteral("bold") : QStringLiteral("normal"));
 }
 
 Dialogo::Dialogo(Corpo& corpo, Ui& ui, QWidget* parent) : QDialog(parent), m_corpo(corpo), m_ui(ui) {
@@ -42,11 +46,14 @@ FrameCondizione* Dialogo::condizione(const char* nomeOpzioni, int16_t& flag) {
     return frame;
 }
 
-void Dialogo::applicaLingua() { ApplyLanguage(*this, m_ui.languageFile()); }
+void Dialogo::applicaLingua() {
+    ApplyLanguage(*this, m_ui.languageFile());
+}
 
 void Dialogo::soloLettura(std::initializer_list<QWidget*> frames) {
     const bool modificabile = !SoloLettura(m_corpo);
-    for (QWidget* f : frames) f->setEnabled(modificabile);
+    for (QWidget* f : frames)
+        f->setEnabled(modificabile);
 }
 
 DialogoRiduzione::DialogoRiduzione(Corpo& corpo, Ui& ui, QWidget* parent, const Forma& forma, int16_t& flag)
@@ -54,8 +61,8 @@ DialogoRiduzione::DialogoRiduzione(Corpo& corpo, Ui& ui, QWidget* parent, const 
     auto* layout = impagina(forma.finestra, forma.titolo);
     auto* frameCondizione = condizione("optCond", flag);
     const Barra b = forma.carica(corpo);
-    m_valore = new FrameBarra(QString::fromLatin1(forma.barra), QString::fromLatin1(forma.etichetta), b.minimo,
-                              b.massimo, b.valore, this);
+    m_valore = new FrameBarra(QString::fromLatin1(forma.barra), QString::fromLatin1(forma.etichetta),
+                              b.minimo, b.massimo, b.valore, this);
     layout->addWidget(m_valore);
     soloLettura({frameCondizione, m_valore});
     applicaLingua();
@@ -90,14 +97,15 @@ void FrameCondizione::click(int index) {
         QRadioButton* opt = m_opzioni[static_cast<size_t>(i)];
         const bool scelta = i == index;
         opt->setChecked(scelta);
-        opt->setStyleSheet(scelta ? QStringLiteral("QRadioButton { background: %1; color: %2; padding: 2px 6px; }")
-                                        .arg(ColoreQt(ColoreRosso).name(), ColoreQt(ColoreBianco).name())
-                                  : QString());
+        opt->setStyleSheet(
+            scelta ? QStringLiteral("QRadioButton { background: %1; color: %2; padding: 2px 6px; }")
+                         .arg(ColoreQt(ColoreRosso).name(), ColoreQt(ColoreBianco).name())
+                   : QString());
     }
 }
 
-FrameBarra::FrameBarra(const QString& nomeBarra, const QString& nomeEtichetta, int minimo, int massimo, int valore,
-                       QWidget* parent)
+FrameBarra::FrameBarra(const QString& nomeBarra, const QString& nomeEtichetta, int minimo, int massimo,
+                       int valore, QWidget* parent)
     : QGroupBox(parent) {
     setObjectName(QStringLiteral("frameValore"));
     auto* layout = new QHBoxLayout(this);
@@ -114,12 +122,16 @@ FrameBarra::FrameBarra(const QString& nomeBarra, const QString& nomeEtichetta, i
     m_etichetta->setMinimumWidth(40);
     layout->addWidget(m_barra, 1);
     layout->addWidget(m_etichetta);
-    connect(m_barra, &QScrollBar::valueChanged, m_etichetta, [this](int v) { m_etichetta->setText(QString::number(v)); });
+    connect(m_barra, &QScrollBar::valueChanged, m_etichetta,
+            [this](int v) { m_etichetta->setText(QString::number(v)); });
 }
 
-int FrameBarra::valore() const { return m_barra->value(); }
+int FrameBarra::valore() const {
+    return m_barra->value();
+}
 
-TabellaCelle::TabellaCelle(const QString& nome, int primo, int quante, int perRiga, bool sweep, QWidget* parent)
+TabellaCelle::TabellaCelle(const QString& nome, int primo, int quante, int perRiga, bool sweep,
+                           QWidget* parent)
     : QFrame(parent), m_primo(primo), m_sweep(sweep) {
     setFrameShape(QFrame::StyledPanel);
     auto* layout = new QGridLayout(this);
@@ -136,7 +148,8 @@ TabellaCelle::TabellaCelle(const QString& nome, int primo, int quante, int perRi
         layout->addWidget(cell, k / perRiga, k % perRiga);
         m_celle.push_back(cell);
     }
-    for (int k = 0; k < quante; ++k) mostraAcceso(primo + k, false);
+    for (int k = 0; k < quante; ++k)
+        mostraAcceso(primo + k, false);
 }
 
 int TabellaCelle::cellaIn(const QPoint& pos) const {
@@ -150,7 +163,8 @@ int TabellaCelle::cellaIn(const QPoint& pos) const {
 void TabellaCelle::mostraAcceso(int index, bool acceso) {
     QLabel* cell = cella(index);
     cell->setProperty("tag", acceso ? QStringLiteral("1") : QStringLiteral("0"));
-    cell->setStyleSheet(acceso ? StileCella(ColoreRosso, ColoreBianco, true) : StileCella(ColoreBianco, ColoreNero, false));
+    cell->setStyleSheet(acceso ? StileCella(ColoreRosso, ColoreBianco, true)
+                               : StileCella(ColoreBianco, ColoreNero, false));
 }
 
 void TabellaCelle::mousePressEvent(QMouseEvent* e) {

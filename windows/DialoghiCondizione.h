@@ -4,9 +4,9 @@
 #pragma once
 
 #include "core/Corpo.h"
-#include "core/Ui.h"
 #include "core/dialogs/Riduzioni.h"
 #include "core/dialogs/SweepGesture.h"
+#include "core/Ui.h"
 
 #include <QDialog>
 #include <QFrame>

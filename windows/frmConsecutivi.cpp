@@ -6,19 +6,21 @@
 
 namespace dv {
 
-frmConsecutivi::frmConsecutivi(Corpo& corpo, Ui& ui, QWidget* parent) : Dialogo(corpo, ui, parent), m_logica(corpo) {
+frmConsecutivi::frmConsecutivi(Corpo& corpo, Ui& ui, QWidget* parent)
+    : Dialogo(corpo, ui, parent), m_logica(corpo) {
     auto* layout = impagina("frmConsecutivi", "Numeri Consecutivi");
     auto* frameCondizione = condizione("optCond", corpo.consecutivi.CondConsecutivi);
 
-    m_celle = new TabellaCelle(QStringLiteral("lbPresenze"), DialogoConsecutivi::Prima, DialogoConsecutivi::Ultima, 9,
-                               true, this);
+    m_celle = new TabellaCelle(QStringLiteral("lbPresenze"), DialogoConsecutivi::Prima,
+                               DialogoConsecutivi::Ultima, 9, true, this);
     m_celle->setObjectName(QStringLiteral("framePresenze"));
     layout->addWidget(m_celle);
     for (int i = DialogoConsecutivi::Prima; i <= DialogoConsecutivi::Ultima; ++i) {
         m_celle->cella(i)->setVisible(m_logica.visibile(i));
         m_celle->mostraAcceso(i, m_logica.acceso(i));
     }
-    connect(m_celle, &TabellaCelle::cellaCliccata, this, [this](int i) { m_celle->mostraAcceso(i, m_logica.click(i)); });
+    connect(m_celle, &TabellaCelle::cellaCliccata, this,
+            [this](int i) { m_celle->mostraAcceso(i, m_logica.click(i)); });
 
     auto* riga = new QHBoxLayout;
     auto* lblMax = new QLabel(QStringLiteral("Max"), this);

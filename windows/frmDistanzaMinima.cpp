@@ -4,8 +4,8 @@ namespace dv {
 
 frmDistanzaMinima::frmDistanzaMinima(Corpo& corpo, Ui& ui, QWidget* parent)
     : DialogoRiduzione(corpo, ui, parent,
-                       {"frmDistanzaMinima", "Ridotto Distanza Minima", "hsDistanzaMinima", "lblDistanzaMinima",
-                        CaricaDistanzaMinima, ChiudiDistanzaMinima},
+                       {"frmDistanzaMinima", "Ridotto Distanza Minima", "hsDistanzaMinima",
+                        "lblDistanzaMinima", CaricaDistanzaMinima, ChiudiDistanzaMinima},
                        corpo.distanzaMinima.CondDistanzaMinima) {}
 
 } // namespace dv

@@ -1,7 +1,7 @@
 #include "windows/frmOrdinaPronostico.h"
 
-#include "core/Helpers.h"
 #include "core/dialogs/Condizione.h"
+#include "core/Helpers.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -67,7 +67,8 @@ void frmOrdinaPronostico::mostraCella(int i) {
 
 void frmOrdinaPronostico::ordineCasuale(uint32_t seed) {
     m_ordine.casuale(seed);
-    for (int i = 0; i < m_ordine.quanti(); ++i) mostraCella(i);
+    for (int i = 0; i < m_ordine.quanti(); ++i)
+        mostraCella(i);
 }
 
 bool frmOrdinaPronostico::chiudi() {

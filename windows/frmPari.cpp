@@ -19,7 +19,8 @@ frmPari::frmPari(Corpo& corpo, Ui& ui, QWidget* parent) : Dialogo(corpo, ui, par
         m_celle->cella(i)->setVisible(m_logica.visibile(i));
         m_celle->mostraAcceso(i, m_logica.acceso(i));
     }
-    connect(m_celle, &TabellaCelle::cellaCliccata, this, [this](int i) { m_celle->mostraAcceso(i, m_logica.click(i)); });
+    connect(m_celle, &TabellaCelle::cellaCliccata, this,
+            [this](int i) { m_celle->mostraAcceso(i, m_logica.click(i)); });
 
     soloLettura({frameCondizione, m_celle});
     applicaLingua();

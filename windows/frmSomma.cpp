@@ -44,8 +44,10 @@ frmSomma::frmSomma(Corpo& corpo, Ui& ui, QWidget* parent) : Dialogo(corpo, ui, p
     auto* frameValori = new QGroupBox(this);
     frameValori->setObjectName(QStringLiteral("frameValori"));
     auto* griglia = new QGridLayout(frameValori);
-    m_meDa = CasellaSomma("meDa", ValoreSommaIniziale(corpo.condizioni.SommaMinMax[0], m_limiti, m_limiti.labMin), this);
-    m_meA = CasellaSomma("meA", ValoreSommaIniziale(corpo.condizioni.SommaMinMax[1], m_limiti, m_limiti.labMax), this);
+    m_meDa = CasellaSomma(
+        "meDa", ValoreSommaIniziale(corpo.condizioni.SommaMinMax[0], m_limiti, m_limiti.labMin), this);
+    m_meA = CasellaSomma(
+        "meA", ValoreSommaIniziale(corpo.condizioni.SommaMinMax[1], m_limiti, m_limiti.labMax), this);
     auto* labMin = Etichetta("labMin", QString::number(m_limiti.labMin), this);
     auto* labMax = Etichetta("labMax", QString::number(m_limiti.labMax), this);
     for (QLabel* l : {labMin, labMax}) {
@@ -66,7 +68,8 @@ frmSomma::frmSomma(Corpo& corpo, Ui& ui, QWidget* parent) : Dialogo(corpo, ui, p
     griglia->addWidget(m_meA, 3, 1);
     layout->addWidget(frameValori);
 
-    for (QLineEdit* box : {m_meDa, m_meA}) box->installEventFilter(this);
+    for (QLineEdit* box : {m_meDa, m_meA})
+        box->installEventFilter(this);
     // Enter moves from one box to the other.
     connect(m_meDa, &QLineEdit::returnPressed, m_meA, [this] { m_meA->setFocus(); });
     connect(m_meA, &QLineEdit::returnPressed, m_meDa, [this] { m_meDa->setFocus(); });

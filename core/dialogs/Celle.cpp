@@ -1,7 +1,7 @@
 #include "core/dialogs/Celle.h"
 
-#include "core/Sistema.h"
 #include "core/dialogs/Condizione.h"
+#include "core/Sistema.h"
 
 #include <algorithm>
 
@@ -31,7 +31,8 @@ int SequenzaPronostico(const Corpo& c) {
 DialogoConsecutivi::DialogoConsecutivi(Corpo& c) : m_c(c) {
     AggiornaPronostico(c);
     for (int i = Prima; i <= Ultima; ++i)
-        m_on[static_cast<size_t>(i)] = (c.consecutivi.MaskConsecutivi & Potenze2[static_cast<size_t>(i)]) != 0;
+        m_on[static_cast<size_t>(i)] =
+            (c.consecutivi.MaskConsecutivi & Potenze2[static_cast<size_t>(i)]) != 0;
     m_sequenza = SequenzaPronostico(c);
 }
 

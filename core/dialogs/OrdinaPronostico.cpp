@@ -1,7 +1,7 @@
 #include "core/dialogs/OrdinaPronostico.h"
 
-#include "core/Sistema.h"
 #include "core/dialogs/Condizione.h"
+#include "core/Sistema.h"
 
 #include <cmath>
 #include <random>
@@ -40,7 +40,8 @@ void OrdinePronostico::casuale(uint32_t seed) {
     for (int k = 0; k < n * 10; ++k) {
         const int i = indice();
         int j = indice();
-        while (j == i) j = indice();
+        while (j == i)
+            j = indice();
         std::swap(m_numeri[static_cast<size_t>(i)], m_numeri[static_cast<size_t>(j)]);
         m_colori[static_cast<size_t>(i)] = m_colori[static_cast<size_t>(j)] = colore;
     }

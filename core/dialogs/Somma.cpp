@@ -1,7 +1,7 @@
 #include "core/dialogs/Somma.h"
 
-#include "core/Sistema.h"
 #include "core/dialogs/Condizione.h"
+#include "core/Sistema.h"
 
 #include <algorithm>
 #include <string>
@@ -14,8 +14,10 @@ LimitiSomma CaricaSomma(Corpo& c) {
     const int len = c.LenColonna;
     const int quanti = c.pronostico.Quanti;
     LimitiSomma l;
-    for (int i = 0; i < len && i < 90; ++i) l.labMin += numeri[static_cast<size_t>(i)];
-    for (int i = std::max(0, quanti - len); i < quanti; ++i) l.labMax += numeri[static_cast<size_t>(i)];
+    for (int i = 0; i < len && i < 90; ++i)
+        l.labMin += numeri[static_cast<size_t>(i)];
+    for (int i = std::max(0, quanti - len); i < quanti; ++i)
+        l.labMax += numeri[static_cast<size_t>(i)];
     return l;
 }
 

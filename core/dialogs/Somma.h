@@ -26,7 +26,7 @@ int ValoreSommaIniziale(int stored, const LimitiSomma& limiti, int fallback);
 enum class CampoSomma { Nessuno, Da, A };
 
 struct EsitoSomma {
-    bool chiudi = true;                   // false: the window stays open
+    bool chiudi = true;                     // false: the window stays open
     CampoSomma focus = CampoSomma::Nessuno; // the box that takes the focus after a refusal
 };
 

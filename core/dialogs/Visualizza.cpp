@@ -6,11 +6,16 @@
 namespace dv {
 
 PannelliSistema::PannelliSistema(int32_t numColonne)
-    : m_ultimo(std::max<int32_t>(1, (std::max<int32_t>(0, numColonne) + ColonnePerPannello - 1) / ColonnePerPannello)) {}
+    : m_ultimo(std::max<int32_t>(1, (std::max<int32_t>(0, numColonne) + ColonnePerPannello - 1) /
+                                        ColonnePerPannello)) {}
 
-void PannelliSistema::avanti(int32_t passo) { m_corrente = std::min(m_ultimo, m_corrente + passo); }
+void PannelliSistema::avanti(int32_t passo) {
+    m_corrente = std::min(m_ultimo, m_corrente + passo);
+}
 
-void PannelliSistema::indietro(int32_t passo) { m_corrente = std::max<int32_t>(1, m_corrente - passo); }
+void PannelliSistema::indietro(int32_t passo) {
+    m_corrente = std::max<int32_t>(1, m_corrente - passo);
+}
 
 std::string RigaColonna(const Corpo& c, int32_t colonna) {
     std::string riga = "  ";
@@ -34,7 +39,8 @@ std::string RigaColonna(const Corpo& c, int32_t colonna) {
 std::array<std::string, ColonnePerPannello> RighePannello(const Corpo& c, int32_t pannello) {
     std::array<std::string, ColonnePerPannello> righe;
     const int32_t prima = ColonnePerPannello * pannello - (ColonnePerPannello - 1);
-    for (int i = 0; i < ColonnePerPannello; ++i) righe[static_cast<size_t>(i)] = RigaColonna(c, prima + i);
+    for (int i = 0; i < ColonnePerPannello; ++i)
+        righe[static_cast<size_t>(i)] = RigaColonna(c, prima + i);
     return righe;
 }
 

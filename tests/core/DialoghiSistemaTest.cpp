@@ -16,7 +16,8 @@ Corpo Sistema(int32_t n) {
     Corpo c;
     c.LenColonna = 3;
     for (int32_t j = 1; j <= n; ++j) {
-        const uint8_t col[3] = {static_cast<uint8_t>(j), static_cast<uint8_t>(j + 1), static_cast<uint8_t>(j + 2)};
+        const uint8_t col[3] = {static_cast<uint8_t>(j), static_cast<uint8_t>(j + 1),
+                                static_cast<uint8_t>(j + 2)};
         c.Colonne.setColumn(j, col, 3);
     }
     c.pronostico.NumColonne = n;
@@ -56,7 +57,8 @@ TEST(Viewer, LinesShowTwoDigitNumbersAndBlankPastTheEnd) {
     EXPECT_EQ(primo[9], "  10-11-12");
     auto secondo = RighePannello(c, 2);
     EXPECT_EQ(secondo[0], "  11-12-13");
-    for (int i = 1; i < 10; ++i) EXPECT_EQ(secondo[static_cast<size_t>(i)], "  ");
+    for (int i = 1; i < 10; ++i)
+        EXPECT_EQ(secondo[static_cast<size_t>(i)], "  ");
 }
 
 TEST(Viewer, ColumnsBeyondTheSystemStayBlankEvenWithOldCellsInTheStore) {
@@ -114,7 +116,8 @@ TEST(ForecastOrder, RandomOrderIsAPermutationFixedBySeedWithTheNextColour) {
     EXPECT_EQ(a.contatore(), 1);
     EXPECT_EQ(a.coloreTesto(0), 8454016u); // with 200 exchanges every cell is touched
 
-    for (int press = 2; press <= 5; ++press) a.casuale(static_cast<uint32_t>(press));
+    for (int press = 2; press <= 5; ++press)
+        a.casuale(static_cast<uint32_t>(press));
     EXPECT_EQ(a.contatore(), 0);
     EXPECT_EQ(a.coloreTesto(5), 65535u);
 }

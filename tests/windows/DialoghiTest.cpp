@@ -34,7 +34,8 @@ using namespace dv;
 namespace {
 
 // Every column of length len of the forecast, in order, for the oracle of a development.
-void OgniColonna(const std::vector<int>& numeri, int len, const std::function<void(const std::vector<int>&)>& f) {
+void OgniColonna(const std::vector<int>& numeri, int len,
+                 const std::function<void(const std::vector<int>&)>& f) {
     std::vector<int> col;
     std::function<void(size_t)> scegli = [&](size_t da) {
         if (static_cast<int>(col.size()) == len) return f(col);
@@ -66,9 +67,13 @@ QRadioButton* Opzione(const QWidget& w, const char* nome, int index) {
 }
 
 // A click on the round mark of an option.
-void Clicca(QRadioButton* opt) { QTest::mouseClick(opt, Qt::LeftButton, {}, QPoint(6, opt->height() / 2)); }
+void Clicca(QRadioButton* opt) {
+    QTest::mouseClick(opt, Qt::LeftButton, {}, QPoint(6, opt->height() / 2));
+}
 
-QPoint Centro(const TabellaCelle& t, int index) { return t.cella(index)->geometry().center(); }
+QPoint Centro(const TabellaCelle& t, int index) {
+    return t.cella(index)->geometry().center();
+}
 
 void Mouse(QWidget* w, QEvent::Type type, QPoint pos, Qt::MouseButtons held) {
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
@@ -79,7 +84,8 @@ void Mouse(QWidget* w, QEvent::Type type, QPoint pos, Qt::MouseButtons held) {
 // Presses on the first cell, moves with the button held over the others, releases on the last.
 void Trascina(TabellaCelle& t, const std::vector<int>& celle) {
     Mouse(&t, QEvent::MouseButtonPress, Centro(t, celle.front()), Qt::LeftButton);
-    for (size_t i = 1; i < celle.size(); ++i) Mouse(&t, QEvent::MouseMove, Centro(t, celle[i]), Qt::LeftButton);
+    for (size_t i = 1; i < celle.size(); ++i)
+        Mouse(&t, QEvent::MouseMove, Centro(t, celle[i]), Qt::LeftButton);
     Mouse(&t, QEvent::MouseButtonRelease, Centro(t, celle.back()), Qt::NoButton);
 }
 
@@ -88,7 +94,9 @@ struct UiInglese : test::FakeUi {
     std::string languageFile() override { return DV_SOURCE_DIR "/languages/english.lng"; }
 };
 
-bool Acceso(const TabellaCelle& t, int index) { return t.cella(index)->property("tag").toString() == "1"; }
+bool Acceso(const TabellaCelle& t, int index) {
+    return t.cella(index)->property("tag").toString() == "1";
+}
 
 } // namespace
 
@@ -158,7 +166,8 @@ private slots:
         int atteso = 0;
         OgniColonna(test::Range(1, 10), 5, [&](const std::vector<int>& col) {
             int pari = 0;
-            for (int n : col) pari += n % 2 == 0;
+            for (int n : col)
+                pari += n % 2 == 0;
             atteso += pari == 0 || pari == 2;
         });
         QCOMPARE(Sviluppa(c), atteso);
@@ -203,7 +212,8 @@ private slots:
         int atteso = 0;
         OgniColonna({1, 2, 3, 4, 10, 11, 20, 30}, 4, [&](const std::vector<int>& col) {
             bool vicini = false;
-            for (size_t i = 1; i < col.size(); ++i) vicini |= col[i] == col[i - 1] + 1;
+            for (size_t i = 1; i < col.size(); ++i)
+                vicini |= col[i] == col[i - 1] + 1;
             atteso += !vicini;
         });
         QCOMPARE(Sviluppa(c), atteso);
