@@ -5,14 +5,14 @@
 #include "core/Sistema.h"
 #include "platform/ApplyLanguage.h"
 #include "platform/Shell.h"
-#include "settings/Impostazioni.h"
 #include "settings/Folders.h"
-#include "windows/QtUi.h"
-#include "windows/QtUiDialogs.h"
+#include "settings/Impostazioni.h"
 #include "windows/frmMAIN.h"
 #include "windows/frmMAINFile.h"
 #include "windows/frmNewVersion.h"
 #include "windows/frmSplash.h"
+#include "windows/QtUi.h"
+#include "windows/QtUiDialogs.h"
 
 #include <QApplication>
 #include <QTimer>

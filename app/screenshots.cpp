@@ -8,8 +8,6 @@
 #include "core/Engine.h"
 #include "core/Sistema.h"
 #include "platform/ApplyLanguage.h"
-#include "windows/QtUi.h"
-#include "windows/QtUiDialogs.h"
 #include "windows/frmAbout.h"
 #include "windows/frmCalcolo.h"
 #include "windows/frmConsecutivi.h"
@@ -18,14 +16,16 @@
 #include "windows/frmFiltriDistanzaNumeri.h"
 #include "windows/frmFisse.h"
 #include "windows/frmImpostazioni.h"
-#include "windows/frmNewVersion.h"
 #include "windows/frmMAIN.h"
+#include "windows/frmNewVersion.h"
 #include "windows/frmOrdinaPronostico.h"
 #include "windows/frmPari.h"
 #include "windows/frmRidotto.h"
 #include "windows/frmSomma.h"
 #include "windows/frmSplash.h"
 #include "windows/frmVisualizza.h"
+#include "windows/QtUi.h"
+#include "windows/QtUiDialogs.h"
 
 #include <QAction>
 #include <QApplication>
@@ -65,8 +65,10 @@ public:
     void scatta(QWidget& w, const QString& name) {
         QApplication::processEvents();
         const QString path = m_folder + "/" + name + ".png";
-        if (w.grab().save(path)) std::printf("%s\n", qPrintable(path));
-        else std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+        if (w.grab().save(path))
+            std::printf("%s\n", qPrintable(path));
+        else
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
     }
     // A menu of the menu bar, opened under its title.
     void scattaMenu(QMenu& menu, const QString& name) {
@@ -89,7 +91,8 @@ void scattaDialogo(Fotografo& foto, dv::frmMAIN& main, const QString& name, Args
 }
 
 void selezionaPronostico(dv::frmMAIN& main, std::initializer_list<int> numbers) {
-    for (int n : numbers) dv::GrigliaNumeriClick(main.corpo(), main.ui(), n - 1);
+    for (int n : numbers)
+        dv::GrigliaNumeriClick(main.corpo(), main.ui(), n - 1);
 }
 
 void fotografaLingua(const std::string& lingua, const QString& folder) {
@@ -173,10 +176,12 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
     main.resize(1280, 760);
 
     for (QMenu* menu : main.menuBar()->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly))
-        if (menu->menuAction()->isVisible() && !menu->objectName().isEmpty()) foto.scattaMenu(*menu, menu->objectName());
+        if (menu->menuAction()->isVisible() && !menu->objectName().isEmpty())
+            foto.scattaMenu(*menu, menu->objectName());
     dv::ModificaSistema(*corpo, main.ui());
     dv::CancellaPronostico(*corpo, main.ui());
-    if (auto* popup = main.findChild<QMenu*>(QStringLiteral("menuPopup"))) foto.scattaMenu(*popup, "menuPopup");
+    if (auto* popup = main.findChild<QMenu*>(QStringLiteral("menuPopup")))
+        foto.scattaMenu(*popup, "menuPopup");
     main.hide();
 }
 
@@ -185,6 +190,7 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     const QString out = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("build/screenshots");
-    for (const char* lingua : {"italiano", "english"}) fotografaLingua(lingua, out + "/" + lingua);
+    for (const char* lingua : {"italiano", "english"})
+        fotografaLingua(lingua, out + "/" + lingua);
     return 0;
 }

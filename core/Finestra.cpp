@@ -55,7 +55,9 @@ double IntegraleMostrato(const Corpo& c) {
     return OperazioniAbilitate(c) ? ColonneIntegrali(c.pronostico.Quanti, c.LenColonna) : 0.0;
 }
 
-std::string PercorsoNuovoSistema(const Corpo& c) { return PercorsoIn(c.AppDir, {"sistemi", "nuovo.dvs"}); }
+std::string PercorsoNuovoSistema(const Corpo& c) {
+    return PercorsoIn(c.AppDir, {"sistemi", "nuovo.dvs"});
+}
 
 void NuovoSistema(Corpo& c, Ui& ui) {
     ResetSistema(c, ui, false);
@@ -68,6 +70,8 @@ std::string PercorsoSalva(const Corpo& c) {
     return PercorsoIn(c.AppDir, {"sistemi", CambiaEstensione(c.FileCorrente, ".txt", ".dvs").c_str()});
 }
 
-std::string NomeEsportazione(const Corpo& c) { return CambiaEstensione(PercorsoSalva(c), ".dvs", ".txt"); }
+std::string NomeEsportazione(const Corpo& c) {
+    return CambiaEstensione(PercorsoSalva(c), ".dvs", ".txt");
+}
 
 } // namespace dv

@@ -1,7 +1,7 @@
 #include "windows/QtUi.h"
 
-#include "windows/QtUiDialogs.h"
 #include "windows/frmMAIN.h"
+#include "windows/QtUiDialogs.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -79,8 +79,9 @@ std::string QtUi::chooseOpenFile(const std::string& folder, const std::string& f
 
 std::string QtUi::chooseSaveFile(const std::string& folder, const std::string& filter,
                                  const std::string& defaultExtension, const std::string& proposedName) {
-    return onWindowThread(
-        [&] { return m_dialogs.chooseSaveFile(dialogParent(), folder, filter, defaultExtension, proposedName); });
+    return onWindowThread([&] {
+        return m_dialogs.chooseSaveFile(dialogParent(), folder, filter, defaultExtension, proposedName);
+    });
 }
 
 } // namespace dv

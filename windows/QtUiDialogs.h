@@ -16,13 +16,17 @@ public:
     virtual ~DialogService() = default;
 
     // A box with one button; an empty title means the application's title.
-    virtual void messageBox(QWidget* parent, const std::string& text, const std::string& title, BoxIcon icon) = 0;
+    virtual void messageBox(QWidget* parent, const std::string& text, const std::string& title,
+                            BoxIcon icon) = 0;
     // A yes/no box; true for yes.
-    virtual bool questionBox(QWidget* parent, const std::string& text, const std::string& title, BoxIcon icon) = 0;
+    virtual bool questionBox(QWidget* parent, const std::string& text, const std::string& title,
+                             BoxIcon icon) = 0;
     // File choosers; filter as "File TXT (*.txt)|*.txt". Empty when the user cancelled.
-    virtual std::string chooseOpenFile(QWidget* parent, const std::string& folder, const std::string& filter) = 0;
+    virtual std::string chooseOpenFile(QWidget* parent, const std::string& folder,
+                                       const std::string& filter) = 0;
     virtual std::string chooseSaveFile(QWidget* parent, const std::string& folder, const std::string& filter,
-                                       const std::string& defaultExtension, const std::string& proposedName) = 0;
+                                       const std::string& defaultExtension,
+                                       const std::string& proposedName) = 0;
     virtual void beep() = 0;
     // Opens a folder in the desktop's file browser.
     virtual void openFolder(const std::string& path) = 0;
@@ -31,9 +35,12 @@ public:
 // Real boxes and choosers of the desktop.
 class QtDialogService : public DialogService {
 public:
-    void messageBox(QWidget* parent, const std::string& text, const std::string& title, BoxIcon icon) override;
-    bool questionBox(QWidget* parent, const std::string& text, const std::string& title, BoxIcon icon) override;
-    std::string chooseOpenFile(QWidget* parent, const std::string& folder, const std::string& filter) override;
+    void messageBox(QWidget* parent, const std::string& text, const std::string& title,
+                    BoxIcon icon) override;
+    bool questionBox(QWidget* parent, const std::string& text, const std::string& title,
+                     BoxIcon icon) override;
+    std::string chooseOpenFile(QWidget* parent, const std::string& folder,
+                               const std::string& filter) override;
     std::string chooseSaveFile(QWidget* parent, const std::string& folder, const std::string& filter,
                                const std::string& defaultExtension, const std::string& proposedName) override;
     void beep() override;

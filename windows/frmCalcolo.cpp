@@ -39,16 +39,18 @@ QLabel* etichetta(QWidget* parent, const char* name, const QString& text, Qt::Al
 } // namespace
 
 frmCalcolo::frmCalcolo(QtUi& ui, RunControl& control, QWidget* parent)
-    : QWidget(parent, Qt::Window | Qt::WindowTitleHint | Qt::CustomizeWindowHint), m_ui(ui), m_control(control) {
+    : QWidget(parent, Qt::Window | Qt::WindowTitleHint | Qt::CustomizeWindowHint), m_ui(ui),
+      m_control(control) {
     setObjectName(QStringLiteral("frmCalcolo"));
     setWindowTitle(QStringLiteral("Elaborazione in corso..."));
 
     auto* layout = new QVBoxLayout(this);
     // The scale above the bar: 0% at its left end, 50% in the middle, 100% at its right end.
-    m_labAllarm = etichetta(this, "labAllarm",
-                            QStringLiteral("<table width=\"100%\"><tr><td>0%</td><td align=\"center\">50%</td>"
-                                           "<td align=\"right\">100%</td></tr></table>"),
-                            Qt::AlignLeft);
+    m_labAllarm =
+        etichetta(this, "labAllarm",
+                  QStringLiteral("<table width=\"100%\"><tr><td>0%</td><td align=\"center\">50%</td>"
+                                 "<td align=\"right\">100%</td></tr></table>"),
+                  Qt::AlignLeft);
     m_labAllarm->setStyleSheet(QStringLiteral("color: rgb(160,0,0);"));
     layout->addWidget(m_labAllarm);
     m_pb = new QProgressBar(this);
@@ -73,12 +75,14 @@ frmCalcolo::frmCalcolo(QtUi& ui, RunControl& control, QWidget* parent)
     int r = 0;
     for (const auto& row : rows) {
         const std::string text = ui.Lang(row.key);
-        counts->addWidget(etichetta(this, row.label,
-                                    text.empty() ? QString::fromLatin1(row.caption) : QString::fromStdString(text),
-                                    Qt::AlignLeft),
-                          r, 0);
+        counts->addWidget(
+            etichetta(this, row.label,
+                      text.empty() ? QString::fromLatin1(row.caption) : QString::fromStdString(text),
+                      Qt::AlignLeft),
+            r, 0);
         *row.target = etichetta(this, row.value, QStringLiteral("0"), Qt::AlignRight);
-        (*row.target)->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral(" 0.000.000.000.000.000")));
+        (*row.target)
+            ->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral(" 0.000.000.000.000.000")));
         (*row.target)->setStyleSheet(QStringLiteral("font-weight: bold;"));
         counts->addWidget(*row.target, r, 1);
         ++r;
@@ -122,10 +126,9 @@ void frmCalcolo::mostraLimite(const ProgressInfo& info) {
 
 void frmCalcolo::annulla() {
     m_ui.dialogs().beep();
-    const std::string text = m_ui.Lang("0001") + contatore(m_colonneIntegrale) + "\n" +
-                             m_ui.Lang("0002") + contatore(m_colonneElaborate) + "\n" +
-                             m_ui.Lang("0003") + contatore(m_colonneSistema) + "\n" +
-                             m_ui.Lang("0004");
+    const std::string text = m_ui.Lang("0001") + contatore(m_colonneIntegrale) + "\n" + m_ui.Lang("0002") +
+                             contatore(m_colonneElaborate) + "\n" + m_ui.Lang("0003") +
+                             contatore(m_colonneSistema) + "\n" + m_ui.Lang("0004");
     if (m_ui.dialogs().questionBox(this, text, windowTitle().toStdString(), BoxIcon::Question))
         m_control.StopElaborazione = true;
 }

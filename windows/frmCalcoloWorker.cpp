@@ -1,8 +1,8 @@
 #include "windows/frmCalcoloWorker.h"
 
 #include "core/Avvio.h"
-#include "windows/QtUi.h"
 #include "windows/frmCalcolo.h"
+#include "windows/QtUi.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -43,7 +43,8 @@ frmCalcoloWorker::~frmCalcoloWorker() {
         // The worker may be waiting for the window thread (a box, the status line): keep serving
         // it until it has ended.
         m_control.StopElaborazione = true;
-        while (!m_threadFinito) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        while (!m_threadFinito)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
         m_thread.join();
     }
 }

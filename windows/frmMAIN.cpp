@@ -3,14 +3,14 @@
 #include "core/Finestra.h"
 #include "core/Helpers.h"
 #include "core/Sistema.h"
-#include "windows/QtUi.h"
-#include "windows/QtUiDialogs.h"
 #include "windows/frmCalcolo.h"
 #include "windows/frmMAINCondizioni.h"
 #include "windows/frmMAINFile.h"
 #include "windows/frmMAINGriglia.h"
 #include "windows/frmMAINOperazioni.h"
 #include "windows/frmMAINPronostico.h"
+#include "windows/QtUi.h"
+#include "windows/QtUiDialogs.h"
 
 #include <QAction>
 #include <QApplication>
@@ -49,8 +49,8 @@ frmMAIN::~frmMAIN() = default;
 
 void frmMAIN::carica() {
     // 1. The title: program, version and build label.
-    setWindowTitle(QStringLiteral("%1 - Ver. %2 - Qt").arg(QString::fromLatin1(TitoloApplicazione),
-                                                          QStringLiteral(DORVANTA_VERSION)));
+    setWindowTitle(QStringLiteral("%1 - Ver. %2 - Qt")
+                       .arg(QString::fromLatin1(TitoloApplicazione), QStringLiteral(DORVANTA_VERSION)));
     // 2.-3. Settings and language.
     m_file->leggiConfigurazione();
     // 4. The column length.
@@ -81,9 +81,13 @@ void frmMAIN::UnlockGUI() {
             false);
 }
 
-void frmMAIN::UnlockMenuConditions() { m_condizioni->togliSegni(); }
+void frmMAIN::UnlockMenuConditions() {
+    m_condizioni->togliSegni();
+}
 
-void frmMAIN::refreshConditionMarks() { m_condizioni->aggiornaSegni(); }
+void frmMAIN::refreshConditionMarks() {
+    m_condizioni->aggiornaSegni();
+}
 
 void frmMAIN::ViewStatusBar() {
     const QLocale locale;
@@ -94,7 +98,9 @@ void frmMAIN::ViewStatusBar() {
     m_pannelli[3]->setToolTip(m_pannelli[3]->text());
 }
 
-void frmMAIN::Sblocca_x_Ricalcolo() { abilita({"menuCalcolo", "cmdCalcolo"}, true); }
+void frmMAIN::Sblocca_x_Ricalcolo() {
+    abilita({"menuCalcolo", "cmdCalcolo"}, true);
+}
 
 void frmMAIN::AggiornaIntegrale() {
     m_lblIntegrale->setText(
@@ -109,7 +115,9 @@ void frmMAIN::refreshGrid() {
     AggiornaIntegrale();
 }
 
-void frmMAIN::refreshLenColonna() { m_hsLenCol->setValue(m_corpo.LenColonna); }
+void frmMAIN::refreshLenColonna() {
+    m_hsLenCol->setValue(m_corpo.LenColonna);
+}
 
 void frmMAIN::abilitaOperazioni() {
     abilita({"menuOperazioni", "menuCondizioni", "cmdAdatta", "cmdCalcolo"}, OperazioniAbilitate(m_corpo));
@@ -120,21 +128,29 @@ QAction* frmMAIN::azione(const QString& name) const {
     return findChild<QAction*>(name);
 }
 
-QMenu* frmMAIN::menu(const QString& name) const { return menuBar()->findChild<QMenu*>(name); }
+QMenu* frmMAIN::menu(const QString& name) const {
+    return menuBar()->findChild<QMenu*>(name);
+}
 
-QPushButton* frmMAIN::pulsante(const QString& name) const { return findChild<QPushButton*>(name); }
+QPushButton* frmMAIN::pulsante(const QString& name) const {
+    return findChild<QPushButton*>(name);
+}
 
 void frmMAIN::abilita(std::initializer_list<const char*> names, bool enabled) {
     for (const char* n : names) {
         const QString name = QString::fromLatin1(n);
-        if (QAction* a = azione(name)) a->setEnabled(enabled);
-        else if (QWidget* w = findChild<QWidget*>(name)) w->setEnabled(enabled);
+        if (QAction* a = azione(name))
+            a->setEnabled(enabled);
+        else if (QWidget* w = findChild<QWidget*>(name))
+            w->setEnabled(enabled);
     }
 }
 
 void frmMAIN::mostraVoce(const QString& name) {
-    if (QPushButton* b = pulsante(name)) b->setVisible(true);
-    else if (QAction* a = azione(name)) a->setVisible(true);
+    if (QPushButton* b = pulsante(name))
+        b->setVisible(true);
+    else if (QAction* a = azione(name))
+        a->setVisible(true);
     aggiornaVisibilitaMenu();
 }
 

@@ -69,8 +69,10 @@ public:
     // program.
     template <typename F> void collega(const char* name, F slot) {
         const QString n = QString::fromLatin1(name);
-        if (QPushButton* b = pulsante(n)) connect(b, &QPushButton::clicked, this, slot);
-        else if (QAction* a = azione(n)) connect(a, &QAction::triggered, this, slot);
+        if (QPushButton* b = pulsante(n))
+            connect(b, &QPushButton::clicked, this, slot);
+        else if (QAction* a = azione(n))
+            connect(a, &QAction::triggered, this, slot);
         mostraVoce(n);
     }
     // Shows a menu entry (or button) whose window has become part of the program.

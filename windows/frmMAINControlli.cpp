@@ -2,8 +2,8 @@
 #include "windows/frmMAIN.h"
 
 #include "core/Finestra.h"
-#include "windows/QtUi.h"
 #include "windows/frmMAINGriglia.h"
+#include "windows/QtUi.h"
 
 #include "core/Sistema.h"
 
@@ -105,7 +105,8 @@ QWidget* frmMAIN::costruisciGiocata() {
     auto* tipoLayout = new QVBoxLayout(frameTipo);
     auto* tipi = new QButtonGroup(this);
     for (int i = 0; i < 3; ++i) {
-        m_optTipoGiocata[i] = new QRadioButton(QString::fromLatin1(TipiGiocata[static_cast<size_t>(i)]), frameTipo);
+        m_optTipoGiocata[i] =
+            new QRadioButton(QString::fromLatin1(TipiGiocata[static_cast<size_t>(i)]), frameTipo);
         m_optTipoGiocata[i]->setObjectName(QStringLiteral("optTipoGiocata"));
         m_optTipoGiocata[i]->setProperty("index", i);
         m_optTipoGiocata[i]->setProperty("tag", QString::number(i + 1));
@@ -155,8 +156,8 @@ QWidget* frmMAIN::costruisciPulsanti() {
         const char* caption;
         bool visible;
     } buttons[] = {
-        {"cmdArchivio", "Archivio Estrazioni", false}, {"cmdModifiche", "Modifica Sistema", true},
-        {"cmdAdatta", "Adatta Matrice", false},        {"cmdSpoglio", "Spoglio Sistema", false},
+        {"cmdArchivio", "Archivio Estrazioni", false},  {"cmdModifiche", "Modifica Sistema", true},
+        {"cmdAdatta", "Adatta Matrice", false},         {"cmdSpoglio", "Spoglio Sistema", false},
         {"cmdVisualizza", "Visualizza Sistema", false}, {"cmdCancella", "Cancella Sistema", true},
         {"cmdCalcolo", "Elabora Sistema", true},        {"cmdTabulato", "Stampa Tabulato", false},
         {"cmdSchedine", "Stampa Schedine", false},

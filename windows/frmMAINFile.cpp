@@ -2,16 +2,16 @@
 
 #include "core/Cartelle.h"
 #include "core/Finestra.h"
+#include "platform/ApplyLanguage.h"
+#include "settings/Impostazioni.h"
 #include "system_files/ColonneTesto.h"
 #include "system_files/ErroreEsecuzione.h"
 #include "system_files/FileSistema.h"
-#include "platform/ApplyLanguage.h"
-#include "settings/Impostazioni.h"
-#include "windows/QtUi.h"
-#include "windows/QtUiDialogs.h"
 #include "windows/frmAbout.h"
 #include "windows/frmImpostazioni.h"
 #include "windows/frmMAIN.h"
+#include "windows/QtUi.h"
+#include "windows/QtUiDialogs.h"
 
 #include <QAction>
 #include <QMenuBar>
@@ -81,7 +81,9 @@ void frmMAINFile::informazioni() {
     about.exec();
 }
 
-void frmMAINFile::nuovo() { NuovoSistema(m_window.corpo(), m_window.ui()); }
+void frmMAINFile::nuovo() {
+    NuovoSistema(m_window.corpo(), m_window.ui());
+}
 
 void frmMAINFile::apriConScelta() {
     Corpo& c = m_window.corpo();
@@ -89,9 +91,13 @@ void frmMAINFile::apriConScelta() {
     if (!path.empty()) apri(path);
 }
 
-void frmMAINFile::apri(const std::string& path) { ApriFile(m_window.corpo(), m_window.ui(), path); }
+void frmMAINFile::apri(const std::string& path) {
+    ApriFile(m_window.corpo(), m_window.ui(), path);
+}
 
-void frmMAINFile::salva() { SalvaFile(m_window.corpo(), m_window.ui(), PercorsoSalva(m_window.corpo())); }
+void frmMAINFile::salva() {
+    SalvaFile(m_window.corpo(), m_window.ui(), PercorsoSalva(m_window.corpo()));
+}
 
 void frmMAINFile::salvaConNome() {
     Corpo& c = m_window.corpo();
@@ -120,10 +126,13 @@ void frmMAINFile::esportaColonne() {
         // A failed export has told why in its own box.
         if (SalvaColonneTxt(c, ui, path)) ui.messageBox("File " + path + " ok ", "", BoxIcon::Information);
     } catch (const std::bad_alloc&) {
-        MostraErrore(ui, errori::MemoriaEsaurita(), ") in procedure menuEsportaColonne_Click of Form frmMAIN");
+        MostraErrore(ui, errori::MemoriaEsaurita(),
+                     ") in procedure menuEsportaColonne_Click of Form frmMAIN");
     }
 }
 
-void frmMAINFile::apriDirectory() { m_window.ui().dialogs().openFolder(m_window.corpo().AppDir); }
+void frmMAINFile::apriDirectory() {
+    m_window.ui().dialogs().openFolder(m_window.corpo().AppDir);
+}
 
 } // namespace dv

@@ -7,11 +7,11 @@
 namespace dv {
 
 namespace {
-const QString StileSelezionata = QStringLiteral(
-    "QLabel { background: rgb(255,128,0); color: white; font-weight: bold; border: 1px solid rgb(200,100,0); }");
-const QString StileLibera = QStringLiteral(
-    "QLabel { background: white; color: rgb(255,128,0); font-weight: normal; border: 1px solid rgb(230,200,170); }"
-    "QLabel:disabled { color: rgb(200,170,140); }");
+const QString StileSelezionata = QStringLiteral("QLabel { background: rgb(255,128,0); color: white; "
+                                                "font-weight: bold; border: 1px solid rgb(200,100,0); }");
+const QString StileLibera = QStringLiteral("QLabel { background: white; color: rgb(255,128,0); font-weight: "
+                                           "normal; border: 1px solid rgb(230,200,170); }"
+                                           "QLabel:disabled { color: rgb(200,170,140); }");
 } // namespace
 
 GrigliaNumeri::GrigliaNumeri(const QString& cellName, QWidget* parent) : QFrame(parent) {

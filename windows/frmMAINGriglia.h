@@ -35,8 +35,8 @@ private:
     int cellaIn(const QPoint& globalPos) const;
 
     std::array<QLabel*, 90> m_celle{};
-    int m_sotto = -1;        // the cell under the pointer during a sweep
-    bool m_premuto = false;  // the button went down on a cell
+    int m_sotto = -1;       // the cell under the pointer during a sweep
+    bool m_premuto = false; // the button went down on a cell
 };
 
 } // namespace dv

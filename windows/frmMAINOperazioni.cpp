@@ -2,10 +2,10 @@
 
 #include "core/Helpers.h"
 #include "core/Sistema.h"
-#include "windows/QtUi.h"
 #include "windows/frmCalcoloWorker.h"
 #include "windows/frmMAIN.h"
 #include "windows/frmVisualizza.h"
+#include "windows/QtUi.h"
 
 #include <QAction>
 #include <QPushButton>
@@ -26,9 +26,13 @@ frmMAINOperazioni::frmMAINOperazioni(frmMAIN& window)
 
 frmMAINOperazioni::~frmMAINOperazioni() = default;
 
-void frmMAINOperazioni::calcolo() { m_worker->avvia(); }
+void frmMAINOperazioni::calcolo() {
+    m_worker->avvia();
+}
 
-bool frmMAINOperazioni::inCorso() const { return m_worker->inCorso(); }
+bool frmMAINOperazioni::inCorso() const {
+    return m_worker->inCorso();
+}
 
 void frmMAINOperazioni::mescola() {
     QAction* entry = m_window.azione(QStringLiteral("menuMescola"));
@@ -48,6 +52,8 @@ void frmMAINOperazioni::visualizza() {
     dialog.exec();
 }
 
-void frmMAINOperazioni::cancella() { ResetSistema(m_window.corpo(), m_window.ui(), false); }
+void frmMAINOperazioni::cancella() {
+    ResetSistema(m_window.corpo(), m_window.ui(), false);
+}
 
 } // namespace dv

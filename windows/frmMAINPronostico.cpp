@@ -1,8 +1,8 @@
 #include "windows/frmMAINPronostico.h"
 
 #include "core/Sistema.h"
-#include "windows/QtUi.h"
 #include "windows/frmMAIN.h"
+#include "windows/QtUi.h"
 
 #include <QAction>
 #include <QMenu>
@@ -31,10 +31,10 @@ frmMAINPronostico::frmMAINPronostico(frmMAIN& window) : m_window(window), m_menu
         a->setVisible(v.visible);
     }
     Corpo& c = window.corpo();
-    QObject::connect(m_menu->findChild<QAction*>(QStringLiteral("mnuCancellaPronostico")), &QAction::triggered,
-                     &window, [this, &c] { CancellaPronostico(c, m_window.ui()); });
-    QObject::connect(m_menu->findChild<QAction*>(QStringLiteral("mnuPronostico90Numeri")), &QAction::triggered,
-                     &window, [this] { tuttiI90(); });
+    QObject::connect(m_menu->findChild<QAction*>(QStringLiteral("mnuCancellaPronostico")),
+                     &QAction::triggered, &window, [this, &c] { CancellaPronostico(c, m_window.ui()); });
+    QObject::connect(m_menu->findChild<QAction*>(QStringLiteral("mnuPronostico90Numeri")),
+                     &QAction::triggered, &window, [this] { tuttiI90(); });
 }
 
 void frmMAINPronostico::apri(const QPoint& pos) {
@@ -45,7 +45,8 @@ void frmMAINPronostico::apri(const QPoint& pos) {
 void frmMAINPronostico::tuttiI90() {
     Corpo& c = m_window.corpo();
     CancellaPronostico(c, m_window.ui());
-    for (int i = 0; i < 90; ++i) GrigliaNumeriClick(c, m_window.ui(), i);
+    for (int i = 0; i < 90; ++i)
+        GrigliaNumeriClick(c, m_window.ui(), i);
 }
 
 } // namespace dv

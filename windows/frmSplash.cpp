@@ -47,6 +47,8 @@ frmSplash::frmSplash(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::F
     if (const QScreen* screen = this->screen()) move(screen->availableGeometry().center() - rect().center());
 }
 
-void frmSplash::mostraStato(const QString& text) { m_stato->setText(text); }
+void frmSplash::mostraStato(const QString& text) {
+    m_stato->setText(text);
+}
 
 } // namespace dv

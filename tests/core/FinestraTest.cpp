@@ -11,7 +11,7 @@ using namespace dv;
 TEST(Costo, KindOfPlayMultipliesTheStake) {
     Corpo c;
     test::FakeUi ui;
-    ImpostaImporto(c, ui, 3); // 2,5
+    ImpostaImporto(c, ui, 3);     // 2,5
     ImpostaTipoGiocata(c, ui, 3); // Doppio ORO
     EXPECT_FLOAT_EQ(c.CostoColonna, 7.5f);
     EXPECT_FLOAT_EQ(c.IndiceImporto, 3.0f);
@@ -69,4 +69,3 @@ TEST(Percorsi, NewSystemResetsAndNamesNuovoDvs) {
     EXPECT_EQ(c.TitoloFile, "nuovo.dvs");
     EXPECT_EQ(ui.calls.back(), "ViewStatusBar");
 }
-

@@ -1,28 +1,27 @@
 // The main window on the offscreen platform: the grid gesture, the enabling rules, a development
 // on the worker thread with its progress window, stopping it, the lock and "Modifica Sistema",
 // the stake and the status line, the save and open round trip, and the question on closing.
+#include "windows/frmMAIN.h"
 #include "core/Cartelle.h"
 #include "core/Sistema.h"
 #include "platform/ApplyLanguage.h"
 #include "tests/support/StateBuilder.h"
 #include "tests/windows/QueueDialogs.h"
-#include "windows/QtUi.h"
+#include "windows/frmAbout.h"
 #include "windows/frmCalcolo.h"
 #include "windows/frmCalcoloWorker.h"
-#include "windows/frmMAIN.h"
-#include "windows/frmAbout.h"
 #include "windows/frmFiltri.h"
 #include "windows/frmImpostazioni.h"
 #include "windows/frmMAINFile.h"
 #include "windows/frmMAINOperazioni.h"
 #include "windows/frmSomma.h"
 #include "windows/frmVisualizza.h"
+#include "windows/QtUi.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QLineEdit>
-#include <QTimer>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QProgressBar>
@@ -32,6 +31,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <algorithm>
 #include <filesystem>
@@ -85,10 +85,12 @@ class frmMAINTest : public QObject {
     }
     void clicca(int i) { QTest::mouseClick(cella(i), Qt::LeftButton); }
     void scegli(std::initializer_list<int> numbers) {
-        for (int n : numbers) clicca(n - 1);
+        for (int n : numbers)
+            clicca(n - 1);
     }
     void scegliDa1A(int n) {
-        for (int i = 0; i < n; ++i) clicca(i);
+        for (int i = 0; i < n; ++i)
+            clicca(i);
     }
     // Presses on cell from, sweeps over the cells of path with the button held, and releases.
     void trascina(int from, std::initializer_list<int> path) {
@@ -121,7 +123,8 @@ private slots:
         m_corpo = std::make_unique<Corpo>();
         ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
         std::ofstream(std::filesystem::path(m_corpo->AppDir) / "prova.lng") << LinguaProva;
-        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini") << "[IMPOSTAZIONI]\nLINGUA=prova\n";
+        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini")
+            << "[IMPOSTAZIONI]\nLINGUA=prova\n";
         m_dialogs = std::make_unique<test::QueueDialogs>();
         m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
         m_main->carica();
@@ -140,7 +143,8 @@ private slots:
         QCOMPARE(pannello(3), QStringLiteral("\u20AC 0,00"));
         QVERIFY(opzione("optImporto", 0)->isChecked());
         QVERIFY(opzione("optTipoGiocata", 0)->isChecked());
-        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("labnumeri"))->text(), QStringLiteral("Numeri in gioco [00]"));
+        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("labnumeri"))->text(),
+                 QStringLiteral("Numeri in gioco [00]"));
         QVERIFY(m_main->windowTitle().startsWith(QStringLiteral("Dorvanta - Ver. ")));
         // The language file's captions replace the Italian ones where it has an entry.
         QCOMPARE(m_main->pulsante(QStringLiteral("cmdCalcolo"))->text(), QStringLiteral("Sviluppa"));
@@ -158,7 +162,8 @@ private slots:
         QCOMPARE(m_corpo->pronostico.Quanti, 1);
         QCOMPARE(cella(6)->property("tag").toString(), QStringLiteral("1"));
         QVERIFY(cella(6)->styleSheet().contains(QStringLiteral("rgb(255,128,0)")));
-        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("labnumeri"))->text(), QStringLiteral("Numeri in gioco [01]"));
+        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("labnumeri"))->text(),
+                 QStringLiteral("Numeri in gioco [01]"));
         clicca(6);
         QCOMPARE(m_corpo->pronostico.Quanti, 0);
         QCOMPARE(cella(6)->property("tag").toString(), QStringLiteral("0"));
@@ -167,7 +172,8 @@ private slots:
     void sweepTogglesEachCellEnteredAndReentered() {
         trascina(0, {1, 2, 3});
         QCOMPARE(m_corpo->pronostico.Quanti, 4);
-        for (int i = 0; i < 4; ++i) QVERIFY(m_corpo->Griglia[static_cast<size_t>(i)]);
+        for (int i = 0; i < 4; ++i)
+            QVERIFY(m_corpo->Griglia[static_cast<size_t>(i)]);
         // Back over the same cells: each is toggled again, the one pressed on is left alone.
         trascina(13, {13, 3, 2, 12});
         QCOMPARE(m_corpo->Griglia[13], true);
@@ -204,7 +210,7 @@ private slots:
     }
 
     void stakeAndKindOfPlaySetTheCostInTheStatusLine() {
-        opzione("optImporto", 3)->click(); // 2,5
+        opzione("optImporto", 3)->click();     // 2,5
         opzione("optTipoGiocata", 2)->click(); // Doppio ORO
         QCOMPARE(m_corpo->CostoColonna, 7.5f);
         scegliDa1A(12);
@@ -279,20 +285,24 @@ private slots:
     }
 
     void stopAsksWithTheCountsAndKeepsWhatWasKept() {
-        for (int i = 0; i < 90; ++i) clicca(i);
+        for (int i = 0; i < 90; ++i)
+            clicca(i);
         m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->setValue(6);
         QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
         QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdCalcolo")), Qt::LeftButton);
         frmCalcolo* progress = m_main->operazioni().worker().finestra();
-        QCOMPARE(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla"))->text(), QStringLiteral("&Ferma"));
+        QCOMPARE(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla"))->text(),
+                 QStringLiteral("&Ferma"));
         QCOMPARE(progress->findChild<QLabel*>(QStringLiteral("lblColonneSistema"))->text(),
                  QStringLiteral("Colonne sistema"));
         // The window thread stays free: the progress window shows the counts as they grow.
         QTRY_VERIFY_WITH_TIMEOUT(progress->colonneElaborate() > 0, 60000);
-        QVERIFY(progress->findChild<QLabel*>(QStringLiteral("lblNumColIntegrali"))->text().contains(
-            QStringLiteral("622.614.630")));
+        QVERIFY(progress->findChild<QLabel*>(QStringLiteral("lblNumColIntegrali"))
+                    ->text()
+                    .contains(QStringLiteral("622.614.630")));
         m_dialogs->setNextAnswer(false);
-        QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")), Qt::LeftButton);
+        QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")),
+                          Qt::LeftButton);
         QCOMPARE(m_dialogs->beeps, 1);
         const auto& question = m_dialogs->boxes.back();
         QVERIFY(question.question);
@@ -301,7 +311,8 @@ private slots:
         QVERIFY(question.text.find("\nInterrompere?") != std::string::npos);
         QVERIFY(m_main->operazioni().inCorso());
         m_dialogs->setNextAnswer(true);
-        QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")), Qt::LeftButton);
+        QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")),
+                          Qt::LeftButton);
         QVERIFY(spy.wait(60000));
         QVERIFY(m_corpo->pronostico.NumColonne > 0);
         QVERIFY(m_corpo->pronostico.NumColonne < 622614630);
@@ -375,7 +386,8 @@ private slots:
         progress.mostraLimite(ProgressInfo{250, 100, 5'000'000, 4'200'000, 4'000'000});
         QCOMPARE(progress.findChild<QLabel*>(QStringLiteral("labAllarm"))->text(),
                  QStringLiteral("Superato il limite di colonne"));
-        QCOMPARE(progress.findChild<QLabel*>(QStringLiteral("lblNumColSistema"))->text(), QStringLiteral(" 4.000.000"));
+        QCOMPARE(progress.findChild<QLabel*>(QStringLiteral("lblNumColSistema"))->text(),
+                 QStringLiteral(" 4.000.000"));
         QCOMPARE(progress.findChild<QProgressBar*>(QStringLiteral("pb"))->value(), 100);
         // Closing the window is the stop button: asked, and refused on no.
         m_dialogs->setNextAnswer(false);
