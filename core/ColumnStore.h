@@ -4,6 +4,7 @@
 #include <cassert>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 
 namespace dv {
@@ -38,6 +39,22 @@ public:
         ensure();
         if (c > m_used) m_used = c;
         for (int p = 1; p <= len; ++p) m_cells[index(c, p)] = numbers[p - 1];
+    }
+    // Position p of the count columns from c on: all set to v.
+    void fill(int32_t c, int p, uint8_t v, int32_t count) {
+        assert(c >= 1 && count >= 0 && c - 1 + count <= MaxColonne && p >= 1 && p <= StorePositions);
+        if (count == 0) return;
+        ensure();
+        if (c + count - 1 > m_used) m_used = c + count - 1;
+        std::memset(&m_cells[index(c, p)], v, static_cast<size_t>(count));
+    }
+    // Position p of the count columns from c on: values[0..count-1], one per column.
+    void copy(int32_t c, int p, const uint8_t* values, int32_t count) {
+        assert(c >= 1 && count >= 0 && c - 1 + count <= MaxColonne && p >= 1 && p <= StorePositions);
+        if (count == 0) return;
+        ensure();
+        if (c + count - 1 > m_used) m_used = c + count - 1;
+        std::memcpy(&m_cells[index(c, p)], values, static_cast<size_t>(count));
     }
     // Copies positions 1..len of column c into out[0..len-1].
     void getColumn(int32_t c, uint8_t* out, int len) const {

@@ -34,26 +34,27 @@ public:
     }
     // Accounts for one kept candidate (the store already holds it). False when the run has to
     // end: a stop was asked, or the limit of the store is reached.
-    bool keep() {
-        ++m_walked;
-        ++m_kept;
+    bool keep() { return keepRun(1); }
+
+    // How many candidates can be kept in a row by keepRun(): up to the next step boundary or
+    // the limit of the store, whichever comes first (at least 1).
+    Count runRoom() const {
+        const Count toBoundary = m_nextBoundary - m_walked;
+        const auto toLimit = static_cast<Count>(MaxColonne - m_kept);
+        return toBoundary < toLimit ? toBoundary : toLimit;
+    }
+    // Accounts for n kept candidates in a row, 1 <= n <= runRoom(), whose columns the store
+    // already holds: the last of them may show a step, stop the run or reach the limit, as
+    // keep() would for it. The flag is polled at most once, at the end of the run. False when
+    // the run has to end.
+    bool keepRun(int32_t n) {
+        assert(n >= 1 && static_cast<Count>(n) <= runRoom());
+        m_walked += static_cast<Count>(n);
+        m_kept += n;
         const bool goOn = m_walked < m_nextEvent || onEvent();
         // The limit is reported even when the same candidate's step asked for a stop.
         if (m_kept >= MaxColonne) return limit();
         return goOn;
-    }
-
-    // How many candidates can be kept in a row before one needs a report or meets the limit.
-    Count room() const {
-        const Count toEvent = m_nextEvent - m_walked - 1;
-        const auto toLimit = static_cast<Count>(MaxColonne - m_kept - 1);
-        return toEvent < toLimit ? toEvent : toLimit;
-    }
-    // Accounts for n kept candidates in a row, n <= room().
-    void keepQuietly(int32_t n) {
-        assert(static_cast<Count>(n) <= room());
-        m_walked += static_cast<Count>(n);
-        m_kept += n;
     }
 
     int32_t kept() const { return m_kept; }

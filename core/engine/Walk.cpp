@@ -66,6 +66,8 @@ private:
     Fit enter(int d, int j, int r);
     bool leaf(int& d, Mask indices);
     bool plainLeaves(int& d);
+    bool keepAll();
+    void fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, int32_t col0);
     bool unwind(int& d, int to);
     int childLimit(const Level& s, int d) const;
 
@@ -308,30 +310,11 @@ bool IntegralWalk::leaf(int& d, Mask indices) {
 }
 
 // The candidates under a prefix of depth len-1 when no test looks at a column alone: each one
-// only needs its last number, and the reduction. False when the run ends.
+// only needs its last number and the reduction. False when the run ends.
 bool IntegralWalk::plainLeaves(int& d) {
     const auto z = static_cast<size_t>(d);
     const Level& p = m_level[z];
-    const bool sets = m_kept.mode() != KeptIndex::Mode::Never;
-    if (!sets) {
-        // Every candidate is kept: whole runs of them between two reports.
-        while (m_next[z] <= m_n) {
-            const int j = m_next[z];
-            const auto run =
-                static_cast<int>(std::min<Count>(static_cast<Count>(m_n - j + 1), m_progress.room()));
-            for (int k = 0; k < run; ++k) {
-                m_cand[z] = m_value[static_cast<size_t>(j + k)];
-                m_c.Colonne.setColumn(m_progress.kept() + 1 + k, m_cand.data(), m_len);
-            }
-            m_progress.keepQuietly(run);
-            m_next[z] = j + run;
-            if (m_next[z] > m_n) break;
-            m_cand[z] = m_value[static_cast<size_t>(m_next[z]++)];
-            m_c.Colonne.setColumn(m_progress.kept() + 1, m_cand.data(), m_len);
-            if (!m_progress.keep()) return false;
-        }
-        return true;
-    }
+    assert(m_kept.mode() != KeptIndex::Mode::Never); // otherwise every candidate is kept at once
     while (m_next[z] <= m_n && d == m_len - 1) {
         const int j = m_next[z]++;
         if (m_barring && p.barred.has(j - 1)) {
@@ -340,7 +323,59 @@ bool IntegralWalk::plainLeaves(int& d) {
         }
         m_cand[z] = m_value[static_cast<size_t>(j)];
         m_idx[z] = static_cast<uint8_t>(j - 1);
-        if (!leaf(d, sets ? p.indices | Mask::bit(j - 1) : Mask{})) return false;
+        if (!leaf(d, p.indices | Mask::bit(j - 1))) return false;
+    }
+    return true;
+}
+
+// Stores the columns at offsets lo..hi-1 of the subtree whose position p starts at index i and
+// whose first column is at offset base; offset 0 is column col0. Position by position: a number
+// at position p is the same over the whole subtree below it, the last position runs through the
+// forecast. Offsets stay below the limit of the store; a subtree size is capped well above it.
+void IntegralWalk::fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, int32_t col0) {
+    assert(lo < hi && hi <= MaxColonne);
+    ColumnStore& store = m_c.Colonne;
+    const int left = m_len - p; // positions after p
+    // The numbers of the last position for the subtree from index k, from offset `from` on.
+    auto last = [&](int k, int64_t from, int64_t to) {
+        const int64_t a = std::max(from, lo), b = std::min(to, hi);
+        if (a < b)
+            store.copy(col0 + static_cast<int32_t>(a), m_len, &m_value[static_cast<size_t>(k + (a - from))],
+                       static_cast<int32_t>(b - a));
+    };
+    if (left == 0) {
+        last(i, base, base + (m_n - i + 1));
+        return;
+    }
+    constexpr int64_t Cap = int64_t{1} << 40;
+    for (int k = i; k <= m_n - left && base < hi; ++k) {
+        const Count exact = Binomial(m_n - k, left);
+        const int64_t size = exact > static_cast<Count>(Cap) ? Cap : static_cast<int64_t>(exact);
+        if (base + size > lo) {
+            const int64_t a = std::max(base, lo), b = std::min(base + size, hi);
+            store.fill(col0 + static_cast<int32_t>(a), p, m_value[static_cast<size_t>(k)],
+                       static_cast<int32_t>(b - a));
+            if (left == 1)
+                last(k + 1, base, base + size);
+            else
+                fillTree(p + 1, k + 1, base, lo, hi, col0);
+        }
+        base += size;
+    }
+}
+
+// Every candidate passes: the columns are stored a run at a time, each run up to the next step
+// boundary or the limit. False when the run ends.
+bool IntegralWalk::keepAll() {
+    const Count total = Binomial(m_n, m_len);
+    for (Count done = 0; done < total;) {
+        // The run ends at the limit at the latest, so offsets fit in 32 bits.
+        const auto run = static_cast<int32_t>(std::min(total - done, m_progress.runRoom()));
+        const auto from = static_cast<int64_t>(done);
+        assert(m_progress.kept() == from);
+        fillTree(1, 1, 0, from, from + run, 1);
+        if (!m_progress.keepRun(run)) return false;
+        done += static_cast<Count>(run);
     }
     return true;
 }
@@ -363,6 +398,10 @@ void IntegralWalk::run() {
         m_cond.andTable.alwaysFails || m_cond.orTable.alwaysFails || m_cond.xorTable.alwaysFails;
     if (tablesFail || bounds(root, 1, m_len) != Fit::Fits) {
         m_progress.reject(Binomial(m_n, m_len));
+        return;
+    }
+    if (m_plain && m_kept.mode() == KeptIndex::Mode::Never) {
+        keepAll();
         return;
     }
     int d = 0;

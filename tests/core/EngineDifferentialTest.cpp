@@ -398,6 +398,25 @@ TEST(EngineDifferential, Edges) {
     EXPECT_TRUE(Same(c, Run::Develop, -2, 0)) << "minimum distance 3 on 22 numbers";
 }
 
+TEST(EngineDifferential, EveryCandidateKeptDevelopsAlike) {
+    // No condition: every candidate is stored in runs that end at a step or at the limit. Short
+    // developments show several steps per candidate; forecasts in any order; stops anywhere.
+    std::mt19937_64 rng(BaseSeed() + 3'000'000);
+    for (int i = 0; i < 60; ++i) {
+        Corpo c;
+        const int len = 1 + static_cast<int>(rng() % 25);
+        const int n = std::min(90, len + static_cast<int>(rng() % (len > 20 ? 4 : len > 8 ? 6 : 12)));
+        std::vector<int> numbers = test::Range(1, 90);
+        std::shuffle(numbers.begin(), numbers.end(), rng);
+        numbers.resize(static_cast<size_t>(n));
+        if (rng() % 2 != 0) std::sort(numbers.begin(), numbers.end());
+        c.LenColonna = static_cast<int16_t>(len);
+        test::SetForecast(c, numbers);
+        const int stop = rng() % 3 == 0 ? -2 : static_cast<int>(rng() % 251);
+        ASSERT_TRUE(Same(c, Run::Develop, stop, i)) << n << " numbers in columns of " << len;
+    }
+}
+
 TEST(EngineDifferential, LimitOfTheStore) {
     Corpo c;
     c.LenColonna = 7;
@@ -407,6 +426,7 @@ TEST(EngineDifferential, LimitOfTheStore) {
     c.LenColonna = 6;
     test::SetForecast(c, test::Range(1, 56)); // 32,468,436; the limit falls on step 31
     EXPECT_TRUE(Same(c, Run::Develop, 31, 0)) << "stop asked at the step of the limit";
+    EXPECT_TRUE(Same(c, Run::Develop, 30, 0)) << "stop asked at the step before the limit";
 }
 
 TEST(EngineDifferential, FullFilterTables) {
