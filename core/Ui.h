@@ -29,7 +29,7 @@ public:
     virtual void gridChanged() = 0;
     // hsLenCol takes LenColonna.
     virtual void lenColonnaChanged() = 0;
-    // The check marks of the conditions menu are to be taken from the state.
+    // A system file was opened: the check marks of the conditions menu are to be taken from the state.
     virtual void conditionMarksChanged() = 0;
 
     // Hourglass on (true) or back to the default pointer (false).

@@ -75,11 +75,14 @@ void frmMAINCondizioni::segna(const char* name) {
         segna(name, c.CondizioniDistanza.count() != 0);
 }
 
+// After a system file is opened: every mark from the state, but the distance conditions' mark
+// from the last distance record the file held, ON or OFF, whatever the table now counts.
 void frmMAINCondizioni::aggiornaSegni() {
     for (const char* name :
          {"menuSomma", "menuFisse", "menuPariDispari", "menuRidotto", "menuDistanzaMinima", "menuConsecutivi",
-          "menuColonnaFiltroAND", "menuColonnaFiltroOR", "menuColonnaFiltroXOR", "menuDistanzaNumeri"})
+          "menuColonnaFiltroAND", "menuColonnaFiltroOR", "menuColonnaFiltroXOR"})
         segna(name);
+    segna("menuDistanzaNumeri", m_window.corpo().CondizioneDistanzaLetta.Stato != 0);
 }
 
 void frmMAINCondizioni::togliSegni() {
