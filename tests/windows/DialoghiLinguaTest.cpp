@@ -1,7 +1,10 @@
-// Every key of the language files' sections for the condition dialogs, the viewer and the
-// forecast order names a control those windows really have, in Italian and in English.
+// Every key of the language files' sections for the condition dialogs, the viewer, the
+// forecast order and the filter windows names a control those windows really have, in Italian
+// and in English.
 #include "windows/frmConsecutivi.h"
 #include "windows/frmDistanzaMinima.h"
+#include "windows/frmFiltri.h"
+#include "windows/frmFiltriDistanzaNumeri.h"
 #include "windows/frmFisse.h"
 #include "windows/frmOrdinaPronostico.h"
 #include "windows/frmPari.h"
@@ -36,6 +39,8 @@ TEST(DialoghiLingua, SectionsNameTheControlsOfEachWindow) {
     windows.push_back(std::make_unique<frmDistanzaMinima>(c, ui));
     windows.push_back(std::make_unique<frmVisualizza>(c, ui));
     windows.push_back(std::make_unique<frmOrdinaPronostico>(c, ui));
+    windows.push_back(std::make_unique<frmFiltri>(c, ui, c.FiltriAND));
+    windows.push_back(std::make_unique<frmFiltriDistanzaNumeri>(c, ui));
     for (const char* f : {"italiano.lng", "english.lng"})
         for (auto& w : windows) test::controllaSezione(*w, QStringLiteral(DV_SOURCE_DIR "/languages/") + f);
 }
