@@ -94,17 +94,13 @@ KeptIndex::KeptIndex(const Reduction& r, int universe, int len, bool forWalk)
             m_above.assign(size - m_split, 0);
             size = m_split;
             const int s = m_t - 2;
-            for (int m = s; m < len && s > 0; ++m) {
-                if (Binomial(m, s) > MaxListed) continue;
-                std::vector<uint8_t> places(static_cast<size_t>(m));
-                for (int p = 0; p < m; ++p)
-                    places[static_cast<size_t>(p)] = static_cast<uint8_t>(p);
-                ForEachSubset(places.data(), m, s, 0, [&](uint64_t, Mask q) {
-                    for (int p = 0; p < m; ++p)
-                        if (q.has(p)) m_places[static_cast<size_t>(m)].push_back(static_cast<uint8_t>(p));
-                    return true;
-                });
-            }
+            // The walk asks for prefixes of up to len-2 numbers before the new one.
+            while (s > 0 && m_listed + 1 <= len - 2 && Binomial(m_listed + 1, s) <= MaxListed)
+                ++m_listed;
+            if (m_listed < s) m_listed = 0;
+            // At most C(m_listed - s + k, k) k-subsets can still grow to s members.
+            for (int k = 1; k <= s && m_listed > 0; ++k)
+                m_stack[static_cast<size_t>(k)].resize(static_cast<size_t>(Binomial(m_listed - s + k, k)));
         }
         if (m_width == 32)
             m_ext32.assign(size, 0);
@@ -163,8 +159,7 @@ bool KeptIndex::fails(const uint8_t* idx, Mask c) const {
 }
 
 template <typename Ext>
-Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted,
-                       uint64_t first) const {
+Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted, uint64_t first) {
     if (m_t == 1) return d == 0 ? Widen(ext[0]) : Mask{};
     // Subsets of size s = t-2 among the m = d-1 earlier members, then idx[d-1] on top: it is the
     // largest. The same walk as ForEachSubset, without the subsets themselves.
@@ -172,18 +167,13 @@ Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, M
     const Ext* table = ext.data() + (Ranks.c[idx[d - 1]][static_cast<size_t>(m_t - 1)] - first);
     Ext out{}, want{};
     Narrowed(want, wanted);
-    const std::vector<uint8_t>& places = m_places[static_cast<size_t>(m)];
-    if (!places.empty()) {
-        // The listed subsets: a subset's rank is the sum of what its k-th place adds as the
-        // k-th smallest member.
-        std::array<const uint64_t*, MaxLenColonna> adds;
-        for (int p = 0; p < m; ++p)
-            adds[static_cast<size_t>(p)] = Ranks.c[idx[p]].data() + 1;
-        for (size_t i = 0; i < places.size(); i += static_cast<size_t>(s)) {
-            uint64_t r = 0;
-            for (int k = 0; k < s; ++k)
-                r += adds[places[i + static_cast<size_t>(k)]][k];
-            Narrowed(out, Widen(table[r]));
+    if (s > 0 && m <= m_listed) {
+        // The listed subsets: no enumeration, one load and one or each.
+        listPrefix(idx, m);
+        const uint32_t* ranks = m_stack[static_cast<size_t>(s)].data();
+        const uint32_t* end = ranks + m_end[static_cast<size_t>(s)][static_cast<size_t>(m)];
+        for (; ranks != end; ++ranks) {
+            Narrowed(out, Widen(table[*ranks]));
             if (!(Widen(want) - Widen(out)).any()) break;
         }
         return Widen(out);
@@ -211,7 +201,39 @@ Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, M
     return Widen(out);
 }
 
-Mask KeptIndex::newExtensions(const uint8_t* idx, int d, Mask wanted) const {
+// Brings the levels 1..m up to the prefix idx[0..m-1]: from the first level whose number
+// changed, each level is built again from those below it.
+void KeptIndex::listPrefix(const uint8_t* idx, int m) {
+    assert(m >= 1 && m <= m_listed);
+    int l = 1;
+    while (l <= std::min(m, m_built) && m_member[static_cast<size_t>(l)] == idx[l - 1])
+        ++l;
+    if (l > m) return;
+    const int s = m_t - 2;
+    for (; l <= m; ++l) {
+        const uint8_t e = idx[l - 1];
+        const auto below = static_cast<size_t>(l - 1), here = static_cast<size_t>(l);
+        for (int k = std::max(1, s - (m_listed - l)); k <= std::min(s, l); ++k) {
+            // The k-subsets topped by e: e on each (k-1)-subset of the numbers below it.
+            const auto z = static_cast<size_t>(k);
+            const auto add = static_cast<uint32_t>(Ranks.c[e][z]);
+            uint32_t* out = m_stack[z].data() + m_end[z][below];
+            if (k == 1) {
+                *out++ = add;
+            } else {
+                const uint32_t* from = m_stack[z - 1].data();
+                for (uint32_t i = 0, n = m_end[z - 1][below]; i < n; ++i)
+                    *out++ = from[i] + add;
+            }
+            m_end[z][here] = static_cast<uint32_t>(out - m_stack[z].data());
+            assert(m_end[z][here] <= m_stack[z].size());
+        }
+        m_member[here] = e;
+    }
+    m_built = m;
+}
+
+Mask KeptIndex::newExtensions(const uint8_t* idx, int d, Mask wanted) {
     assert(m_mode == Mode::Table && d >= m_t - 1);
     if (m_t >= 2 && Ranks.c[idx[d - 1]][static_cast<size_t>(m_t - 1)] >= m_split) {
         // Entries above the largest member x = idx[d-1]: the wanted numbers all lie above it.

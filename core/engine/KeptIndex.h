@@ -46,12 +46,15 @@ public:
     // Together with those of idx[0..d-2] they are the numbers the prefix idx[0..d-1] cannot
     // take next. idx ascending; d >= t-1 >= 0 (with t-1 = 0, the empty subset at d = 0). May
     // stop early, once every member of `wanted` is found.
-    Mask newExtensions(const uint8_t* idx, int d, Mask wanted) const;
+    // Keeps the ranks of the prefix's subsets from one call to the next: the walk changes a
+    // prefix only at its end.
+    Mask newExtensions(const uint8_t* idx, int d, Mask wanted);
 
 private:
     // The entries of ext stand for the ranks from `first` on.
     template <typename Ext>
-    Mask gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted, uint64_t first) const;
+    Mask gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted, uint64_t first);
+    void listPrefix(const uint8_t* idx, int m);
     Mode m_mode = Mode::Never;
     int m_t = 0;
     bool m_anyKept = false;
@@ -59,9 +62,16 @@ private:
     // Walk: from rank m_split on, entries hold the 16 numbers above their subset's largest member.
     uint64_t m_split = ~uint64_t{0};
     std::vector<uint16_t> m_above;
-    // Walk: for each prefix length m, the (t-2)-subsets of places 0..m-1, t-2 places each, when
-    // they are few enough to list (a list runs without the branches of an enumeration).
-    std::array<std::vector<uint8_t>, MaxLenColonna> m_places;
+    // Walk: the ranks of the k-subsets of the prefix idx[0..m-1], for prefixes of up to m_listed
+    // numbers (few enough (t-2)-subsets to list) and the sizes k that can still grow to t-2
+    // members by then. m_stack[k] holds them level by level: those of idx[0..l-1] end at
+    // m_end[k][l], and the level l ones (topped by idx[l-1]) follow those of the shorter prefix.
+    // A level is built again only when its number changes; it serves every longer prefix over it.
+    int m_listed = 0;
+    int m_built = 0; // levels 1..m_built hold the prefix m_member[1..m_built]
+    std::array<int, MaxLenColonna + 1> m_member{};
+    std::array<std::vector<uint32_t>, MaxLenColonna> m_stack;
+    std::array<std::array<uint32_t, MaxLenColonna + 1>, MaxLenColonna> m_end{};
     std::vector<uint32_t> m_ext32; // extensions by rank, for each width
     std::vector<uint64_t> m_ext64;
     std::vector<Mask> m_ext;

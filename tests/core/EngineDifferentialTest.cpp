@@ -417,6 +417,28 @@ TEST(EngineDifferential, EveryCandidateKeptDevelopsAlike) {
     }
 }
 
+TEST(EngineDifferential, ReductionsOnLongColumnsDevelopAlike) {
+    // Long columns: the walk lists the subsets of long prefixes level by level, and lists only
+    // the sizes that can still grow to t-2 numbers.
+    struct Case {
+        int from, to, len, value;
+        bool distance;
+    };
+    for (const Case& k : {Case{1, 18, 9, 4, true}, Case{5, 20, 12, 2, true}, Case{11, 30, 10, 3, false},
+                          Case{40, 57, 11, 6, false}, Case{74, 89, 8, 2, true}, Case{1, 22, 14, 9, false}}) {
+        Corpo c;
+        c.LenColonna = static_cast<int16_t>(k.len);
+        test::SetForecast(c, test::Range(k.from, k.to));
+        if (k.distance) {
+            c.distanzaMinima = DistanzaMinima{static_cast<uint8_t>(k.value), Vero};
+        } else {
+            c.condizioni.CondRidotto = Vero;
+            c.condizioni.ValRidotto = static_cast<uint8_t>(k.value);
+        }
+        EXPECT_TRUE(Same(c, Run::Develop, -2, 0)) << k.from << ".." << k.to << " in " << k.len;
+    }
+}
+
 TEST(EngineDifferential, LimitOfTheStore) {
     Corpo c;
     c.LenColonna = 7;
