@@ -201,14 +201,13 @@ Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, M
     return Widen(out);
 }
 
-// Brings the levels 1..m up to the prefix idx[0..m-1]: from the first level whose number
-// changed, each level is built again from those below it.
+// Brings the levels 1..m up to the prefix idx[0..m-1]: the levels above the last place the walk
+// changed are built again, each from those below it.
 void KeptIndex::listPrefix(const uint8_t* idx, int m) {
     assert(m >= 1 && m <= m_listed);
-    int l = 1;
-    while (l <= std::min(m, m_built) && m_member[static_cast<size_t>(l)] == idx[l - 1])
-        ++l;
-    if (l > m) return;
+    assert(std::equal(idx, idx + m_built, m_member.begin() + 1));
+    if (m_built >= m) return;
+    int l = m_built + 1;
     const int s = m_t - 2;
     for (; l <= m; ++l) {
         const uint8_t e = idx[l - 1];

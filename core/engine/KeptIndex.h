@@ -49,6 +49,10 @@ public:
     // Keeps the ranks of the prefix's subsets from one call to the next: the walk changes a
     // prefix only at its end.
     Mask newExtensions(const uint8_t* idx, int d, Mask wanted);
+    // The walk changed idx[place]: what the index kept of longer prefixes no longer holds.
+    void prefixChanged(int place) {
+        if (m_built > place) m_built = place;
+    }
 
 private:
     // The entries of ext stand for the ranks from `first` on.
@@ -68,7 +72,7 @@ private:
     // m_end[k][l], and the level l ones (topped by idx[l-1]) follow those of the shorter prefix.
     // A level is built again only when its number changes; it serves every longer prefix over it.
     int m_listed = 0;
-    int m_built = 0; // levels 1..m_built hold the prefix m_member[1..m_built]
+    int m_built = 0; // levels 1..m_built hold the walk's prefix (m_member, for the asserts)
     std::array<int, MaxLenColonna + 1> m_member{};
     std::array<std::vector<uint32_t>, MaxLenColonna> m_stack;
     std::array<std::array<uint32_t, MaxLenColonna + 1>, MaxLenColonna> m_end{};

@@ -86,6 +86,7 @@ private:
     std::array<uint8_t, MaxN + 2> m_value{};
     std::array<uint8_t, MaxN + 2> m_isFixed{}, m_isEven{};
     std::array<Mask, MaxN + 2> m_suffix{};
+    std::array<Mask, MaxN + 2> m_from{}; // per index 0..n: the indices from it to n-1
     std::array<int, MaxN + 2> m_sufFixed{}, m_sufEven{};
     std::array<std::array<int, MaxLenColonna + 1>, MaxN + 2> m_minSum{}, m_maxSum{};
 
@@ -130,6 +131,7 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
     for (int s = n; s >= 1; --s) {
         const auto z = static_cast<size_t>(s);
         m_suffix[z] = m_suffix[z + 1] | Mask::bit(m_value[z]);
+        m_from[z - 1] = m_from[z] | Mask::bit(s - 1);
         m_sufFixed[z] = m_sufFixed[z + 1] + m_isFixed[z];
         m_sufEven[z] = m_sufEven[z + 1] + m_isEven[z];
         sorted.insert(std::lower_bound(sorted.begin(), sorted.end(), int{m_value[z]}), int{m_value[z]});
@@ -243,6 +245,7 @@ IntegralWalk::Fit IntegralWalk::enter(int d, int j, int r) {
     const uint8_t v = m_value[z];
     m_cand[static_cast<size_t>(d)] = v;
     m_idx[static_cast<size_t>(d)] = static_cast<uint8_t>(j - 1);
+    m_kept.prefixChanged(d);
     s.indices = p.indices | Mask::bit(j - 1);
     if (m_plain) return Fit::Fits; // nothing else to follow along the prefix
     s.numbers = p.numbers | Mask::bit(v);
@@ -264,7 +267,7 @@ IntegralWalk::Fit IntegralWalk::enter(int d, int j, int r) {
 int IntegralWalk::childLimit(const Level& s, int d) const {
     const int need = m_len - d - 1;
     if (need == 0) return m_n;
-    return NthHighest(Mask::range(0, m_n - 1) - s.barred, need); // 0-based index = 1-based limit
+    return NthHighest(m_from[0] - s.barred, need); // 0-based index = 1-based limit
 }
 
 // Skips what is left of the subtrees of the prefixes deeper than `to`; the walk goes on with the
@@ -316,13 +319,18 @@ bool IntegralWalk::plainLeaves(int& d) {
     const Level& p = m_level[z];
     assert(m_kept.mode() != KeptIndex::Mode::Never); // otherwise every candidate is kept at once
     while (m_next[z] <= m_n && d == m_len - 1) {
-        const int j = m_next[z]++;
+        const int j = m_next[z];
         if (m_barring && p.barred.has(j - 1)) {
-            if (!m_progress.reject(1)) return false;
+            // The barred numbers up to the next free one, at once.
+            const int to = std::min(FirstFree(p.barred, j - 1) + 1, m_n + 1);
+            m_next[z] = to;
+            if (!m_progress.reject(static_cast<Count>(to - j))) return false;
             continue;
         }
+        m_next[z] = j + 1;
         m_cand[z] = m_value[static_cast<size_t>(j)];
         m_idx[z] = static_cast<uint8_t>(j - 1);
+        m_kept.prefixChanged(d);
         if (!leaf(d, p.indices | Mask::bit(j - 1))) return false;
     }
     return true;
@@ -456,7 +464,8 @@ void IntegralWalk::run() {
         s.barred = m_level[z].barred;
         if (m_barring && m_kept.shared() >= 2 && d >= m_kept.shared() - 1) {
             // Only the numbers that can still come next are worth looking up.
-            const Mask wanted = Mask::range(j, childLimit(s, d) - 1) - s.barred;
+            const Mask wanted =
+                m_from[static_cast<size_t>(j)] - m_from[static_cast<size_t>(childLimit(s, d))] - s.barred;
             if (wanted.any()) s.barred |= m_kept.newExtensions(m_idx.data(), d, wanted);
         }
         if (m_barring) s.childLimit = childLimit(s, d);
