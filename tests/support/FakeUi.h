@@ -31,7 +31,12 @@ public:
 
     std::string Lang(std::string_view key) override {
         auto it = texts.find(key);
-        return it != texts.end() ? it->second : "<" + std::string(key) + ">";
+        if (it != texts.end()) return it->second;
+        // Appended in place: a concatenation of temporaries trips GCC 12's restrict warning.
+        std::string out(1, '<');
+        out += key;
+        out += '>';
+        return out;
     }
     void LockGUI() override { calls.push_back("LockGUI"); }
     void UnlockGUI() override { calls.push_back("UnlockGUI"); }
