@@ -97,6 +97,11 @@ private:
     // Open groups per table and depth: m_lists[table][depth * groups + k].
     std::array<std::vector<uint32_t>, 3> m_lists;
     std::array<const CompiledTable*, 3> m_tables{};
+    // Every candidate kept: the last m_tailLen numbers of all m_tailCount combinations of that
+    // many numbers, in order, position by position.
+    std::vector<uint8_t> m_tail;
+    int m_tailLen = 0;
+    int64_t m_tailCount = 0;
 };
 
 IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& progress)
@@ -338,21 +343,23 @@ bool IntegralWalk::plainLeaves(int& d) {
 
 // Stores the columns at offsets lo..hi-1 of the subtree whose position p starts at index i and
 // whose first column is at offset base; offset 0 is column col0. Position by position: a number
-// at position p is the same over the whole subtree below it, the last position runs through the
-// forecast. Offsets stay below the limit of the store; a subtree size is capped well above it.
+// at position p is the same over the whole subtree below it, and the last positions are copied
+// from the list of every combination of as many numbers. Offsets stay below the limit of the
+// store; a subtree size is capped well above it.
 void IntegralWalk::fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, int32_t col0) {
     assert(lo < hi && hi <= MaxColonne);
     ColumnStore& store = m_c.Colonne;
     const int left = m_len - p; // positions after p
-    // The numbers of the last position for the subtree from index k, from offset `from` on.
-    auto last = [&](int k, int64_t from, int64_t to) {
-        const int64_t a = std::max(from, lo), b = std::min(to, hi);
-        if (a < b)
-            store.copy(col0 + static_cast<int32_t>(a), m_len, &m_value[static_cast<size_t>(k + (a - from))],
+    if (left + 1 == m_tailLen) {
+        // The combinations from index i on are the end of the list.
+        const auto size = static_cast<int64_t>(Binomial(m_n - i + 1, m_tailLen));
+        const int64_t a = std::max(base, lo), b = std::min(base + size, hi);
+        if (a >= b) return;
+        const auto from = static_cast<size_t>(m_tailCount - size + (a - base));
+        for (int q = 0; q < m_tailLen; ++q)
+            store.copy(col0 + static_cast<int32_t>(a), p + q,
+                       &m_tail[static_cast<size_t>(q) * static_cast<size_t>(m_tailCount) + from],
                        static_cast<int32_t>(b - a));
-    };
-    if (left == 0) {
-        last(i, base, base + (m_n - i + 1));
         return;
     }
     constexpr int64_t Cap = int64_t{1} << 40;
@@ -363,10 +370,7 @@ void IntegralWalk::fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, 
             const int64_t a = std::max(base, lo), b = std::min(base + size, hi);
             store.fill(col0 + static_cast<int32_t>(a), p, m_value[static_cast<size_t>(k)],
                        static_cast<int32_t>(b - a));
-            if (left == 1)
-                last(k + 1, base, base + size);
-            else
-                fillTree(p + 1, k + 1, base, lo, hi, col0);
+            fillTree(p + 1, k + 1, base, lo, hi, col0);
         }
         base += size;
     }
@@ -375,6 +379,29 @@ void IntegralWalk::fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, 
 // Every candidate passes: the columns are stored a run at a time, each run up to the next step
 // boundary or the limit. False when the run ends.
 bool IntegralWalk::keepAll() {
+    // The last positions come from the list of every combination of that many numbers, position
+    // by position, as long as the list stays small.
+    constexpr Count MaxTail = Count{1} << 18;
+    m_tailLen = 1;
+    while (m_tailLen < m_len && static_cast<Count>(m_tailLen + 1) * Binomial(m_n, m_tailLen + 1) <= MaxTail)
+        ++m_tailLen;
+    m_tailCount = static_cast<int64_t>(Binomial(m_n, m_tailLen));
+    m_tail.resize(static_cast<size_t>(m_tailLen) * static_cast<size_t>(m_tailCount));
+    std::array<int, MaxLenColonna> index{};
+    for (int q = 0; q < m_tailLen; ++q)
+        index[static_cast<size_t>(q)] = q + 1;
+    for (int64_t o = 0; o < m_tailCount; ++o) {
+        for (int q = 0; q < m_tailLen; ++q)
+            m_tail[static_cast<size_t>(q) * static_cast<size_t>(m_tailCount) + static_cast<size_t>(o)] =
+                m_value[static_cast<size_t>(index[static_cast<size_t>(q)])];
+        int q = m_tailLen - 1;
+        while (q >= 0 && index[static_cast<size_t>(q)] == m_n - m_tailLen + 1 + q)
+            --q;
+        if (q < 0) break;
+        ++index[static_cast<size_t>(q)];
+        for (int u = q + 1; u < m_tailLen; ++u)
+            index[static_cast<size_t>(u)] = index[static_cast<size_t>(u - 1)] + 1;
+    }
     const Count total = Binomial(m_n, m_len);
     for (Count done = 0; done < total;) {
         // The run ends at the limit at the latest, so offsets fit in 32 bits.
