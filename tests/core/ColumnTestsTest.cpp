@@ -71,30 +71,30 @@ TEST(ColumnTests, LongestRunIsKeptByALaterShorterRun) {
     EXPECT_FALSE(TestConsecutivi(b.data(), 3, allowed));
 }
 
-TEST(ColumnTests, DistanceConditionUsesLeastAndGreatestGap) {
+namespace {
+// Pairs 1 and 2, one allowed least and one allowed greatest distance.
+CondizioneDistanza DuePosizioni(int least, int greatest) {
     CondizioneDistanza cd;
     cd.NumPosizioni = 2;
     cd.Posizioni[1] = 1;
     cd.Posizioni[2] = 2;
     cd.NumDistanzeMin = 1;
-    cd.DistanzaMin[4] = Vero;
+    cd.DistanzaMin[static_cast<size_t>(least)] = Vero;
     cd.NumDistanzeMax = 1;
-    cd.DistanzaMax[21] = Vero;
+    cd.DistanzaMax[static_cast<size_t>(greatest)] = Vero;
+    return cd;
+}
+} // namespace
+
+TEST(ColumnTests, DistanceConditionUsesLeastAndGreatestGap) {
+    CondizioneDistanza cd = DuePosizioni(4, 21);
     std::vector<uint8_t> col{5, 9, 30};
     EXPECT_TRUE(CondizioneDistanzaMatch(col.data(), 3, cd));
     cd.DistanzaMax[21] = Falso;
     EXPECT_FALSE(CondizioneDistanzaMatch(col.data(), 3, cd));
 
-    CondizioneDistanza equal;
-    equal.NumPosizioni = 2;
-    equal.Posizioni[1] = 1;
-    equal.Posizioni[2] = 2;
-    equal.NumDistanzeMin = 1;
-    equal.DistanzaMin[5] = Vero;
-    equal.NumDistanzeMax = 1;
-    equal.DistanzaMax[5] = Vero;
     std::vector<uint8_t> fives{10, 15, 20};
-    EXPECT_TRUE(CondizioneDistanzaMatch(fives.data(), 3, equal));
+    EXPECT_TRUE(CondizioneDistanzaMatch(fives.data(), 3, DuePosizioni(5, 5)));
 }
 
 TEST(ColumnTests, DistanceConditionWithoutPairsLetsTheMinimumTableDecide) {

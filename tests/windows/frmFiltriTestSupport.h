@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/Engine.h"
+#include "platform/ApplyLanguage.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -14,9 +15,7 @@ namespace dv::test {
 
 // Element index of the control array name under w.
 template <typename T = QLabel> T* Elemento(QWidget& w, const char* name, int index) {
-    for (T* child : w.findChildren<T*>(name))
-        if (child->property("index").toInt() == index) return child;
-    return nullptr;
+    return elementoArray<T>(w, QString::fromLatin1(name), index);
 }
 
 template <typename T = QWidget> T* Controllo(QWidget& w, const char* name) { return w.findChild<T*>(name); }
