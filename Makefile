@@ -36,6 +36,8 @@ screenshots: build
 
 bench: build
 	$(RELEASE_DIR)/bench/dorvanta-bench
+	@for b in $(RELEASE_DIR)/bench/dorvanta-bench-*; do \
+		[ -x "$$b" ] || continue; echo "== $$b"; "$$b" || exit 1; done
 
 clean:
 	rm -rf build

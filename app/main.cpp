@@ -13,6 +13,7 @@
 #include "windows/frmSplash.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
+#include "windows/Aree.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -43,6 +44,8 @@ int main(int argc, char* argv[]) {
     dv::frmMAIN main(*corpo, dialogs);
     if (dv::NewVersion(impostazioni, corpo->AppDir, main.ui(), &splash)) return 0;
     main.carica();
+    // The windows of the other areas, unseen; the archive window loads the evening archive.
+    dv::CollegaAree(main);
     dv::ResetSistema(*corpo, main.ui(), false);
 
     const std::string path = argc > 1 ? argv[1] : "";

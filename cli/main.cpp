@@ -1,4 +1,5 @@
 // dorvanta-cli: the program's operations on system files, without windows.
+#include "cli/Aree.h"
 #include "cli/Comandi.h"
 #include "cli/UiTesto.h"
 
@@ -28,7 +29,7 @@ std::string LinguaPredefinita(const char* argv0) {
 
 int main(int argc, char** argv) {
     using namespace dv::cli;
-    CLI::App app{"Develops, shows and converts Dorvanta systems (.dvs) without windows.", "dorvanta-cli"};
+    CLI::App app{"Dorvanta without windows: systems, archives, checks, statistics, matrices and printing.", "dorvanta-cli"};
     app.require_subcommand(1);
     app.fallthrough();
     std::string language = LinguaPredefinita(argv[0]);
@@ -72,6 +73,10 @@ int main(int argc, char** argv) {
     cmdShuffle->add_option("-o,--output", out, "System file to write")->required();
     cmdShuffle->add_option("--seed", seed, "Seed of the order (default: seconds since midnight)");
 
+    ComandiCli aree;
+    aree.language = &language;
+    RegistraComandiAree(app, aree);
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {
@@ -92,5 +97,7 @@ int main(int argc, char** argv) {
     if (*cmdExport) return ComandoEsportaTxt(in, out, ui);
     if (*cmdImport) return ComandoImportaTxt(in, out, ui);
     if (*cmdShuffle) return ComandoMescola(in, out, seed, ui);
+    for (auto& [sub, esegui] : aree.voci)
+        if (*sub) return esegui(ui);
     return EsitoUso;
 }

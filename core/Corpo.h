@@ -2,6 +2,7 @@
 // Owned by the application and passed by reference; a test builds as many as it needs.
 #pragma once
 
+#include "archive/Estrazione.h"
 #include "core/ColumnStore.h"
 
 #include <array>
@@ -149,6 +150,17 @@ struct Corpo {
     std::array<bool, 90> Griglia{};
 
     ColumnStore Colonne;
+
+    // The archive in memory (first index 1, at least one element) and which one it is:
+    // 0 evening, 1 five-minute, 2 manual. Only the archive window changes them.
+    ArrayEstrazioni mArrEstrazioni = ArrayEstrazioni(2);
+    int32_t TipoArchivio = ArchivioSerale;
+
+    // The draw under check: elements 1..20 of NumeriSpoglio, 0 meaning not entered. It outlives
+    // the check window, so the last draw entered comes back when the window opens again.
+    std::array<uint8_t, 21> NumeriSpoglio{};
+    uint8_t OroSpoglio = 0;
+    uint8_t DoppioOroSpoglio = 0;
 };
 
 // Potenze2[i] = 2^i for i in 0..25.

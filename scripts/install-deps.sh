@@ -9,6 +9,7 @@ packages=(
   qt6-base-dev qt6-base-dev-tools qt6-httpserver-dev qt6-websockets-dev
   qt6-charts-dev libqt6opengl6-dev libgl-dev
   clang libclang-rt-14-dev
+  ccache
 )
 
 missing=()

@@ -30,7 +30,7 @@
 namespace dv {
 
 frmMAIN::frmMAIN(Corpo& corpo, DialogService& dialogs, QWidget* parent)
-    : QMainWindow(parent), m_corpo(corpo), m_ui(std::make_unique<QtUi>(*this, dialogs)) {
+    : QMainWindow(parent), m_corpo(corpo), m_dialogs(dialogs), m_ui(std::make_unique<QtUi>(*this, dialogs)) {
     setObjectName(QStringLiteral("frmMAIN"));
     m_lingua.AppDir = corpo.AppDir;
     m_ui->setLanguage([this](std::string_view key) { return m_lingua.Lang(key); },

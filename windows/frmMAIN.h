@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/Corpo.h"
+#include "windows/Finestre.h"
 #include "settings/Impostazioni.h"
 #include "settings/Lingua.h"
 
@@ -45,6 +46,9 @@ public:
     frmMAINOperazioni& operazioni() { return *m_operazioni; }
     Impostazioni& impostazioni() { return m_impostazioni; }
     Lingua& lingua() { return m_lingua; }
+    DialogService& dialogs() { return m_dialogs; }
+    // The windows of the other areas, as those areas offer them.
+    Finestre& finestre() { return m_finestre; }
 
     // The operations the logic calls through QtUi.
     void LockGUI();
@@ -96,6 +100,8 @@ private:
     void importoCliccato(int index);
 
     Corpo& m_corpo;
+    DialogService& m_dialogs;
+    Finestre m_finestre;
     Impostazioni m_impostazioni;
     Lingua m_lingua;
     std::unique_ptr<QtUi> m_ui;

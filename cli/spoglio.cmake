@@ -1,0 +1,2 @@
+# The subcommands of the spoglio area.
+target_sources(dv_cli PRIVATE ${CMAKE_CURRENT_LIST_DIR}/ComandiSpoglio.cpp)
