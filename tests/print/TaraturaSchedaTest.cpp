@@ -1,0 +1,54 @@
+#include "print/TaraturaScheda.h"
+
+#include "settings/TempDir.h"
+
+#include <gtest/gtest.h>
+
+namespace dv {
+namespace {
+
+TEST(Calibration, BarsHoldTenthsOfAMillimetreAndGiveTheSameValueBack) {
+    EXPECT_EQ(BarraDaMm(10.8f), 108);
+    EXPECT_EQ(MmDaBarra(108), 10.8f);
+    EXPECT_EQ(TestoMm(MmDaBarra(108)), "10.8");
+    for (int b = 0; b <= 3000; ++b)
+        ASSERT_EQ(BarraDaMm(MmDaBarra(b)), b);
+}
+
+TEST(Calibration, MissingFileGivesTheDefaultsAndASavedFileKeepsTheKeyOrder) {
+    test::TempDir dir;
+    const std::string path = PercorsoTaratura(dir.path(), "Ufficio/2");
+    EXPECT_EQ(path, dir.path() + "/printer/Ufficio_2.prn");
+    SlipCalibration c = LoadCalibration(path);
+    EXPECT_EQ(c.POSX_UNO, 10.8f);
+    EXPECT_EQ(c.POSY_INTESTAZIONE, 183.0f);
+    EXPECT_EQ(c.STAMPANTE, "NESSUNA");
+    EXPECT_EQ(c.INTENSITA_STAMPA, 1111);
+
+    c.POSX_UNO = MmDaBarra(112);
+    c.POSY_OPZIONIGIOCO = 350.5f; // beyond a bar's range: kept as it is
+    c.STAMPANTE = "";
+    c.INTENSITA_STAMPA = 9999;
+    ASSERT_TRUE(SalvaTaratura(path, c));
+    EXPECT_EQ(dir.read("printer/Ufficio_2.prn"),
+              "[IMPOSTAZIONI]\nPOSX_UNO=11.2\nPOSY_UNO=26\nDISX_UNO=7.8\nDISY_UNO=7.8\n"
+              "POSX_IMPORTI=10.8\nPOSY_IMPORTI=100\nPOSX_ESTRAZIONI=10.8\nPOSY_ESTRAZIONI=112\n"
+              "POSX_OPZIONIGIOCO=14.8\nPOSY_OPZIONIGIOCO=350.5\nPOSX_INTESTAZIONE=3\n"
+              "POSY_INTESTAZIONE=183\nSTAMPANTE=\nINTENSITA_STAMPA=9999\n");
+    const SlipCalibration d = LoadCalibration(path);
+    EXPECT_EQ(d.POSX_UNO, 11.2f);
+    EXPECT_EQ(d.POSY_OPZIONIGIOCO, 350.5f);
+    EXPECT_EQ(d.STAMPANTE, "");
+    EXPECT_TRUE(d.qualitaNormale());
+}
+
+TEST(Calibration, DecimalCommaIsReadAndABadNumberGivesTheDefault) {
+    test::TempDir dir;
+    const std::string path = dir.write("a.prn", "[IMPOSTAZIONI]\nPOSX_UNO=12,5\nPOSY_UNO=abc\n");
+    const SlipCalibration c = LoadCalibration(path);
+    EXPECT_EQ(c.POSX_UNO, 12.5f);
+    EXPECT_EQ(c.POSY_UNO, 26.0f);
+}
+
+} // namespace
+} // namespace dv
