@@ -1,5 +1,10 @@
 #include "bench/Workloads.h"
 
+#include "core/Engine.h"
+#include "tests/support/MixedConditions.h"
+#include "tests/support/StateBuilder.h"
+
+#include <cstdio>
 #include <random>
 
 namespace dv::bench {
@@ -83,6 +88,68 @@ const std::vector<Workload>& Workloads() {
         {"8 XOR 2000 25/6", FilterWorkload<&Corpo::FiltriXOR, 2000, Hits(4, 5), 8>},
         {"9 AND 150000 25/6", FilterWorkload<&Corpo::FiltriAND, MaxFiltri, Hits(0, 4), 9>, true},
     };
+    return all;
+}
+
+} // namespace dv::bench
+
+namespace dv::bench {
+
+namespace {
+
+// Stops a run once it has kept too many columns.
+struct TooMany : EngineObserver {
+    RunControl* ctl = nullptr;
+    void progress(const ProgressInfo& info) override {
+        if (info.kept >= MaxKept) ctl->StopElaborazione = true;
+    }
+    static constexpr int32_t MaxKept = 1'000'000;
+};
+
+// One mixed state for seed: the length and the forecast size give 10 to 60 million
+// candidates; states whose development keeps no column or a million are drawn again.
+Corpo Mixed(uint64_t seed, Corpo& scratch) {
+    std::mt19937_64 rng(seed);
+    test::MixedConditions mix(rng);
+    for (;;) {
+        const int len = mix.uniform(6, 12);
+        std::vector<int> sizes;
+        for (int n = 26; n <= 60; ++n)
+            if (const double total = ColonneIntegrali(n, len); total >= 10e6 && total <= 60e6)
+                sizes.push_back(n);
+        const int n = sizes[static_cast<size_t>(mix.uniform(0, static_cast<int>(sizes.size()) - 1))];
+        Corpo c;
+        c.LenColonna = static_cast<int16_t>(len);
+        test::SetForecast(c, mix.forecast(n));
+        mix.draw(c);
+        Corpo& s = scratch;
+        s.Colonne.erase();
+        Corpo trial = c;
+        trial.Colonne = std::move(s.Colonne);
+        TooMany obs;
+        RunControl ctl;
+        obs.ctl = &ctl;
+        const RunResult r = SviluppaIntegrale(trial, n, trial.pronostico.Numeri.data(), ctl, obs, "");
+        s.Colonne = std::move(trial.Colonne);
+        if (!r.stopped && r.kept > 0) return c;
+    }
+}
+
+} // namespace
+
+const std::vector<Workload>& MixedWorkloads() {
+    static const std::vector<Workload> all = [] {
+        std::vector<Workload> out;
+        Corpo scratch;
+        for (int i = 1; i <= 20; ++i) {
+            auto state = std::make_shared<const Corpo>(Mixed(static_cast<uint64_t>(1000 + i), scratch));
+            char name[32];
+            std::snprintf(name, sizeof name, "mixed %02d %d/%d", i, int{state->pronostico.Quanti},
+                          int{state->LenColonna});
+            out.push_back({name, [state](Corpo& c) { c = *state; }});
+        }
+        return out;
+    }();
     return all;
 }
 

@@ -2,6 +2,7 @@
 // times, their ratio and a signature of each result (columns kept, checksum of the columns),
 // and fails when the signatures differ. DV_BENCH_FULL=1 also runs the literal engine where it
 // is skipped by default.
+#include "bench/Save.h"
 #include "bench/Workloads.h"
 #include "core/Engine.h"
 #include "tests/reference/LiteralEngine.h"
@@ -11,11 +12,13 @@
 #include <sys/resource.h>
 #include <time.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <vector>
 
 using namespace dv;
 
@@ -94,17 +97,40 @@ void Develop(benchmark::State& state, const bench::Workload* w, bool literal) {
     state.counters["kept"] = m.kept;
 }
 
+// The ratios of the mixed states against their targets: each at least 10x, the median 30x.
+bool MixedTargetsMet() {
+    std::vector<double> ratios;
+    for (const bench::Workload& w : bench::MixedWorkloads()) {
+        const Measure& l = g_literal[w.name];
+        const Measure& f = g_fast[w.name];
+        if (l.ran && f.ran) ratios.push_back(l.seconds / f.seconds);
+    }
+    if (ratios.empty()) return true;
+    std::sort(ratios.begin(), ratios.end());
+    const size_t n = ratios.size();
+    const double median = n % 2 ? ratios[n / 2] : (ratios[n / 2 - 1] + ratios[n / 2]) / 2;
+    const bool met = ratios.front() >= 10 && median >= 30;
+    std::printf("mixed states: least ratio %.1fx (target 10x), median %.1fx (target 30x): %s\n",
+                ratios.front(), median, met ? "met" : "NOT MET");
+    return met;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     const bool full = std::getenv("DV_BENCH_FULL") != nullptr;
-    for (const bench::Workload& w : bench::Workloads()) {
-        if (!w.literalOptional || full)
-            benchmark::RegisterBenchmark(("literal/" + w.name).c_str(), Develop, &w, true)
+    std::vector<const bench::Workload*> all;
+    for (const bench::Workload& w : bench::Workloads())
+        all.push_back(&w);
+    for (const bench::Workload& w : bench::MixedWorkloads())
+        all.push_back(&w);
+    for (const bench::Workload* w : all) {
+        if (!w->literalOptional || full)
+            benchmark::RegisterBenchmark(("literal/" + w->name).c_str(), Develop, w, true)
                 ->Iterations(1)
                 ->Unit(benchmark::kMillisecond);
-        benchmark::RegisterBenchmark(("fast/" + w.name).c_str(), Develop, &w, false)
-            ->Iterations(w.literalOptional ? 1 : 3)
+        benchmark::RegisterBenchmark(("fast/" + w->name).c_str(), Develop, w, false)
+            ->Iterations(w->literalOptional ? 1 : 3)
             ->Unit(benchmark::kMillisecond);
     }
     benchmark::Initialize(&argc, argv);
@@ -115,10 +141,10 @@ int main(int argc, char** argv) {
     std::printf("\nprocessor seconds of the best run (elapsed seconds in brackets)\n");
     std::printf("%-22s %20s %20s %9s   %-28s %s\n", "workload", "literal", "fast", "ratio",
                 "literal kept / checksum", "fast kept / checksum");
-    for (const bench::Workload& w : bench::Workloads()) {
-        const Measure& f = g_fast[w.name];
+    for (const bench::Workload* w : all) {
+        const Measure& f = g_fast[w->name];
         if (!f.ran) continue;
-        const Measure& l = g_literal[w.name];
+        const Measure& l = g_literal[w->name];
         char lit[64] = "(not run)", fast[64], ratio[32] = "-", litSig[64] = "(not run)";
         std::snprintf(fast, sizeof fast, "%.4f (%.4f)", f.seconds, f.wall);
         if (l.ran) {
@@ -126,13 +152,15 @@ int main(int argc, char** argv) {
             std::snprintf(ratio, sizeof ratio, "%.1fx", l.seconds / f.seconds);
             std::snprintf(litSig, sizeof litSig, "%d / %016" PRIx64, l.kept, l.checksum);
         }
-        std::printf("%-22s %20s %20s %9s   %-28s %d / %016" PRIx64 "\n", w.name.c_str(), lit, fast, ratio,
+        std::printf("%-22s %20s %20s %9s   %-28s %d / %016" PRIx64 "\n", w->name.c_str(), lit, fast, ratio,
                     litSig, f.kept, f.checksum);
         if (l.ran && (l.kept != f.kept || l.checksum != f.checksum || l.counter != f.counter)) {
-            std::printf("!!! %s: the fast engine's result differs from the literal one\n", w.name.c_str());
+            std::printf("!!! %s: the fast engine's result differs from the literal one\n", w->name.c_str());
             differ = true;
         }
     }
+    MixedTargetsMet();
+    if (!bench::MeasureSave(Shared())) differ = true;
     struct rusage ru {};
     getrusage(RUSAGE_SELF, &ru);
     std::printf("peak resident memory of this process: %ld MB\n", ru.ru_maxrss / 1024);
