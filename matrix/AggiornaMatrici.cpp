@@ -1,0 +1,53 @@
+#include "matrix/AggiornaMatrici.h"
+
+#include "core/Cartelle.h"
+#include "settings/Folders.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <system_error>
+
+namespace dv {
+
+namespace fs = std::filesystem;
+
+std::optional<EsitoAggiornamentoMatrici> AggiornaMatrici(const Impostazioni& imp, const std::string& appDir,
+                                                         const Scaricatore& download) {
+    const std::string temp = GetTempFolder(appDir);
+    const std::string lista = temp + "10elottomatrici.txt";
+    if (!download(ServerUrl(imp, "/public/10elotto/lista.asp"), lista)) return std::nullopt;
+    EsitoAggiornamentoMatrici esito;
+    const std::string cartella = PercorsoIn(appDir, {"matrici"});
+    MakeFolder(cartella);
+    for (std::string name : RigheListaServer(lista)) {
+        std::transform(name.begin(), name.end(), name.begin(),
+                       [](unsigned char ch) { return static_cast<char>(std::toupper(ch)); });
+        const bool dat = name.size() > 4 && name.compare(name.size() - 4, 4, ".DAT") == 0;
+        if (!NomeFileSicuro(name) || !dat) {
+            esito.saltate.push_back(name);
+            continue;
+        }
+        const std::string scaricato = temp + name;
+        if (!download(ServerUrl(imp, "/public/10elotto/matrici/download.aspx?file=" + name), scaricato)) {
+            esito.saltate.push_back(name);
+            continue;
+        }
+        const std::string target =
+            (fs::path(cartella) / (name.substr(0, name.size() - 4) + ".mqvn")).string();
+        std::error_code ec;
+        fs::remove(target, ec);
+        fs::rename(scaricato, target, ec);
+        if (ec) {
+            fs::remove(scaricato, ec);
+            esito.saltate.push_back(name);
+            continue;
+        }
+        esito.installate.push_back(target);
+    }
+    std::error_code ec;
+    fs::remove(lista, ec);
+    return esito;
+}
+
+} // namespace dv

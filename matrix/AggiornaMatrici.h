@@ -1,0 +1,27 @@
+// The matrices of the web server, fetched into the data folder.
+#pragma once
+
+#include "settings/Online.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace dv {
+
+// The result of an update: the files installed and the names of the list that were skipped
+// (not a plain file name, not ".DAT", or a failed download).
+struct EsitoAggiornamentoMatrici {
+    std::vector<std::string> installate;
+    std::vector<std::string> saltate;
+};
+
+// Fetches "/public/10elotto/lista.asp" into the temporary folder as "10elottomatrici.txt"; each of
+// its lines, upper-cased, names a matrix "NAME.DAT" on the server. A name that is not a plain file
+// name is skipped without touching the disk; each other is downloaded into the temporary folder
+// and moved to "matrici" as "NAME.mqvn" in place of any older file. A failed download skips that
+// file. Nothing when the list could not be fetched.
+std::optional<EsitoAggiornamentoMatrici> AggiornaMatrici(const Impostazioni& imp, const std::string& appDir,
+                                                         const Scaricatore& download);
+
+} // namespace dv

@@ -1,0 +1,196 @@
+#include "matrix/Adatta.h"
+#include "matrix/Catalogo.h"
+#include "support/FakeUi.h"
+#include "SupportoMatrici.h"
+#include "system_files/ErroreEsecuzione.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <fstream>
+
+namespace dv {
+namespace {
+
+using test::CartellaTemporanea;
+using test::MatriceDi;
+
+// A forecast of the given numbers, in that order, with the grid to match.
+void Pronostico(Corpo& c, std::vector<uint8_t> numeri, int len) {
+    c.LenColonna = static_cast<int16_t>(len);
+    c.pronostico.Quanti = static_cast<uint8_t>(numeri.size());
+    c.pronostico.Numeri.fill(0);
+    for (size_t i = 0; i < numeri.size(); ++i) {
+        c.pronostico.Numeri[i] = numeri[i];
+        c.Griglia[numeri[i] - 1u] = true;
+    }
+}
+
+std::vector<uint8_t> Colonna(const Corpo& c, int32_t j) {
+    std::vector<uint8_t> out(static_cast<size_t>(c.LenColonna));
+    c.Colonne.getColumn(j, out.data(), c.LenColonna);
+    return out;
+}
+
+// Answers the prompts from a list, recording what was asked.
+struct Risposte {
+    std::deque<std::optional<std::string>> coda;
+    std::vector<std::string> prompt, proposte;
+    ChiediNumero funzione() {
+        return [this](const std::string& p, const std::string& d) {
+            prompt.push_back(p);
+            proposte.push_back(d);
+            auto r = coda.front();
+            coda.pop_front();
+            return r;
+        };
+    }
+};
+
+TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReduction) {
+    CartellaTemporanea dir("adatta");
+    // V=5, K=3, T=2, F=1: columns {1,2,3}, {1,4,5}, {2,4,5}.
+    MATRIX_STRUCTURE m = MatriceDi(5, 2, 3, {{1, 2, 3}, {1, 4, 5}, {2, 4, 5}});
+    m.FIXED_NUMBERS_OF_MATRIX_F = 1;
+    ScriviMatrice(dir.in("matrici/m.mqvn"), m);
+
+    Corpo c;
+    c.ModalitaRicalcolo = Vero;
+    Pronostico(c, {50, 10, 40, 20, 30}, 3); // the order the order window left
+    c.condizioni.CondSomma = Vero;
+    test::FakeUi ui;
+    ui.texts = {{"0015", "Fissa n. "},
+                {"0016", " del pronostico"},
+                {"0014", "Fisse:"},
+                {"0017", "Da matrice"},
+                {"0018", "Ridotto"}};
+    Risposte r;
+    r.coda = {std::nullopt, "91", "7", " 30 "}; // Cancel, out of range, not in the forecast, then 30
+    FisseMatrice fisse(c.LenColonna);
+    AdattaMatriceCatalogo(c, ui, dir.in("matrici/m.mqvn"), fisse, r.funzione());
+
+    ASSERT_EQ(r.prompt.size(), 4u);
+    EXPECT_EQ(r.prompt[0], "Fissa n. 1 del pronostico ?");
+    EXPECT_EQ(r.prompt[3], r.prompt[0]); // the same prompt until a number of the forecast
+    EXPECT_EQ(r.proposte[0], "50");
+    EXPECT_EQ(ui.boxes.at(0).text, "Fisse:\n\n30   \n\n");
+    // 30 moved to the head: the order is 30 10 40 20 50, index i is the i-th of it.
+    EXPECT_EQ(c.pronostico.Numeri[0], 30);
+    EXPECT_EQ(c.pronostico.Numeri[4], 50);
+    EXPECT_EQ(c.pronostico.NumColonne, 3);
+    EXPECT_EQ(Colonna(c, 1), (std::vector<uint8_t>{10, 30, 40}));
+    EXPECT_EQ(Colonna(c, 2), (std::vector<uint8_t>{20, 30, 50}));
+    EXPECT_EQ(Colonna(c, 3), (std::vector<uint8_t>{10, 20, 50}));
+    EXPECT_EQ(c.condizioni.CondSomma, Falso); // reset
+    EXPECT_EQ(c.condizioni.CondFisse, Vero);
+    EXPECT_EQ(c.condizioni.NumFisse, 1);
+    EXPECT_EQ(c.condizioni.TabFisse[30], 1);
+    EXPECT_EQ(c.condizioni.CondRidotto, Vero);
+    EXPECT_EQ(c.condizioni.ValRidotto, 1);
+    EXPECT_EQ(c.pronostico.Descrizione, "Ridotto N-1");
+    EXPECT_EQ(c.SistemaBloccato, 0); // locked, then unlocked for recompute mode
+    const auto& calls = ui.calls;
+    const auto lock = std::find(calls.begin(), calls.end(), "LockGUI");
+    ASSERT_NE(lock, calls.end());
+    EXPECT_NE(std::find(lock, calls.end(), "Sblocca_x_Ricalcolo"), calls.end());
+    EXPECT_NE(std::find(calls.begin(), calls.end(), "conditionMarksChanged"), calls.end());
+}
+
+TEST(AdattaTest, KEqualToTSetsNoReduction) {
+    CartellaTemporanea dir("kt");
+    ScriviMatrice(dir.in("matrici/m.mqvn"), MatriceDi(4, 2, 2, {{1, 2}, {3, 4}, {2, 3}}));
+    Corpo c;
+    Pronostico(c, {1, 2, 3, 4}, 2);
+    test::FakeUi ui;
+    FisseMatrice fisse(2);
+    AdattaMatriceCatalogo(c, ui, dir.in("matrici/m.mqvn"), fisse, {});
+    EXPECT_EQ(c.pronostico.Descrizione, "<0017>");
+    EXPECT_EQ(c.condizioni.CondRidotto, Falso);
+    EXPECT_EQ(c.condizioni.CondFisse, Falso);
+    EXPECT_EQ(c.SistemaBloccato, -1);
+}
+
+TEST(AdattaTest, TooManyColumnsOrAnIndexOutsideTheForecastLeavesTheSystemAsItWas) {
+    Corpo c;
+    Pronostico(c, {1, 2, 3, 4}, 2);
+    c.pronostico.NumColonne = 1;
+    c.pronostico.Descrizione = "prima";
+    const uint8_t col[2] = {1, 2};
+    c.Colonne.setColumn(1, col, 2);
+    c.condizioni.CondSomma = Vero;
+    test::FakeUi ui;
+    ui.texts = {{"0012", "troppe"}, {"0013", "riduci"}};
+    FisseMatrice fisse(2);
+
+    MATRIX_STRUCTURE grande;
+    grande.NUMBERS_OF_MATRIX_V = 4;
+    grande.LENGTH_OF_COLUMN_K = 2;
+    grande.COLUMNS_OF_MATRIX_C = 4'000'001; // no body needed: refused before it is read
+    try {
+        AdaptMatrix(c, ui, grande, fisse, {});
+        ADD_FAILURE();
+    } catch (const ErroreEsecuzione& e) {
+        EXPECT_EQ(e.numero(), -2147211504);
+        EXPECT_EQ(e.descrizione(), "troppe\nriduci");
+    }
+    EXPECT_THROW(AdaptMatrix(c, ui, MatriceDi(5, 2, 2, {{1, 5}}), fisse, {}), ErroreEsecuzione);
+    EXPECT_EQ(c.pronostico.NumColonne, 1);
+    EXPECT_EQ(c.pronostico.Descrizione, "prima");
+    EXPECT_EQ(c.condizioni.CondSomma, Vero);
+    EXPECT_EQ(c.Colonne.get(1, 2), 2);
+    EXPECT_TRUE(ui.calls.empty());
+}
+
+TEST(AdattaTest, TextMatrixMustFitAndACancelledDialogLeavesAnEmptySystem) {
+    CartellaTemporanea dir("testo");
+    std::ofstream(dir.in("txt/m.txt")) << "1 2\n3 4\n2 3\n";
+    Corpo c;
+    Pronostico(c, {5, 6, 7}, 2);
+    test::FakeUi ui;
+    try {
+        ImportaMatricePerAdattare(c, ui, dir.in("txt/m.txt"), 46000);
+        ADD_FAILURE();
+    } catch (const ErroreEsecuzione& e) {
+        EXPECT_EQ(e.descrizione(), "<0008>\n<0013>");
+    }
+    Pronostico(c, {5, 6, 7, 8}, 2);
+    const MATRIX_STRUCTURE m = ImportaMatricePerAdattare(c, ui, dir.in("txt/m.txt"), 46000);
+    FisseMatrice fisse(2);
+    AdattaMatriceTesto(c, ui, m, true, fisse, {});
+    EXPECT_EQ(c.pronostico.NumColonne, 3);
+    EXPECT_EQ(c.pronostico.Descrizione, "<0017>");
+    EXPECT_EQ(Colonna(c, 2), (std::vector<uint8_t>{7, 8}));
+
+    AdattaMatriceTesto(c, ui, MATRIX_STRUCTURE{}, false, fisse, {});
+    EXPECT_EQ(c.pronostico.NumColonne, 0);
+    EXPECT_EQ(c.pronostico.Descrizione, "");
+    EXPECT_EQ(c.SistemaBloccato, 0);
+    EXPECT_EQ(c.pronostico.Quanti, 4);
+}
+
+TEST(AdattaTest, SaveAsMatrixOnlyChecks) {
+    Corpo c;
+    test::FakeUi ui;
+    EXPECT_FALSE(SalvaComeMatrice(c, ui));
+    EXPECT_EQ(ui.boxes.back().text, "<0056>");
+    EXPECT_EQ(ui.boxes.back().title, "<0055>");
+    Pronostico(c, {1, 2, 3}, 2);
+    c.pronostico.NumColonne = 3;
+    c.condizioni.CondFisse = Vero;
+    c.condizioni.NumFisse = 2;
+    c.condizioni.TabFisse[1] = 1;
+    c.condizioni.TabFisse[3] = 1;
+    EXPECT_FALSE(SalvaComeMatrice(c, ui));
+    EXPECT_EQ(ui.boxes.back().text, "<0057>");
+    c.condizioni.TabFisse[2] = 1;
+    Pronostico(c, {1, 3, 2}, 2);
+    EXPECT_FALSE(SalvaComeMatrice(c, ui));
+    EXPECT_EQ(ui.boxes.back().text, "<0058>");
+    Pronostico(c, {1, 2, 3}, 2);
+    ui.boxes.clear();
+    EXPECT_TRUE(SalvaComeMatrice(c, ui));
+    EXPECT_TRUE(ui.boxes.empty());
+}
+
+} // namespace
+} // namespace dv

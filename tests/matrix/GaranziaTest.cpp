@@ -1,0 +1,71 @@
+#include "matrix/Garanzia.h"
+#include "matrix/Copertura.h"
+#include "reference/MatriciLetterale.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace dv {
+namespace {
+
+std::vector<engine::Mask> Maschere(const std::vector<std::vector<uint8_t>>& colonne) {
+    std::vector<engine::Mask> out;
+    for (const auto& col : colonne) {
+        engine::Mask m;
+        for (uint8_t i : col)
+            m |= engine::Mask::bit(i);
+        out.push_back(m);
+    }
+    return out;
+}
+
+TEST(GaranziaTest, SameCountsAndHolesAsTheLiteralCheckOnRandomMatrices) {
+    std::mt19937 rng(11);
+    for (int caso = 0; caso < 400; ++caso) {
+        const int v = 3 + static_cast<int>(rng() % 12);
+        const int k = 1 + static_cast<int>(rng() % v);
+        const int m = static_cast<int>(rng() % (v + 1));
+        const int t = static_cast<int>(rng() % (std::min(k, m) + 2));
+        std::vector<std::vector<uint8_t>> colonne(rng() % 12);
+        for (auto& col : colonne) {
+            std::vector<uint8_t> tutti(static_cast<size_t>(v));
+            for (int i = 0; i < v; ++i)
+                tutti[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
+            std::shuffle(tutti.begin(), tutti.end(), rng);
+            col.assign(tutti.begin(), tutti.begin() + k);
+        }
+        const auto atteso = test::VerificaGaranziaLetterale(v, m, t, colonne);
+        const auto nostro = VerificaGaranzia(v, m, t, Maschere(colonne), 1'000'000);
+        SCOPED_TRACE(testing::Message() << "v=" << v << " k=" << k << " m=" << m << " t=" << t);
+        ASSERT_EQ(nostro.subsets, atteso.subsets);
+        ASSERT_EQ(nostro.covered, atteso.covered);
+        ASSERT_EQ(nostro.firstHoles, atteso.holes);
+    }
+}
+
+TEST(GaranziaTest, TheFanoPlaneCoversEveryPairAndAGreedyCoveringHasNoHoles) {
+    const std::vector<std::vector<uint8_t>> fano = {{1, 2, 3}, {1, 4, 5}, {1, 6, 7}, {2, 4, 6},
+                                                    {2, 5, 7}, {3, 4, 7}, {3, 5, 6}};
+    const auto e = VerificaGaranzia(7, 2, 2, Maschere(fano), 5);
+    EXPECT_EQ(e.subsets, 21u);
+    EXPECT_EQ(e.covered, 21u);
+    auto senza = fano;
+    senza.pop_back();
+    const auto buchi = VerificaGaranzia(7, 2, 2, Maschere(senza), 5);
+    EXPECT_EQ(buchi.covered, 18u);
+    EXPECT_EQ(buchi.firstHoles, (std::vector<std::vector<uint8_t>>{{3, 5}, {3, 6}, {5, 6}}));
+
+    for (auto [v, k, t, m] : {std::array{12, 5, 3, 4}, std::array{14, 6, 2, 3}, std::array{10, 4, 3, 3}}) {
+        const auto cop = CoperturaGreedy(v, k, t, m, 1);
+        ASSERT_FALSE(cop.empty());
+        for (const auto& col : cop)
+            ASSERT_EQ(col.size(), static_cast<size_t>(k));
+        const auto r = VerificaGaranzia(v, m, t, Maschere(cop), 1);
+        EXPECT_EQ(r.covered, r.subsets) << v << " " << k << " " << t << " " << m;
+    }
+    EXPECT_TRUE(CoperturaGreedy(5, 6, 2, 2, 1).empty());
+}
+
+} // namespace
+} // namespace dv

@@ -1,0 +1,144 @@
+#include "matrix/Matrice.h"
+#include "matrix/Catalogo.h"
+#include "matrix/cBinaryFileStream.h"
+#include "matrix/cCRC32.h"
+#include "SupportoMatrici.h"
+#include "system_files/ErroreEsecuzione.h"
+
+#include <gtest/gtest.h>
+#include <zlib.h>
+
+#include <fstream>
+#include <random>
+
+namespace dv {
+namespace {
+
+using test::CartellaTemporanea;
+using test::MatriceDi;
+
+void Scrivi(const std::string& path, const std::vector<uint8_t>& bytes) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+}
+
+TEST(cCRC32Test, MatchesZlibOnRandomBuffersWholeAndThroughTheStream) {
+    const cCRC32 crc;
+    std::mt19937 rng(7);
+    CartellaTemporanea dir("crc");
+    for (int n = 0; n < 200; ++n) {
+        std::vector<uint8_t> buf(rng() % (n < 100 ? 64 : 40000));
+        for (auto& b : buf)
+            b = static_cast<uint8_t>(rng());
+        uint32_t nostro = 0;
+        crc.GetByteArrayCrc32(buf.data(), buf.size(), nostro);
+        const uLong atteso = crc32(0L, buf.data(), static_cast<uInt>(buf.size()));
+        ASSERT_EQ(nostro, atteso) << "size " << buf.size();
+        if (n % 20 == 0) {
+            Scrivi(dir.in("b.bin"), buf);
+            cBinaryFileStream s;
+            s.File(dir.in("b.bin"));
+            EXPECT_EQ(s.Length(), buf.size());
+            uint32_t daFile = 0;
+            crc.GetFileCrc32(s, daFile);
+            EXPECT_EQ(daFile, atteso);
+        }
+    }
+    cBinaryFileStream s;
+    EXPECT_THROW(s.File(dir.in("manca.bin")), ErroreEsecuzione);
+}
+
+TEST(MatriceTest, HeaderAndBodyRoundTripByPositionWithTheSealAtTheEnd) {
+    CartellaTemporanea dir("rt");
+    MATRIX_STRUCTURE m = MatriceDi(5, 2, 3, {{1, 2, 3}, {3, 4, 5}}, 45000.0, 46000.5);
+    m.FIXED_NUMBERS_OF_MATRIX_F = 1;
+    m.AUTHOR = std::string(40, 'x'); // cut to its 30 bytes
+    const std::string path = dir.in("matrici/a.mqvn");
+    ScriviMatrice(path, m);
+
+    const std::vector<uint8_t> bytes = LeggiFileMatrice(path);
+    ASSERT_EQ(bytes.size(), 142u + 6 + 4);
+    // Body by position: position 1 of both columns, then position 2, then 3.
+    EXPECT_EQ(std::vector<uint8_t>(bytes.begin() + 142, bytes.begin() + 148),
+              (std::vector<uint8_t>{1, 3, 2, 4, 3, 5}));
+    EXPECT_EQ(std::string(bytes.begin() + 9, bytes.begin() + 19), "100       ");
+    EXPECT_EQ(std::string(bytes.begin() + 127, bytes.begin() + 142), "matriceqvnv0001");
+    EXPECT_EQ(bytes[5], 2); // C little-endian
+    EXPECT_EQ(bytes[125], 0xFF);
+    const uLong crc = crc32(0L, bytes.data(), static_cast<uInt>(bytes.size() - 4));
+    EXPECT_EQ(bytes[148] | bytes[149] << 8 | bytes[150] << 16 | static_cast<uLong>(bytes[151]) << 24, crc);
+
+    const MATRIX_STRUCTURE r = ReadMatrix("  " + path + " ");
+    EXPECT_EQ(r.NUMBERS_OF_MATRIX_V, 5);
+    EXPECT_EQ(r.LENGTH_OF_COLUMN_K, 3);
+    EXPECT_EQ(r.GARANTY_T, 2);
+    EXPECT_EQ(r.PICK_UP_NUMBERS_M, 3);
+    EXPECT_EQ(r.FIXED_NUMBERS_OF_MATRIX_F, 1);
+    EXPECT_EQ(r.COLUMNS_OF_MATRIX_C, 2);
+    EXPECT_EQ(r.AUTHOR, std::string(30, 'x'));
+    EXPECT_EQ(TrimCampo(r.DESCRIPTION), "Matrice di prova");
+    EXPECT_EQ(r.VALID_FROM, 45000.0);
+    EXPECT_EQ(r.VALID_TO, 46000.5);
+    EXPECT_EQ(r.MATRIX_READY, -1);
+    EXPECT_EQ(r.COLUMS, m.COLUMS);
+    EXPECT_EQ(r.colum(3, 2), 5);
+    EXPECT_TRUE(CheckMatrixCrc(path));
+    EXPECT_EQ(ScriviIntestazione(ReadMatrixHeader(path)),
+              std::vector<uint8_t>(bytes.begin(), bytes.begin() + 142));
+}
+
+TEST(MatriceTest, DamagedShortAndLyingFilesAreListedAsUnsoundAndNeverReadPastTheirEnd) {
+    CartellaTemporanea dir("danni");
+    const std::vector<uint8_t> buono = SerializzaMatrice(MatriceDi(5, 3, 3, {{1, 2, 3}, {3, 4, 5}}));
+    auto cambiato = buono;
+    cambiato[145] ^= 1; // one body byte
+    auto firma = buono;
+    firma[127] = 'M';
+    auto bugiardo = buono;
+    bugiardo[5] = 0x40; // C far beyond the body the file holds, header and seal resealed
+    {
+        bugiardo.resize(bugiardo.size() - 4);
+        uLong crc = crc32(0L, bugiardo.data(), static_cast<uInt>(bugiardo.size()));
+        for (int i = 0; i < 4; ++i)
+            bugiardo.push_back(static_cast<uint8_t>(crc >> (8 * i)));
+    }
+    auto negativo = bugiardo;
+    negativo[8] = 0x80;
+    Scrivi(dir.in("matrici/cambiato.mqvn"), cambiato);
+    Scrivi(dir.in("matrici/firma.mqvn"), firma);
+    Scrivi(dir.in("matrici/bugiardo.mqvn"), bugiardo);
+    Scrivi(dir.in("matrici/negativo.mqvn"), negativo);
+    Scrivi(dir.in("matrici/corto.mqvn"), std::vector<uint8_t>(buono.begin(), buono.begin() + 60));
+    Scrivi(dir.in("matrici/minimo.mqvn"), {1, 2, 3});
+
+    const auto cat = BuildMatrixCatalog(dir.str(), 0, 3, 46000);
+    ASSERT_EQ(cat.size(), 6u);
+    for (const auto& e : cat) {
+        SCOPED_TRACE(e.FILE_NAME);
+        if (e.FILE_NAME == "firma.mqvn") {
+            EXPECT_EQ(e.SIGNATURE_OK, 0);
+            EXPECT_EQ(e.CRC_OK, 0); // the signature is sealed too
+        } else if (e.FILE_NAME == "cambiato.mqvn") {
+            EXPECT_EQ(e.SIGNATURE_OK, -1);
+            EXPECT_EQ(e.CRC_OK, 0);
+        } else {
+            EXPECT_EQ(e.SIGNATURE_OK, 0);
+            EXPECT_EQ(e.CRC_OK, 0);
+        }
+    }
+    EXPECT_FALSE(CheckMatrixCrc(dir.in("matrici/cambiato.mqvn")));
+    EXPECT_FALSE(CheckMatrixCrc(dir.in("matrici/minimo.mqvn")));
+    EXPECT_TRUE(CheckMatrixCrc(dir.in("matrici/bugiardo.mqvn"))); // sealed, yet its header lies
+    for (const char* nome : {"bugiardo.mqvn", "negativo.mqvn", "corto.mqvn", "minimo.mqvn"}) {
+        try {
+            ReadMatrix(dir.in(std::string("matrici/") + nome));
+            ADD_FAILURE() << nome << " was read";
+        } catch (const ErroreEsecuzione& e) {
+            EXPECT_EQ(e.numero(), 62) << nome;
+        }
+    }
+    EXPECT_THROW(ReadMatrix(dir.in("matrici/manca.mqvn")), ErroreEsecuzione);
+}
+
+} // namespace
+} // namespace dv

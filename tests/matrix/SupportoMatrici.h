@@ -1,0 +1,57 @@
+// Small matrices and data folders for the matrix tests.
+#pragma once
+
+#include "matrix/Matrice.h"
+
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace dv::test {
+
+// A sealed matrix over indices 1..v whose columns are given as lists of indices.
+inline MATRIX_STRUCTURE MatriceDi(int v, int t, int m, const std::vector<std::vector<uint8_t>>& colonne,
+                                  double dal = 40000, double al = 80000) {
+    MATRIX_STRUCTURE x;
+    x.NUMBERS_OF_MATRIX_V = static_cast<uint8_t>(v);
+    x.GARANTY_T = static_cast<uint8_t>(t);
+    x.PICK_UP_NUMBERS_M = static_cast<uint8_t>(m);
+    x.dimensiona(static_cast<uint8_t>(colonne.empty() ? 0 : colonne.front().size()),
+                 static_cast<int32_t>(colonne.size()));
+    for (size_t c = 0; c < colonne.size(); ++c)
+        for (size_t p = 0; p < colonne[c].size(); ++p)
+            x.colum(static_cast<int>(p + 1), static_cast<int32_t>(c + 1)) = colonne[c][p];
+    x.PERCENTAGE_COVER = "100";
+    x.AUTHOR = "Test";
+    x.DESCRIPTION = "Matrice di prova";
+    x.VALID_FROM = dal;
+    x.VALID_TO = al;
+    x.MATRIX_READY = -1;
+    x.MATRIX_SIGNATURE = FirmaMatrice;
+    return x;
+}
+
+// A fresh folder under the system's temporary folder, removed at the end of the test.
+class CartellaTemporanea {
+public:
+    explicit CartellaTemporanea(const std::string& nome)
+        : m_path(std::filesystem::temp_directory_path() /
+                 ("dv-matrici-" + nome + "-" + std::to_string(::getpid()))) {
+        std::filesystem::remove_all(m_path);
+        std::filesystem::create_directories(m_path / "matrici");
+        std::filesystem::create_directories(m_path / "temp");
+        std::filesystem::create_directories(m_path / "txt");
+    }
+    ~CartellaTemporanea() {
+        std::error_code ec;
+        std::filesystem::remove_all(m_path, ec);
+    }
+    std::string str() const { return m_path.string(); }
+    std::string in(const std::string& rel) const { return (m_path / rel).string(); }
+
+private:
+    std::filesystem::path m_path;
+};
+
+} // namespace dv::test
