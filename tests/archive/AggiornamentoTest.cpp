@@ -1,0 +1,87 @@
+// The three updates with a downloader that copies local files: what is fetched, where it lands,
+// and that a failure leaves the archive as it was.
+#include "archive/Aggiornamento.h"
+#include "core/Cartelle.h"
+#include "core/Helpers.h"
+#include "settings/TempDir.h"
+#include "support/FakeUi.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace dv {
+namespace {
+
+const std::string Dati = DV_ARCHIVE_TEST_DATA;
+
+std::string Leggi(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+struct Fixture : ::testing::Test {
+    test::TempDir dir;
+    Corpo c;
+    test::FakeUi ui;
+    std::vector<std::string> urls;
+    std::string risposta = Dati + "/separatori.txt"; // the file the fake server answers with; empty fails
+
+    void SetUp() override { ImpostaAppDir(c, dir.path()); }
+    ServerArchivi server() {
+        return {"http://127.0.0.1:1", [this](const std::string& url, const std::string& path) {
+                    urls.push_back(url);
+                    std::error_code ec;
+                    return !risposta.empty() &&
+                           std::filesystem::copy_file(risposta, path,
+                                                      std::filesystem::copy_options::overwrite_existing, ec);
+                }};
+    }
+};
+
+TEST_F(Fixture, EveningUpdateFetchesTheWholeArchiveAndDeletesTheDownload) {
+    EXPECT_EQ(AggiornaArchivioSerale(c, ui, server()), EsitoAggiornamento::Aggiornato);
+    EXPECT_EQ(urls, std::vector<std::string>{"http://127.0.0.1:1/public/10elotto/archivioro2.asp"});
+    EXPECT_EQ(Leggi(c.PathArchivioSerale), Leggi(Dati + "/separatori.dat"));
+    EXPECT_FALSE(std::filesystem::exists(c.PathArchivioDownload));
+    EXPECT_TRUE(ui.boxes.empty());
+}
+
+TEST_F(Fixture, FiveMinuteUpdateAsksFromTodayPlusTheDaysGiven) {
+    const double quindiciMarzo2024 = 45366;
+    EXPECT_EQ(AggiornaArchivio5Minuti(-120, c, ui, server(), quindiciMarzo2024),
+              EsitoAggiornamento::Aggiornato);
+    EXPECT_EQ(urls.at(0), "http://127.0.0.1:1/public/10elotto5min/archivioro2.asp?dal=20231116");
+    EXPECT_EQ(Leggi(c.PathArchivio5Min), Leggi(Dati + "/separatori.dat"));
+    EXPECT_EQ(DataToYYYYMMDD(DataOdierna()).size(), 8u);
+}
+
+TEST_F(Fixture, AFailedDownloadShows0049AndAFailedConversionNamesTheLineBothKeepingTheArchive) {
+    std::ofstream(c.PathArchivioSerale, std::ios::binary) << "old";
+    risposta.clear();
+    EXPECT_EQ(AggiornaArchivioSerale(c, ui, server()), EsitoAggiornamento::DownloadFallito);
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "<0049>");
+    EXPECT_EQ(ui.boxes[0].icon, BoxIcon::Critical);
+
+    risposta = Dati + "/campo_non_valido.txt";
+    EXPECT_EQ(AggiornaArchivioSerale(c, ui, server()), EsitoAggiornamento::ConversioneFallita);
+    ASSERT_EQ(ui.boxes.size(), 2u);
+    EXPECT_NE(ui.boxes[1].text.find(" 3, "), std::string::npos) << ui.boxes[1].text;
+    EXPECT_EQ(Leggi(c.PathArchivioSerale), "old");
+    EXPECT_TRUE(std::filesystem::exists(c.PathArchivioDownload)); // left for a look at what came
+}
+
+TEST_F(Fixture, ManualImportConvertsThePickedFileAndACancelChangesNothing) {
+    EXPECT_EQ(ImportaArchivioManuale(c, ui, "/desk"), EsitoAggiornamento::Annullato);
+    EXPECT_FALSE(std::filesystem::exists(c.PathArchivioManuale));
+    const std::string source = dir.write("mine.dat", Leggi(Dati + "/separatori.txt"));
+    ui.setNextFileName(source);
+    EXPECT_EQ(ImportaArchivioManuale(c, ui, "/desk"), EsitoAggiornamento::Aggiornato);
+    EXPECT_EQ(Leggi(c.PathArchivioManuale), Leggi(Dati + "/separatori.dat"));
+    EXPECT_TRUE(std::filesystem::exists(source));
+}
+
+} // namespace
+} // namespace dv

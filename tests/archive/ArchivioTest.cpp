@@ -1,0 +1,106 @@
+// The loader of the archive files and the rules every consumer relies on.
+#include "archive/Archivio.h"
+#include "reference/ArchivioLetterale.h"
+#include "settings/TempDir.h"
+#include "support/FakeUi.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <random>
+
+namespace dv {
+namespace {
+
+Estrazione Draw(const char* data, int16_t concorso, uint8_t primo) {
+    Estrazione e;
+    std::memset(e.Data.data(), ' ', 10);
+    std::memcpy(e.Data.data(), data, std::strlen(data));
+    e.Concorso = concorso;
+    for (int i = 1; i <= 20; ++i)
+        e.Numeri[static_cast<size_t>(i)] = static_cast<uint8_t>(primo + i - 1);
+    e.NumeroOro = primo;
+    e.DoppioOro = static_cast<uint8_t>(primo + 1);
+    return e;
+}
+
+std::string Record(const Estrazione& e) {
+    const auto r = RecordEstrazione(e);
+    return {r.data(), r.size()};
+}
+
+TEST(LoadArchivioDAT, AMissingFileGivesOneBlankDrawAndIsLeftEmptyOnDisk) {
+    test::TempDir dir;
+    const std::string archivio = dir.file("archivio");
+    test::FakeUi ui;
+    const ArrayEstrazioni a = LoadArchivioDAT(archivio + "/x.dat", archivio, ui);
+    EXPECT_EQ(UBound(a), 1);
+    EXPECT_TRUE(ArchivioVuoto(a));
+    EXPECT_TRUE(EstrazioneVuota(a[1]));
+    EXPECT_TRUE(std::filesystem::exists(archivio + "/x.dat"));
+    EXPECT_EQ(std::filesystem::file_size(archivio + "/x.dat"), 0u);
+    EXPECT_TRUE(ui.boxes.empty());
+    EXPECT_EQ(ui.busyDepth, 0);
+}
+
+TEST(LoadArchivioDAT, DropsRecordsWithoutARealDateAndAnIncompleteTailWithoutAWord) {
+    test::TempDir dir;
+    const std::string zero(DimensioneRecordEstrazione, '\0');
+    const std::string blank(DimensioneRecordEstrazione, ' ');
+    const std::string bytes = Record(Draw("01/02/2024", 1, 1)) + zero + blank +
+                              Record(Draw("30/02/2024", 2, 2)) + Record(Draw("31/12/2024", 3, 3)) +
+                              Record(Draw("01/01/2025", 4, 4)).substr(0, 20);
+    test::FakeUi ui;
+    const ArrayEstrazioni a = LoadArchivioDAT(dir.write("a.dat", bytes), dir.path(), ui);
+    ASSERT_EQ(UBound(a), 2);
+    EXPECT_EQ(a[1].dataTesto(), "01/02/2024");
+    EXPECT_EQ(a[2].Concorso, 3);
+    EXPECT_EQ(a[2].DoppioOro, 4);
+    EXPECT_TRUE(ui.boxes.empty());
+}
+
+TEST(LoadArchivioDAT, ExactlyOneGrowthStepAndRandomFilesAsTheLiteralReading) {
+    test::TempDir dir;
+    test::FakeUi ui;
+    std::string cinquemila;
+    for (int i = 0; i < 5000; ++i)
+        cinquemila += Record(Draw("15/03/2024", static_cast<int16_t>(i), 1));
+    EXPECT_EQ(UBound(LoadArchivioDAT(dir.write("a.dat", cinquemila), dir.path(), ui)), 5000);
+    EXPECT_EQ(UBound(LoadArchivioDAT(dir.write("a.dat", cinquemila + Record(Draw("16/03/2024", 1, 1))),
+                                     dir.path(), ui)),
+              5001);
+
+    std::mt19937 rng(7);
+    for (int prova = 0; prova < 20; ++prova) {
+        std::string bytes;
+        const int n = static_cast<int>(rng() % 12000);
+        for (int i = 0; i < n; ++i) {
+            std::string r =
+                Record(Draw("10/10/2023", static_cast<int16_t>(rng()), static_cast<uint8_t>(rng() % 91)));
+            if (rng() % 50 == 0) r[rng() % 10] = static_cast<char>(rng());
+            bytes += r;
+        }
+        bytes += std::string(rng() % 34, 'x');
+        const std::string path = dir.write("r.dat", bytes);
+        const ArrayEstrazioni a = LoadArchivioDAT(path, dir.path(), ui);
+        const ArrayEstrazioni b = reference::CaricaLetterale(path);
+        ASSERT_EQ(a.size(), b.size());
+        for (size_t i = 1; i < a.size(); ++i)
+            ASSERT_EQ(Record(a[i]), Record(b[i])) << i;
+    }
+}
+
+TEST(LoadArchivioDAT, AFolderInPlaceOfTheFileEndsInTheBoxThatNamesThePath) {
+    test::TempDir dir;
+    std::filesystem::create_directories(dir.file("a.dat"));
+    test::FakeUi ui;
+    const ArrayEstrazioni a = LoadArchivioDAT(dir.file("a.dat"), dir.path(), ui);
+    EXPECT_TRUE(ArchivioVuoto(a));
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "Error 75 (Path/File access error --> " + dir.file("a.dat") +
+                                    ") in procedure LoadArchivioDAT of Form frmUpdate");
+}
+
+} // namespace
+} // namespace dv

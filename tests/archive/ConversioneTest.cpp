@@ -1,0 +1,159 @@
+// The converter from the text format: golden files, the refusal that loses nothing, and the
+// literal reading of the rules on thousands of random lines.
+#include "archive/Conversione.h"
+#include "archive/Archivio.h"
+#include "reference/ArchivioLetterale.h"
+#include "settings/TempDir.h"
+#include "support/FakeUi.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <random>
+
+namespace dv {
+namespace {
+
+std::string Leggi(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+const std::string Dati = DV_ARCHIVE_TEST_DATA;
+
+TEST(ConvertArchivioTmpToDat, GoldenFileWithEverySeparatorHeadingsAndWrongFieldCounts) {
+    test::TempDir dir;
+    const std::string out = dir.file("a.dat");
+    const EsitoConversione e = ConvertArchivioTmpToDat(Dati + "/separatori.txt", out);
+    ASSERT_TRUE(e.completata());
+    EXPECT_EQ(e.estrazioni, 7);
+    EXPECT_EQ(Leggi(out), Leggi(Dati + "/separatori.dat"));
+    EXPECT_FALSE(dir.exists("a.dat.new"));
+}
+
+TEST(ConvertArchivioTmpToDat, LineEndsOfEveryKindAndNoneAtTheEndGiveTheSameRecords) {
+    test::TempDir dir;
+    std::string crlf = Leggi(Dati + "/separatori.txt");
+    std::string lf, cr;
+    for (size_t i = 0; i < crlf.size(); ++i) {
+        if (crlf[i] == '\r') continue;
+        lf += crlf[i];
+        cr += crlf[i] == '\n' ? '\r' : crlf[i];
+    }
+    lf.pop_back(); // no line end after the last line
+    for (const std::string& testo : {lf, cr}) {
+        ASSERT_TRUE(ConvertArchivioTmpToDat(dir.write("in.txt", testo), dir.file("a.dat")).completata());
+        EXPECT_EQ(dir.read("a.dat"), Leggi(Dati + "/separatori.dat"));
+    }
+}
+
+TEST(ConvertArchivioTmpToDat, AFieldThatCannotConvertKeepsThePreviousArchiveAndNamesItsLine) {
+    test::TempDir dir;
+    const std::string out = dir.write("a.dat", "previous archive, byte for byte");
+    const EsitoConversione e = ConvertArchivioTmpToDat(Dati + "/campo_non_valido.txt", out);
+    EXPECT_EQ(e.tipo, EsitoConversione::Tipo::CampoNonValido);
+    EXPECT_EQ(e.riga, 3);
+    EXPECT_EQ(e.campo, 6);
+    EXPECT_EQ(e.testo, "x7");
+    EXPECT_EQ(e.numeroErrore, 13);
+    EXPECT_EQ(dir.read("a.dat"), "previous archive, byte for byte");
+    EXPECT_FALSE(dir.exists("a.dat.new"));
+
+    test::FakeUi ui;
+    ui.texts = {{"0101", "line"}, {"0102", "field"}};
+    const std::string m = MessaggioConversione(e, "in.txt", ui);
+    EXPECT_NE(m.find("line 3, field 6 (\"x7\")"), std::string::npos) << m;
+    EXPECT_NE(m.find("<0107>"), std::string::npos);
+}
+
+TEST(ConvertArchivioTmpToDat, ValuesOutsideTheirTypeAreRefusedAndTheLenientFieldsReadTheirLeadingNumber) {
+    const std::string venti = " 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 ";
+    char r[DimensioneRecordEstrazione];
+    int campo = -1;
+    EXPECT_EQ(ConvertiRigaEstrazione("01/01/2025 32768" + venti + "1 1", r, &campo), 6);
+    EXPECT_EQ(campo, 1);
+    EXPECT_EQ(ConvertiRigaEstrazione("01/01/2025 1 256" + venti.substr(2) + "1 1", r, &campo), 6);
+    EXPECT_EQ(campo, 2);
+    EXPECT_EQ(ConvertiRigaEstrazione("01/01/2025 1" + venti + "300 1", r, &campo), 6);
+    EXPECT_EQ(campo, 22);
+    ASSERT_EQ(ConvertiRigaEstrazione("01/01/2025 32767" + venti + "12abc x", r, &campo), 0);
+    const Estrazione e = EstrazioneDaRecord(r);
+    EXPECT_EQ(e.Concorso, 32767);
+    EXPECT_EQ(e.NumeroOro, 12);
+    EXPECT_EQ(e.DoppioOro, 0);
+    EXPECT_EQ(e.Numeri[20], 20);
+}
+
+TEST(ConvertArchivioTmpToDat, AnEmptySourceGivesAnEmptyArchiveAndAMissingOneChangesNothing) {
+    test::TempDir dir;
+    ASSERT_TRUE(ConvertArchivioTmpToDat(dir.write("vuoto.txt", ""), dir.file("a.dat")).completata());
+    EXPECT_EQ(dir.read("a.dat"), "");
+    test::FakeUi ui;
+    EXPECT_TRUE(ArchivioVuoto(LoadArchivioDAT(dir.file("a.dat"), dir.path(), ui)));
+
+    dir.write("a.dat", "kept");
+    const EsitoConversione e = ConvertArchivioTmpToDat(dir.file("missing.txt"), dir.file("a.dat"));
+    EXPECT_EQ(e.tipo, EsitoConversione::Tipo::SorgenteIlleggibile);
+    EXPECT_EQ(dir.read("a.dat"), "kept");
+}
+
+// Random lines mixing draw lines, separators of every kind, doubled separators, bad fields and
+// junk; the converter and the literal reading must write the same records or fail on the same field.
+TEST(ConvertArchivioTmpToDat, MatchesTheLiteralReadingOnRandomSources) {
+    std::mt19937 rng(20240315);
+    const char separatori[] = {' ', '\t', '-', ',', ';', '.', '|'};
+    auto scegli = [&](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
+    auto campo = [&](int k) -> std::string {
+        switch (scegli(40)) {
+        case 0:
+            return "";
+        case 1:
+            return "x" + std::to_string(scegli(9));
+        case 2:
+            return std::to_string(250 + scegli(300));
+        case 3:
+            return "+" + std::to_string(scegli(90));
+        case 4:
+            return std::to_string(scegli(9)) + "e" + std::to_string(scegli(4));
+        case 5:
+            return "7y";
+        default:
+            break;
+        }
+        if (k == 0)
+            return (scegli(2) ? "0" : "1") + std::to_string(1 + scegli(9)) + "/0" +
+                   std::to_string(1 + scegli(9)) + "/2024";
+        if (k == 1) return std::to_string(scegli(400));
+        return std::to_string(1 + scegli(90));
+    };
+    test::TempDir dir;
+    for (int prova = 0; prova < 150; ++prova) {
+        std::string testo;
+        const int righe = 1 + scegli(30);
+        for (int l = 0; l < righe; ++l) {
+            const int campi = scegli(10) == 0 ? 23 + scegli(3) : 24;
+            for (int k = 0; k < campi; ++k) {
+                if (k) testo += separatori[scegli(scegli(4) == 0 ? 7 : 2)];
+                if (k && scegli(200) == 0) testo += ' ';
+                testo += campo(k);
+            }
+            testo += scegli(3) == 0 ? "\n" : "\r\n";
+        }
+        const reference::ConversioneLetterale atteso = reference::ConvertiLetterale(testo);
+        dir.write("a.dat", "old");
+        const EsitoConversione e = ConvertArchivioTmpToDat(dir.write("in.txt", testo), dir.file("a.dat"));
+        if (atteso.errore) {
+            ASSERT_EQ(e.tipo, EsitoConversione::Tipo::CampoNonValido) << testo;
+            EXPECT_EQ(e.riga, atteso.riga);
+            EXPECT_EQ(e.campo, atteso.campo);
+            EXPECT_EQ(e.numeroErrore, atteso.errore);
+            EXPECT_EQ(dir.read("a.dat"), "old");
+        } else {
+            ASSERT_TRUE(e.completata()) << testo;
+            ASSERT_EQ(dir.read("a.dat"), atteso.records) << testo;
+        }
+    }
+}
+
+} // namespace
+} // namespace dv
