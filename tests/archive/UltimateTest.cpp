@@ -1,0 +1,194 @@
+#include "archive/Ultimate.h"
+
+#include "core/Corpo.h"
+#include "reference/UltimateLetterale.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+#include <random>
+
+namespace dv {
+namespace {
+
+// Records every progress step, and asks for a stop at one of them.
+struct Registro : EngineObserver {
+    RunControl* ctl = nullptr;
+    int fermaAlPasso = -1;
+    std::vector<ProgressInfo> passi;
+    double totale = -1;
+    void started(double t) override { totale = t; }
+    void progress(const ProgressInfo& info) override {
+        passi.push_back(info);
+        if (info.step == fermaAlPasso) ctl->StopElaborazione = true;
+    }
+};
+
+Estrazione Draw(const std::vector<uint8_t>& numeri) {
+    Estrazione e;
+    std::copy_n("01/02/2024", 10, e.Data.begin());
+    for (size_t i = 0; i < numeri.size() && i < 20; ++i)
+        e.Numeri[i + 1] = numeri[i];
+    return e;
+}
+
+// Draws of 20 numbers out of 1..pool, in a random order, with now and then a blank draw, a number
+// outside 1..90 or a repeated number, as an archive file may hold them.
+ArrayEstrazioni RandomArchive(std::mt19937& rng, int draws, int pool) {
+    ArrayEstrazioni a(1);
+    std::vector<uint8_t> all(static_cast<size_t>(pool));
+    std::iota(all.begin(), all.end(), uint8_t{1});
+    for (int d = 0; d < draws; ++d) {
+        std::shuffle(all.begin(), all.end(), rng);
+        std::vector<uint8_t> numeri(all.begin(), all.begin() + 20);
+        const unsigned odd = rng() % 40;
+        if (odd == 0) numeri.assign(20, 0);
+        if (odd == 1) numeri[5] = 91 + static_cast<uint8_t>(rng() % 100);
+        if (odd == 2) numeri[7] = numeri[3];
+        a.push_back(Draw(numeri));
+    }
+    if (draws == 0) a.push_back(Estrazione{});
+    return a;
+}
+
+struct Esito {
+    RisultatoUltimate r;
+    std::vector<ProgressInfo> passi;
+    double totale;
+};
+
+template <typename F> Esito Cerca(F search, const ArrayEstrazioni& a, int n, int32_t e, int fermaAlPasso) {
+    RunControl ctl;
+    Registro obs;
+    obs.ctl = &ctl;
+    obs.fermaAlPasso = fermaAlPasso;
+    Esito out{search(a, n, e, ctl, obs), std::move(obs.passi), obs.totale};
+    return out;
+}
+
+void ExpectSame(const Esito& lit, const Esito& ours) {
+    EXPECT_EQ(ours.r.numeri, lit.r.numeri);
+    EXPECT_EQ(ours.r.trovate(), lit.r.trovate());
+    EXPECT_EQ(ours.r.interrotta, lit.r.interrotta);
+    EXPECT_EQ(ours.r.overflow, lit.r.overflow);
+    EXPECT_EQ(ours.totale, lit.totale);
+    ASSERT_EQ(ours.passi.size(), lit.passi.size());
+    for (size_t i = 0; i < ours.passi.size(); ++i) {
+        EXPECT_EQ(ours.passi[i].step, lit.passi[i].step);
+        EXPECT_EQ(ours.passi[i].bar, lit.passi[i].bar);
+        EXPECT_EQ(ours.passi[i].counter, lit.passi[i].counter);
+        EXPECT_EQ(ours.passi[i].kept, lit.passi[i].kept);
+    }
+    if (!ours.r.overflow) {
+        EXPECT_EQ(TestoUltimate(ours.r), TestoUltimate(lit.r));
+    }
+}
+
+TEST(UltimateParametri, DecayAndDrawsToEvaluateForEveryKindAndQuantity) {
+    const struct {
+        int n;
+        double c90, c20, decadimento;
+        std::array<int32_t, 5> e; // Q = 1, 2, 3, 5, 10
+    } righe[] = {
+        {2, 4005, 190, -0.04860291578, {171, 156, 148, 138, 123}},
+        {3, 117480, 1140, -0.00975116785, {1197, 1126, 1085, 1032, 961}},
+        {4, 2555190, 4845, -0.00189794075, {7773, 7408, 7195, 6926, 6560}},
+    };
+    const int q[] = {1, 2, 3, 5, 10};
+    for (const auto& r : righe) {
+        const ParametriUltimate p = UltimateParametri(r.n, 1);
+        EXPECT_EQ(p.combinazioni90, r.c90);
+        EXPECT_EQ(p.combinazioni20, r.c20);
+        EXPECT_NEAR(p.decadimento, r.decadimento, 5e-12) << r.n;
+        for (size_t i = 0; i < 5; ++i)
+            EXPECT_EQ(UltimateEstrazioni(r.n, q[i]), r.e[i]) << r.n << " Q " << q[i];
+    }
+}
+
+// Every draw but the oldest evaluated one holds 1..20; the one before the window holds 21..40.
+TEST(UltimateCerca, RefusesWhatTheOldestEvaluatedDrawHoldsAndKeepsWhatOnlyAnOlderOneHolds) {
+    ArrayEstrazioni a(1);
+    std::vector<uint8_t> basso(20), alto(20);
+    std::iota(basso.begin(), basso.end(), uint8_t{1});
+    std::iota(alto.begin(), alto.end(), uint8_t{21});
+    a.push_back(Draw(alto));
+    std::vector<uint8_t> mezzo = basso;
+    mezzo[19] = 60; // the oldest evaluated draw alone holds 60
+    a.push_back(Draw(mezzo));
+    for (int i = 0; i < 170; ++i)
+        a.push_back(Draw(basso));
+    const int32_t e = UltimateEstrazioni(2, 1);
+    ASSERT_EQ(UBound(a) - e + 1, 2);
+
+    RunControl ctl;
+    EngineObserver obs;
+    const RisultatoUltimate r = UltimateCerca(a, 2, e, ctl, obs);
+    // C(90,2) less the 190 ambi of 1..20 and the 19 ambi of 60 with 1..19.
+    EXPECT_EQ(r.trovate(), 4005 - 190 - 19);
+    EXPECT_FALSE(r.interrotta);
+    const std::string testo = TestoUltimate(r);
+    EXPECT_EQ(testo.substr(0, 10), "1 21 \r\n1 2"); // 1 2 .. 1 20 refused
+    EXPECT_NE(testo.find("\r\n21 22 \r\n"), std::string::npos);
+    EXPECT_EQ(testo.find("\r\n19 60 \r\n"), std::string::npos);
+    EXPECT_NE(testo.find("\r\n20 60 \r\n"), std::string::npos);
+}
+
+TEST(UltimateCerca, MatchesTheLiteralSearchOnRandomArchives) {
+    std::mt19937 rng(20240501);
+    for (int caso = 0; caso < 24; ++caso) {
+        const int n = caso % 4 == 3 ? 3 : 2;
+        const int q = 1 + static_cast<int>(rng() % 10);
+        const int32_t e = UltimateEstrazioni(n, q);
+        // Archives shorter than E, about E, and longer; pools of 20..90 numbers.
+        const int draws = static_cast<int>(rng() % static_cast<unsigned>(e + e / 2 + 2));
+        const int pool = 20 + static_cast<int>(rng() % 71);
+        const ArrayEstrazioni a = RandomArchive(rng, draws, pool);
+        const int ferma = caso % 5 == 0 ? 1 + static_cast<int>(rng() % 75) : -1;
+        SCOPED_TRACE(testing::Message() << "n " << n << " e " << e << " draws " << draws << " pool " << pool
+                                        << " stop " << ferma);
+        ExpectSame(Cerca(test::UltimateCalcolaLetterale, a, n, e, ferma),
+                   Cerca(UltimateCerca, a, n, e, ferma));
+    }
+}
+
+TEST(UltimateCerca, QuaterneOverflowAndStopAsTheLiteralSearch) {
+    std::mt19937 rng(7);
+    // Few draws leave far more than 32,767 quaterne: the 16-bit count ends the search.
+    const ArrayEstrazioni corto = RandomArchive(rng, 12, 90);
+    const Esito ours = Cerca(UltimateCerca, corto, 4, 7773, -1);
+    EXPECT_TRUE(ours.r.overflow);
+    EXPECT_EQ(ours.r.trovate(), 32767);
+    ExpectSame(Cerca(test::UltimateCalcolaLetterale, corto, 4, 7773, -1), ours);
+    // A stop at the first step keeps the quaterne found until then.
+    const ArrayEstrazioni lungo = RandomArchive(rng, 3000, 24);
+    const Esito fermato = Cerca(UltimateCerca, lungo, 4, 7773, 1);
+    EXPECT_TRUE(fermato.r.interrotta);
+    EXPECT_EQ(fermato.passi.size(), 1u);
+    ExpectSame(Cerca(test::UltimateCalcolaLetterale, lungo, 4, 7773, 1), fermato);
+}
+
+TEST(UltimateCerca, ReportsSeventyFiveStepsAndWritesTheColumnsFound) {
+    std::mt19937 rng(3);
+    const ArrayEstrazioni a = RandomArchive(rng, 100, 90);
+    const Esito esito = Cerca(UltimateCerca, a, 2, 171, -1);
+    ASSERT_EQ(esito.passi.size(), 75u);
+    EXPECT_EQ(esito.passi.back().bar, 100);
+    EXPECT_EQ(esito.r.elaborate, 4005);
+
+    Corpo c;
+    c.pronostico.NumColonne = 7;
+    ScriviColonneUltimate(c.Colonne, esito.r);
+    ASSERT_GT(esito.r.trovate(), 0);
+    const int32_t ultima = esito.r.trovate();
+    EXPECT_EQ(c.Colonne.get(ultima, 1), esito.r.combinazione(ultima - 1)[0]);
+    EXPECT_EQ(c.Colonne.get(ultima, 2), esito.r.combinazione(ultima - 1)[1]);
+    EXPECT_EQ(c.pronostico.NumColonne, 7);
+
+    RisultatoUltimate vuoto;
+    vuoto.n = 3;
+    EXPECT_EQ(TestoUltimate(vuoto), "");
+}
+
+} // namespace
+} // namespace dv
