@@ -1,5 +1,6 @@
 #include "archive/Archivio.h"
 
+#include "core/Helpers.h"
 #include "core/Ui.h"
 #include "system_files/ErroreEsecuzione.h"
 
@@ -12,7 +13,8 @@ namespace dv {
 
 std::string Estrazione::dataTesto() const {
     std::string s(Data.data(), Data.size());
-    while (!s.empty() && (s.back() == ' ' || s.back() == '\0')) s.pop_back();
+    while (!s.empty() && (s.back() == ' ' || s.back() == '\0'))
+        s.pop_back();
     return s;
 }
 
@@ -48,13 +50,38 @@ bool ArchivioVuoto(const ArrayEstrazioni& a) {
     return UBound(a) <= 1 && (UBound(a) < 1 || !IsDate({a[1].Data.data(), a[1].Data.size()}));
 }
 
+std::string RigaEstrazione(const Estrazione& e) {
+    char concorso[16];
+    // "000" of a negative number keeps its sign before the three digits.
+    std::snprintf(concorso, sizeof concorso, e.Concorso < 0 ? "-%03d" : "%03d",
+                  e.Concorso < 0 ? -e.Concorso : e.Concorso);
+    auto oro = [](uint8_t v) {
+        char b[8] = "  ";
+        if (v > 0) std::snprintf(b, sizeof b, "%02d", v);
+        return std::string(b);
+    };
+    std::string riga = "  ";
+    riga.append(e.Data.data(), e.Data.size());
+    riga += "   |   ";
+    riga += concorso;
+    riga += "   |   ";
+    riga += NumeriToString(e.Numeri.data() + 1, 20, 3);
+    riga += "   |        ";
+    riga += oro(e.NumeroOro);
+    riga += "       |      ";
+    riga += oro(e.DoppioOro);
+    riga.append(24, ' ');
+    return riga;
+}
+
 std::array<char, DimensioneRecordEstrazione> RecordEstrazione(const Estrazione& e) {
     std::array<char, DimensioneRecordEstrazione> r{};
     std::memcpy(r.data(), e.Data.data(), 10);
     const auto concorso = static_cast<uint16_t>(e.Concorso);
     r[10] = static_cast<char>(concorso & 0xFF);
     r[11] = static_cast<char>(concorso >> 8);
-    for (int i = 1; i <= 20; ++i) r[static_cast<size_t>(11 + i)] = static_cast<char>(e.Numeri[static_cast<size_t>(i)]);
+    for (int i = 1; i <= 20; ++i)
+        r[static_cast<size_t>(11 + i)] = static_cast<char>(e.Numeri[static_cast<size_t>(i)]);
     r[32] = static_cast<char>(e.NumeroOro);
     r[33] = static_cast<char>(e.DoppioOro);
     return r;
@@ -65,7 +92,8 @@ Estrazione EstrazioneDaRecord(const char* r) {
     std::memcpy(e.Data.data(), r, 10);
     const auto* u = reinterpret_cast<const unsigned char*>(r);
     e.Concorso = static_cast<int16_t>(static_cast<uint16_t>(u[10] | (u[11] << 8)));
-    for (int i = 1; i <= 20; ++i) e.Numeri[static_cast<size_t>(i)] = u[11 + i];
+    for (int i = 1; i <= 20; ++i)
+        e.Numeri[static_cast<size_t>(i)] = u[11 + i];
     e.NumeroOro = u[32];
     e.DoppioOro = u[33];
     return e;
@@ -86,10 +114,12 @@ ArrayEstrazioni LoadArchivioDAT(const std::string& path, const std::string& arch
         if (!f) {
             if (std::filesystem::is_directory(path, ec)) throw errori::AccessoNegato();
             f = std::fopen(path.c_str(), "wb+");
-            if (!f) throw ErroreEsecuzione{std::filesystem::exists(std::filesystem::path(path).parent_path(), ec) ? 75 : 76,
-                                           std::filesystem::exists(std::filesystem::path(path).parent_path(), ec)
-                                               ? "Path/File access error"
-                                               : "Path not found"};
+            if (!f)
+                throw ErroreEsecuzione{
+                    std::filesystem::exists(std::filesystem::path(path).parent_path(), ec) ? 75 : 76,
+                    std::filesystem::exists(std::filesystem::path(path).parent_path(), ec)
+                        ? "Path/File access error"
+                        : "Path not found"};
         }
         ui.setBusy(true);
         // 5. Record by record; only the date is tested, the numbers are taken as they stand.
@@ -124,13 +154,15 @@ ArrayEstrazioni LoadArchivioDAT(const std::string& path, const std::string& arch
         if (f) std::fclose(f);
         const bool conPercorso = e.numero() == 75 || e.numero() == 76;
         ui.messageBox("Error " + std::to_string(e.numero()) + " (" + e.descrizione() +
-                          (conPercorso ? " --> " + path : std::string()) + ") in procedure LoadArchivioDAT of Form frmUpdate",
+                          (conPercorso ? " --> " + path : std::string()) +
+                          ") in procedure LoadArchivioDAT of Form frmUpdate",
                       "", BoxIcon::None);
         return ArrayEstrazioni(2);
     } catch (const std::bad_alloc&) {
         ui.setBusy(false);
         if (f) std::fclose(f);
-        ui.messageBox("Error 7 (Out of memory) in procedure LoadArchivioDAT of Form frmUpdate", "", BoxIcon::None);
+        ui.messageBox("Error 7 (Out of memory) in procedure LoadArchivioDAT of Form frmUpdate", "",
+                      BoxIcon::None);
         return ArrayEstrazioni(2);
     }
 }

@@ -24,7 +24,14 @@ ArrayEstrazioni LoadArchivioDAT(const std::string& path, const std::string& arch
 bool ArchivioVuoto(const ArrayEstrazioni& a);
 
 // The blank-draw rule: a draw whose first number is 0 has no numbers.
-inline bool EstrazioneVuota(const Estrazione& e) { return e.Numeri[1] == 0; }
+inline bool EstrazioneVuota(const Estrazione& e) {
+    return e.Numeri[1] == 0;
+}
+
+// The archive window's text of one draw: two blanks, Data, "   |   ", Concorso as "000", "   |   ",
+// the numbers as two digits joined by three blanks (zeros left out), "   |        ", NumeroOro as
+// "00" or two blanks when absent, "       |      ", DoppioOro the same, and 24 blanks.
+std::string RigaEstrazione(const Estrazione& e);
 
 // The 34 bytes of one record, and a record read back from them.
 std::array<char, DimensioneRecordEstrazione> RecordEstrazione(const Estrazione& e);
