@@ -1,11 +1,17 @@
 #include "archive/Ultimate.h"
 
+#include "archive/Archivio.h"
+#include "archive/UltimateAggiorna.h"
+#include "tests/support/FakeUi.h"
+
 #include "core/Corpo.h"
 #include "reference/UltimateLetterale.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <numeric>
 #include <random>
 
@@ -188,6 +194,40 @@ TEST(UltimateCerca, ReportsSeventyFiveStepsAndWritesTheColumnsFound) {
     RisultatoUltimate vuoto;
     vuoto.n = 3;
     EXPECT_EQ(TestoUltimate(vuoto), "");
+}
+
+TEST(AggiornaArchivioUltimate, AskForThirtyDaysAndKeepTheArchiveWhenTheConversionFails) {
+    namespace fs = std::filesystem;
+    const fs::path dir = fs::temp_directory_path() / "dv_ultimate_aggiorna";
+    fs::create_directories(dir);
+    Corpo c;
+    c.PathArchivioDownload = (dir / "download.dat").string();
+    c.PathArchivio5Min = (dir / "5min.dat").string();
+    std::string risposta, chiesto;
+    const ServerArchivi server{"http://127.0.0.1:1", [&](const std::string& url, const std::string& path) {
+                                   chiesto = url;
+                                   std::ofstream(path, std::ios::binary) << risposta;
+                                   return true;
+                               }};
+    const std::string riga = "01/03/2024;7;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;17;18;19;20;1;2\r\n";
+    test::FakeUi ui;
+    risposta = riga;
+    // 1 April 2024 less 30 days.
+    EXPECT_EQ(AggiornaArchivioUltimate(c, ui, server, 45383), EsitoAggiornamento::Aggiornato);
+    EXPECT_EQ(chiesto, "http://127.0.0.1:1/public/10elotto5min/archivioro2.asp?dal=20240302");
+    EXPECT_FALSE(fs::exists(c.PathArchivioDownload));
+    EXPECT_EQ(fs::file_size(c.PathArchivio5Min), 34u);
+
+    risposta = riga + "02/03/2024;x;1;2;3;4;5;6;7;8;9;10;11;12;13;14;15;16;17;18;19;20;1;2\r\n";
+    EXPECT_EQ(AggiornaArchivioUltimate(c, ui, server, 45383), EsitoAggiornamento::ConversioneFallita);
+    EXPECT_EQ(fs::file_size(c.PathArchivio5Min), 34u);
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(
+        ui.boxes[0].text.rfind("Error 13 (Type mismatch) \nlast DLL ( 0 ) source ( ConvertArchivioTmpToDat ) "
+                               "\nin procedure cmdUpdate_Click of Form frmUltimate",
+                               0),
+        0u);
+    fs::remove_all(dir);
 }
 
 } // namespace
