@@ -1,7 +1,7 @@
 #include "matrix/Adatta.h"
 #include "matrix/Catalogo.h"
+#include "matrix/SupportoMatrici.h"
 #include "support/FakeUi.h"
-#include "SupportoMatrici.h"
 #include "system_files/ErroreEsecuzione.h"
 
 #include <gtest/gtest.h>

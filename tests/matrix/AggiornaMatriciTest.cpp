@@ -1,5 +1,5 @@
 #include "matrix/AggiornaMatrici.h"
-#include "SupportoMatrici.h"
+#include "matrix/SupportoMatrici.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "matrix/ImportaTesto.h"
+#include "matrix/SupportoMatrici.h"
 #include "support/FakeUi.h"
-#include "SupportoMatrici.h"
 
 #include <gtest/gtest.h>
 

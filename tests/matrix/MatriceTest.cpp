@@ -2,7 +2,7 @@
 #include "matrix/Catalogo.h"
 #include "matrix/cBinaryFileStream.h"
 #include "matrix/cCRC32.h"
-#include "SupportoMatrici.h"
+#include "matrix/SupportoMatrici.h"
 #include "system_files/ErroreEsecuzione.h"
 
 #include <gtest/gtest.h>

@@ -42,6 +42,7 @@ public:
         std::filesystem::create_directories(m_path / "matrici");
         std::filesystem::create_directories(m_path / "temp");
         std::filesystem::create_directories(m_path / "txt");
+        std::filesystem::create_directories(m_path / "sistemi");
     }
     ~CartellaTemporanea() {
         std::error_code ec;
