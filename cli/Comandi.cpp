@@ -7,6 +7,7 @@
 #include "core/Sistema.h"
 #include "system_files/ColonneTesto.h"
 #include "system_files/FileSistema.h"
+#include "system_files/FlussoBinario.h"
 
 #include <chrono>
 #include <cstdio>
@@ -150,6 +151,11 @@ int ComandoNuovo(const OpzioniNuovo& o, Ui& ui) {
 }
 
 int ComandoSviluppa(const std::string& in, const std::string& out, Ui& ui, RunControl& ctl) {
+    // A run may be long: an output that cannot be written is refused before it starts.
+    if (const std::string why = MotivoNonScrivibile(out); !why.empty()) {
+        std::fprintf(stderr, "%s: cannot be written: %s\n", out.c_str(), why.c_str());
+        return EsitoFileRifiutato;
+    }
     auto c = std::make_unique<Corpo>();
     if (!Apri(*c, ui, in)) return EsitoFileRifiutato;
     if (!OperazioniAbilitate(*c)) {
@@ -166,7 +172,7 @@ int ComandoSviluppa(const std::string& in, const std::string& out, Ui& ui, RunCo
     std::printf("columns:     %s\n", FormatIntero(c->pronostico.NumColonne).c_str());
     std::printf("candidates:  %s\n", FormatIntero(r.counter).c_str());
     std::printf("description: %s\n", c->pronostico.Descrizione.c_str());
-    std::printf("elapsed:     %s (%.3f s)\n", TestoTempoTrascorso(static_cast<int64_t>(seconds + 0.5)).c_str(), seconds);
+    std::printf("elapsed:     %s (%.3f s)\n", TestoTempoTrascorso(seconds).c_str(), seconds);
     return EsitoOk;
 }
 

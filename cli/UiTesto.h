@@ -27,6 +27,7 @@ public:
     void lenColonnaChanged() override {}
     void conditionMarksChanged() override {}
     void setBusy(bool) override {}
+    void statusWarning(const std::string& text) override { std::fprintf(m_out, "warning: %s\n", text.c_str()); }
 
     void messageBox(const std::string& text, const std::string& title, BoxIcon icon) override;
     bool questionBox(const std::string& text, const std::string& title, BoxIcon icon) override;

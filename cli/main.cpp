@@ -25,6 +25,19 @@ std::string LinguaPredefinita(const char* argv0) {
     return std::filesystem::exists(beside, ec) ? beside.string() : std::string(DV_DEFAULT_LANGUAGE_FILE);
 }
 
+// The first word of the command line that is neither an option nor the value of --language.
+const char* PrimaParola(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string a = argv[i];
+        if (a == "--language") {
+            ++i;
+            continue;
+        }
+        if (!a.empty() && a[0] != '-') return argv[i];
+    }
+    return nullptr;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -34,7 +47,8 @@ int main(int argc, char** argv) {
     app.fallthrough();
     std::string language = LinguaPredefinita(argv[0]);
     app.add_option("--language", language, "Language file (.lng) for the numbered messages")
-        ->capture_default_str();
+        ->capture_default_str()
+        ->check(CLI::ExistingFile);
 
     OpzioniNuovo nuovo;
     auto* cmdNew = app.add_subcommand("new", "Write a system with a forecast and conditions, and no columns");
@@ -77,6 +91,13 @@ int main(int argc, char** argv) {
     aree.language = &language;
     RegistraComandiAree(app, aree);
 
+    // A first word that names no subcommand (of this file or of an area) is reported as such,
+    // not as a missing subcommand.
+    if (const char* word = PrimaParola(argc, argv);
+        word && app.get_subcommands([word](CLI::App* s) { return s->check_name(word); }).empty()) {
+        std::fprintf(stderr, "%s: unknown subcommand\nRun with --help to see the subcommands.\n", word);
+        return EsitoUso;
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {

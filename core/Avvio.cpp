@@ -41,7 +41,7 @@ void UiEngineObserver::limitReached(const ProgressInfo& info) {
     AvvisoLimiteColonne(m_ui);
 }
 
-void UiEngineObserver::finished(int64_t elapsedSeconds) {
+void UiEngineObserver::finished(double elapsedSeconds) {
     if (m_inner) m_inner->finished(elapsedSeconds);
     m_ui.messageBox(TestoTempoTrascorso(elapsedSeconds), "", BoxIcon::None);
 }

@@ -22,7 +22,7 @@ public:
     void started(double total) override;
     void progress(const ProgressInfo& info) override;
     void limitReached(const ProgressInfo& info) override;
-    void finished(int64_t elapsedSeconds) override;
+    void finished(double elapsedSeconds) override;
 
 private:
     Ui& m_ui;

@@ -77,9 +77,7 @@ RunResult SviluppaIntegrale(Corpo& c, int n, const uint8_t* numeri, RunControl& 
             CheckEveryCombination(c, n, numeri, progress);
     }
     Concludi(c, progress, descrizione);
-    const auto elapsed =
-        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - start);
-    obs.finished(elapsed.count());
+    obs.finished(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
     return RunResult{progress.counter(), progress.kept(), progress.stopped()};
 }
 

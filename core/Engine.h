@@ -30,7 +30,7 @@ public:
     // The limit of 4,000,000 columns was reached: labAllarm shows "0012", then the warning.
     virtual void limitReached(const ProgressInfo& info) { (void)info; }
     // End of a development (not of a re-development): seconds elapsed since the start.
-    virtual void finished(int64_t elapsedSeconds) { (void)elapsedSeconds; }
+    virtual void finished(double elapsedSeconds) { (void)elapsedSeconds; }
 };
 
 // Cancellation: set from any thread; the engine clears it when a run starts. A stop set inside

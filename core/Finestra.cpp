@@ -70,6 +70,13 @@ std::string PercorsoSalva(const Corpo& c) {
     return PercorsoIn(c.AppDir, {"sistemi", CambiaEstensione(c.FileCorrente, ".txt", ".dvs").c_str()});
 }
 
+bool SostituisceAltroFile(const std::string& target, const std::string& ultimo) {
+    std::error_code ec;
+    if (!fs::exists(target, ec)) return false;
+    if (ultimo.empty()) return true;
+    return !fs::equivalent(target, ultimo, ec);
+}
+
 std::string NomeEsportazione(const Corpo& c) {
     return CambiaEstensione(PercorsoSalva(c), ".dvs", ".txt");
 }

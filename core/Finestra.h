@@ -48,6 +48,9 @@ void NuovoSistema(Corpo& c, Ui& ui);
 // The name under which menuSalva saves: FileCorrente's file name, ".txt" made ".dvs", in
 // AppDir/sistemi.
 std::string PercorsoSalva(const Corpo& c);
+// True when saving to target would replace an existing file other than ultimo, the file the
+// system in memory was last opened from or saved to (empty for a system that has none).
+bool SostituisceAltroFile(const std::string& target, const std::string& ultimo);
 // The name menuEsportaColonne proposes: the file name of the save path, ".dvs" made ".txt".
 std::string NomeEsportazione(const Corpo& c);
 

@@ -89,8 +89,38 @@ void OrdinaColonna(uint8_t* col, int len) {
             if (col[j] < col[i]) std::swap(col[i], col[j]);
 }
 
-std::string TestoTempoTrascorso(int64_t seconds) {
-    if (seconds < 0) seconds = 0;
+namespace {
+char Separatore(Ui& ui, std::string_view key, char predefinito) {
+    const std::string s = key == "0221" ? ui.Lang("0221") : ui.Lang("0222");
+    return s.size() == 1 ? s[0] : predefinito;
+}
+} // namespace
+
+char SeparatoreMigliaia(Ui& ui) { return Separatore(ui, "0221", '.'); }
+char SeparatoreDecimali(Ui& ui) { return Separatore(ui, "0222", ','); }
+
+std::string FormatDecimale(double value, char migliaia, char decimali) {
+    const double cents = std::nearbyint(std::fabs(value) * 100.0);
+    const double whole = std::floor(cents / 100.0);
+    char buf[8];
+    std::snprintf(buf, sizeof buf, "%02d", static_cast<int>(cents - whole * 100.0));
+    std::string out = FormatIntero(whole, migliaia);
+    out += decimali;
+    out += buf;
+    if (value < 0 && cents > 0) out.insert(out.begin(), '-');
+    return out;
+}
+
+std::string TestoCon(std::string text, const std::string& a1, const std::string& a2) {
+    for (const auto& [mark, value] : {std::pair<const char*, const std::string*>{"%1", &a1}, {"%2", &a2}}) {
+        for (size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at + value->size()))
+            text.replace(at, 2, *value);
+    }
+    return text;
+}
+
+std::string TestoTempoTrascorso(double elapsed) {
+    const int64_t seconds = elapsed > 0 ? static_cast<int64_t>(std::nearbyint(elapsed)) : 0;
     const int64_t days = seconds / 86400;
     const int64_t rest = seconds % 86400;
     char buf[64];

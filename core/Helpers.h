@@ -27,8 +27,19 @@ std::string DataToYYYYMMDD(double date);
 // Exchange sort, ascending, of the first len bytes.
 void OrdinaColonna(uint8_t* col, int len);
 
-// The text of the elapsed-time box: "D Days HH:MM:SS" ("Day" for exactly one).
-std::string TestoTempoTrascorso(int64_t seconds);
+// How the language in use writes figures: the separator between groups of three digits ("0221")
+// and before decimals ("0222"); "." and "," when the language file does not say.
+char SeparatoreMigliaia(Ui& ui);
+char SeparatoreDecimali(Ui& ui);
+// A figure with two decimals, "#,##0.00" with the separators given.
+std::string FormatDecimale(double value, char migliaia, char decimali);
+
+// text with "%1" replaced by a1 and "%2" by a2.
+std::string TestoCon(std::string text, const std::string& a1, const std::string& a2 = {});
+
+// The text of the elapsed-time box: "D Days HH:MM:SS" ("Day" for exactly one), of the seconds
+// rounded to the nearest whole second.
+std::string TestoTempoTrascorso(double seconds);
 
 // The description of the system that the conditions in force give.
 std::string DescrizioneSistema(const Corpo& c, Ui& ui);

@@ -32,6 +32,10 @@ public:
     // A system file was opened: the check marks of the conditions menu are to be taken from the state.
     virtual void conditionMarksChanged() = 0;
 
+    // A warning about the system in memory that stays in view until the system is reset (the main
+    // window's status line; stderr on the command line).
+    virtual void statusWarning(const std::string& text) { (void)text; }
+
     // Hourglass on (true) or back to the default pointer (false).
     virtual void setBusy(bool busy) = 0;
     // A message box; an empty title means the application's title.

@@ -3,6 +3,8 @@
 #include "settings/Lingua.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QAction>
 #include <QGroupBox>
 #include <QLabel>
@@ -59,6 +61,10 @@ void ApplyLanguage(QWidget& form, const std::string& languageFile) {
                 tabs->setTabText(t, leggi(languageFile, section, prefix + ".TabCaption(" + std::to_string(t) + ")"));
         }
     }
+    // The window and its controls hear of the new language, so that texts built from the state
+    // (counts, names) are written again over the language file's fixed captions.
+    QEvent changed(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(&form, &changed);
 }
 
 } // namespace dv

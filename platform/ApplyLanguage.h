@@ -12,6 +12,8 @@
 // The caption is the window's title, a button's, label's or action's text, a group box's or a menu's
 // title. A tab widget takes NAME.TabCaption(i) for each tab i from 0, and sets it even when it is
 // empty: a tab control loses its captions when the file has no key for them.
+// Then the window receives QEvent::LanguageChange (passed on to its controls): a window that shows
+// texts built from its state writes them again there.
 // Every failure is ignored: a missing file or key leaves the text as it was (tabs aside). An empty
 // languageFile means no language is in use, and nothing changes.
 #pragma once

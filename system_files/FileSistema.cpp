@@ -1,5 +1,6 @@
 #include "system_files/FileSistema.h"
 
+#include "core/Helpers.h"
 #include "core/Sistema.h"
 #include "settings/Ansi.h"
 #include "system_files/ErroreEsecuzione.h"
@@ -23,9 +24,11 @@ int ConfrontaFirma(const uint8_t* firma, const char* altra) {
     return std::memcmp(firma, altra, LunghezzaFirma);
 }
 
-// A file that cannot be a system: the reason is shown under the text of "0058".
+// A file that cannot be a system: the reason, the message key and its values, is shown in the
+// user's language under the text of "0058".
 struct Rifiuto {
-    std::string dettaglio;
+    const char* chiave = nullptr;
+    std::string valore1, valore2;
 };
 
 bool BloccoCondizioniDovuto(const Corpo& c) {
@@ -43,18 +46,17 @@ void ScriviFiltri(ScrittoreBinario& out, ScriviCampi& w, const TabellaFiltri& ta
     }
 }
 
+// The columns one after the other, in blocks: the store keeps each position contiguous, the file
+// each column, so a block of columns is laid out in memory and written at once.
 void ScriviColonne(ScrittoreBinario& out, const Corpo& c) {
-    std::vector<uint8_t> buffer;
-    buffer.reserve(1 << 16);
+    constexpr int32_t Blocco = 1 << 15;
     const int len = c.LenColonna;
-    for (int32_t j = 1; j <= c.pronostico.NumColonne; ++j) {
-        for (int p = 1; p <= len; ++p) buffer.push_back(c.Colonne.get(j, p));
-        if (buffer.size() + static_cast<size_t>(len) > buffer.capacity()) {
-            out.bytes(buffer.data(), buffer.size());
-            buffer.clear();
-        }
+    std::vector<uint8_t> buffer(static_cast<size_t>(Blocco) * static_cast<size_t>(len));
+    for (int32_t j = 1; j <= c.pronostico.NumColonne; j += Blocco) {
+        const int32_t quante = std::min(Blocco, c.pronostico.NumColonne - j + 1);
+        c.Colonne.getColumns(j, quante, len, buffer.data());
+        out.bytes(buffer.data(), static_cast<size_t>(quante) * static_cast<size_t>(len));
     }
-    out.bytes(buffer.data(), buffer.size());
 }
 
 void ScriviBloccoCondizioni(ScrittoreBinario& out, Corpo& c) {
@@ -82,14 +84,11 @@ void ScriviBloccoCondizioni(ScrittoreBinario& out, Corpo& c) {
 
 // The header's values that the rest of the program indexes with: refused when out of range.
 void ControllaIntestazione(const IntestazioneSistema& h) {
-    if (h.LenColonna < 1 || h.LenColonna > MaxLenColonna)
-        throw Rifiuto{"LenColonna = " + std::to_string(h.LenColonna) + " (1..25)"};
-    if (h.NumColonne < 0 || h.NumColonne > MaxColonne)
-        throw Rifiuto{"NumColonne = " + std::to_string(h.NumColonne) + " (0..4000000)"};
-    if (h.Quanti > 90) throw Rifiuto{"Quanti = " + std::to_string(h.Quanti) + " (0..90)"};
+    if (h.LenColonna < 1 || h.LenColonna > MaxLenColonna) throw Rifiuto{"0225", std::to_string(h.LenColonna)};
+    if (h.NumColonne < 0 || h.NumColonne > MaxColonne) throw Rifiuto{"0226", std::to_string(h.NumColonne)};
+    if (h.Quanti > 90) throw Rifiuto{"0227", std::to_string(h.Quanti)};
     for (size_t i = 0; i < h.Quanti; ++i)
-        if (h.Numeri[i] < 1 || h.Numeri[i] > 90)
-            throw Rifiuto{"Numeri(" + std::to_string(i) + ") = " + std::to_string(h.Numeri[i]) + " (1..90)"};
+        if (h.Numeri[i] < 1 || h.Numeri[i] > 90) throw Rifiuto{"0228", std::to_string(h.Numeri[i])};
 }
 
 // Reads the columns: stops at the end of the file or at NumColonne. Returns how many were read
@@ -108,33 +107,35 @@ int32_t LeggiColonne(LettoreBinario& in, Corpo& c, bool& ultimaConZero) {
     return lette;
 }
 
-void AggiungiFiltro(TabellaFiltri& tabella, const ColonnaFiltro& r, const char* nome) {
-    if (!tabella.append(r)) throw Rifiuto{std::string(nome) + " > " + std::to_string(MaxFiltri)};
+void AggiungiFiltro(TabellaFiltri& tabella, const ColonnaFiltro& r) {
+    if (!tabella.append(r)) throw Rifiuto{"0230"};
 }
 
 // The conditions block, after its mark: tags up to the end of the file or a closing value.
-void LeggiBloccoCondizioni(LettoreBinario& in, Corpo& c, Ui& ui) {
+// Returns false when the block was cut short: the file ends inside a record or before a
+// closing value. What was read stays, as a reader past the end yields zeros.
+bool LeggiBloccoCondizioni(LettoreBinario& in, Corpo& c, Ui& ui) {
     LeggiCampi r(in);
     ColonnaFiltro filtro;
     while (!in.fine()) {
         int32_t tag = 0;
         in.i32(tag);
-        if (tag == FineCondizioni1 || tag == FineCondizioni2) break;
+        if (tag == FineCondizioni1 || tag == FineCondizioni2) return in.posizione() <= in.dimensione();
         switch (tag) {
         case TagDistanzaMinima:
             CampiDistanzaMinima(r, c.distanzaMinima);
             break;
         case TagFiltroAND:
             CampiColonnaFiltro(r, filtro);
-            AggiungiFiltro(c.FiltriAND, filtro, "FiltriAND");
+            AggiungiFiltro(c.FiltriAND, filtro);
             break;
         case TagFiltroOR:
             CampiColonnaFiltro(r, filtro);
-            AggiungiFiltro(c.FiltriOR, filtro, "FiltriOR");
+            AggiungiFiltro(c.FiltriOR, filtro);
             break;
         case TagFiltroXOR:
             CampiColonnaFiltro(r, filtro);
-            AggiungiFiltro(c.FiltriXOR, filtro, "FiltriXOR");
+            AggiungiFiltro(c.FiltriXOR, filtro);
             break;
         case TagConsecutivi:
             CampiConsecutivi(r, c.consecutivi);
@@ -142,7 +143,7 @@ void LeggiBloccoCondizioni(LettoreBinario& in, Corpo& c, Ui& ui) {
         case TagCondizioneDistanza:
             CampiCondizioneDistanza(r, c.CondizioneDistanzaLetta);
             if (!c.CondizioniDistanza.append(c.CondizioneDistanzaLetta))
-                throw Rifiuto{"CondizioniDistanza > " + std::to_string(MaxCondizioniDistanza)};
+                throw Rifiuto{"0231"};
             break;
         default:
             // Nothing is skipped: the next 4 bytes are read as a tag.
@@ -151,11 +152,27 @@ void LeggiBloccoCondizioni(LettoreBinario& in, Corpo& c, Ui& ui) {
             break;
         }
     }
+    return false;
 }
 
-void Rifiuta(Corpo& c, Ui& ui, const std::string& dettaglio, int32_t nFiltriOR, int32_t nFiltriXOR) {
+// The detail of a refusal in the user's language; empty when the language has no text for it.
+std::string Dettaglio(Ui& ui, const Rifiuto& r) {
+    if (!r.chiave) return {};
+    const char sep = SeparatoreMigliaia(ui);
+    const std::string_view k = r.chiave;
+    // Each key spelled out, so that every message of the refusals is plain to see.
+    if (k == "0225") return TestoCon(ui.Lang("0225"), r.valore1);
+    if (k == "0226") return TestoCon(ui.Lang("0226"), r.valore1, FormatIntero(MaxColonne, sep));
+    if (k == "0227") return TestoCon(ui.Lang("0227"), r.valore1);
+    if (k == "0228") return TestoCon(ui.Lang("0228"), r.valore1);
+    if (k == "0229") return ui.Lang("0229");
+    if (k == "0230") return TestoCon(ui.Lang("0230"), FormatIntero(MaxFiltri, sep));
+    return TestoCon(ui.Lang("0231"), std::to_string(MaxCondizioniDistanza));
+}
+
+void Rifiuta(Corpo& c, Ui& ui, const Rifiuto& rifiuto, int32_t nFiltriOR, int32_t nFiltriXOR) {
     std::string testo = ui.Lang("0058");
-    if (!dettaglio.empty()) testo += "\n" + dettaglio;
+    if (const std::string dettaglio = Dettaglio(ui, rifiuto); !dettaglio.empty()) testo += "\n" + dettaglio;
     ui.messageBox(testo, ui.Lang("0055"), BoxIcon::Critical);
     ResetSistema(c, ui, false);
     // The tables that survive a reset lose only what this file added to them.
@@ -213,6 +230,7 @@ EsitoApriFile ApriFile(Corpo& c, Ui& ui, const std::string& path) {
     const int32_t nFiltriOR = c.FiltriOR.count();
     const int32_t nFiltriXOR = c.FiltriXOR.count();
     bool occupato = false;
+    bool condizioniIntere = true;
     try {
         LettoreBinario in(pulito);
         uint8_t firma[LunghezzaFirma];
@@ -234,7 +252,7 @@ EsitoApriFile ApriFile(Corpo& c, Ui& ui, const std::string& path) {
             try {
                 CampiIntestazione(r, h, formato);
             } catch (const StringaTroppoLunga&) {
-                throw Rifiuto{"Descrizione > " + std::to_string(in.restanti()) + " byte"};
+                throw Rifiuto{"0229"};
             }
             ControllaIntestazione(h);
             c.LenColonna = h.LenColonna;
@@ -250,9 +268,9 @@ EsitoApriFile ApriFile(Corpo& c, Ui& ui, const std::string& path) {
 
             int32_t marca = 0;
             in.i32(marca);
-            if (marca == MarcaCondizioni) LeggiBloccoCondizioni(in, c, ui);
+            if (marca == MarcaCondizioni) condizioniIntere = LeggiBloccoCondizioni(in, c, ui);
         } catch (const Rifiuto& rifiuto) {
-            Rifiuta(c, ui, rifiuto.dettaglio, nFiltriOR, nFiltriXOR);
+            Rifiuta(c, ui, rifiuto, nFiltriOR, nFiltriXOR);
             ui.setBusy(false);
             return EsitoApriFile::Rifiutato;
         }
@@ -272,6 +290,8 @@ EsitoApriFile ApriFile(Corpo& c, Ui& ui, const std::string& path) {
         c.FileCorrente = pulito;
         c.TitoloFile = TitoloDaPath(pulito);
         ui.ViewStatusBar();
+        // The file opens as it stands, but a save would make the loss permanent: say so.
+        if (!condizioniIntere) ui.statusWarning(ui.Lang("0224"));
         if (c.ModalitaRicalcolo) Sblocca_x_Ricalcolo(c, ui);
         return EsitoApriFile::Aperto;
     } catch (const ErroreEsecuzione& e) {

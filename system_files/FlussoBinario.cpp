@@ -7,6 +7,10 @@
 #include <filesystem>
 #include <system_error>
 
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
 namespace dv {
 
 LettoreBinario::LettoreBinario(const std::string& path) {
@@ -51,8 +55,47 @@ void LettoreBinario::i32(int32_t& v) {
                              (static_cast<uint32_t>(b[2]) << 16) | (static_cast<uint32_t>(b[3]) << 24));
 }
 
+namespace {
+// True when path could be written in place: some write permission is set and the process may
+// use it. Checking the bits too refuses a read-only file even to a user the system lets write
+// anything.
+bool ScrivibileSulPosto(const std::string& path, std::filesystem::perms bits) {
+    using std::filesystem::perms;
+    if ((bits & (perms::owner_write | perms::group_write | perms::others_write)) == perms::none) return false;
+#ifndef _WIN32
+    if (::access(path.c_str(), W_OK) != 0) return false;
+#else
+    (void)path;
+#endif
+    return true;
+}
+} // namespace
+
+std::string MotivoNonScrivibile(const std::string& target) {
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    const fs::path folder = fs::absolute(target, ec).parent_path();
+    if (!fs::is_directory(folder, ec)) return "the folder " + folder.string() + " does not exist";
+#ifndef _WIN32
+    if (::access(folder.c_str(), W_OK | X_OK) != 0) return "the folder " + folder.string() + " cannot be written";
+#endif
+    const auto stato = fs::status(target, ec);
+    if (!ec && fs::exists(stato)) {
+        if (!fs::is_regular_file(stato)) return "not a file";
+        if (!ScrivibileSulPosto(target, stato.permissions())) return "the file is read-only";
+    }
+    return {};
+}
+
 ScrittoreSicuro::ScrittoreSicuro(const std::string& target, std::ios::openmode mode)
     : m_target(target), m_temp(target + ".tmp") {
+    std::error_code ec;
+    const auto stato = std::filesystem::status(target, ec);
+    if (!ec && std::filesystem::exists(stato)) {
+        if (!std::filesystem::is_regular_file(stato) || !ScrivibileSulPosto(target, stato.permissions()))
+            throw errori::AccessoNegato();
+        m_permessi = stato.permissions();
+    }
     m_out.open(m_temp, mode | std::ios::out | std::ios::trunc);
     if (!m_out) throw errori::AccessoNegato();
 }
@@ -70,6 +113,7 @@ void ScrittoreSicuro::conferma() {
     m_out.close();
     if (!scritto || m_out.fail()) throw errori::DiscoPieno();
     std::error_code ec;
+    if (m_permessi != std::filesystem::perms::unknown) std::filesystem::permissions(m_temp, m_permessi, ec);
     std::filesystem::rename(m_temp, m_target, ec);
     if (ec) throw errori::AccessoNegato();
     m_confermato = true;

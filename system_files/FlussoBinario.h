@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -33,11 +34,13 @@ private:
     uint64_t m_pos = 0;
 };
 
-// Writes into a temporary file beside the target; conferma() renames it over the target.
-// Destroyed without conferma(), it removes the temporary file and leaves the target as it was.
+// Writes into a temporary file beside the target; conferma() renames it over the target, which
+// keeps the permissions the old file had. Destroyed without conferma(), it removes the temporary
+// file and leaves the target as it was.
 class ScrittoreSicuro {
 public:
-    // Throws ErroreEsecuzione 75 when the temporary file cannot be created.
+    // Throws ErroreEsecuzione 75 when the target exists but could not be written in place (a
+    // read-only file is never replaced), or when the temporary file cannot be created.
     ScrittoreSicuro(const std::string& target, std::ios::openmode mode);
     ~ScrittoreSicuro();
     ScrittoreSicuro(const ScrittoreSicuro&) = delete;
@@ -51,8 +54,13 @@ private:
     std::string m_target;
     std::string m_temp;
     std::ofstream m_out;
+    std::filesystem::perms m_permessi = std::filesystem::perms::unknown; // of the old file
     bool m_confermato = false;
 };
+
+// Why target could not be written (beside it, then renamed over it), or empty when it can: its
+// folder must exist and be writable, and an existing target must be a file writable in place.
+std::string MotivoNonScrivibile(const std::string& target);
 
 // Writes fields in little-endian order into a ScrittoreSicuro's stream.
 class ScrittoreBinario {

@@ -53,6 +53,10 @@ void QtUi::conditionMarksChanged() {
     onWindowThread([&] { m_window.refreshConditionMarks(); });
 }
 
+void QtUi::statusWarning(const std::string& text) {
+    onWindowThread([&] { m_window.mostraAvviso(QString::fromStdString(text)); });
+}
+
 void QtUi::setBusy(bool busy) {
     onWindowThread([&] {
         if (busy) {

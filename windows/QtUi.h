@@ -41,6 +41,7 @@ public:
     void gridChanged() override;
     void lenColonnaChanged() override;
     void conditionMarksChanged() override;
+    void statusWarning(const std::string& text) override;
     void setBusy(bool busy) override;
     void messageBox(const std::string& text, const std::string& title, BoxIcon icon) override;
     bool questionBox(const std::string& text, const std::string& title, BoxIcon icon) override;

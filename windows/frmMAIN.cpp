@@ -82,7 +82,17 @@ void frmMAIN::UnlockGUI() {
 }
 
 void frmMAIN::UnlockMenuConditions() {
+    // Called by every reset of the system: the conditions' marks go, and the system in memory is
+    // a new one, with no file of its own yet and nothing to warn about.
     m_condizioni->togliSegni();
+    mostraAvviso(QString());
+    if (m_file) m_file->sistemaAzzerato();
+}
+
+void frmMAIN::mostraAvviso(const QString& text) {
+    m_lblAvviso->setText(text);
+    m_lblAvviso->setToolTip(text);
+    m_lblAvviso->setVisible(!text.isEmpty());
 }
 
 void frmMAIN::refreshConditionMarks() {
@@ -113,6 +123,18 @@ void frmMAIN::refreshGrid() {
     m_labnumeri->setText(QString::fromStdString(TestoNumeriInGioco(m_corpo, *m_ui)));
     abilitaOperazioni();
     AggiornaIntegrale();
+}
+
+void frmMAIN::aggiornaTesti() {
+    m_labnumeri->setText(QString::fromStdString(TestoNumeriInGioco(m_corpo, *m_ui)));
+    m_lbLenCol->setText(QString::number(m_corpo.LenColonna));
+    AggiornaIntegrale();
+    ViewStatusBar();
+}
+
+void frmMAIN::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange && m_labnumeri) aggiornaTesti();
+    QMainWindow::changeEvent(event);
 }
 
 void frmMAIN::refreshLenColonna() {

@@ -59,9 +59,14 @@ public:
     void AggiornaIntegrale();
     // The grid, labnumeri, the enabling of the operations and the integral, from the state.
     void refreshGrid();
+    // A warning about the system in memory, in the status line until the system is reset.
+    void mostraAvviso(const QString& text);
     // hsLenCol and lbLenCol take LenColonna.
     void refreshLenColonna();
     void refreshConditionMarks();
+    // The texts built from the state (labnumeri, lbLenCol, lblIntegrale, the status line), written
+    // again in the language in use; what is enabled is left as it is.
+    void aggiornaTesti();
 
     // A menu entry or a control by its name; null when there is none.
     QAction* azione(const QString& name) const;
@@ -86,6 +91,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    // A new language: the captions came from the language file, the texts built from the state
+    // are written again.
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -114,6 +122,7 @@ private:
     QRadioButton* m_optTipoGiocata[3] = {};
     QRadioButton* m_optImporto[10] = {};
     QLabel* m_pannelli[4] = {};
+    QLabel* m_lblAvviso = nullptr;
     std::unique_ptr<frmMAINFile> m_file;
     std::unique_ptr<frmMAINOperazioni> m_operazioni;
     std::unique_ptr<frmMAINCondizioni> m_condizioni;

@@ -73,6 +73,11 @@ void frmMAIN::costruisciControlli() {
         m_pannelli[i]->setMinimumWidth(60);
         bar->addPermanentWidget(m_pannelli[i], stretch[i]);
     }
+    m_lblAvviso = new QLabel(bar);
+    m_lblAvviso->setObjectName(QStringLiteral("lblAvviso"));
+    m_lblAvviso->setStyleSheet(QStringLiteral("color: rgb(200,0,0); font-weight: bold;"));
+    m_lblAvviso->setVisible(false);
+    bar->addPermanentWidget(m_lblAvviso, 3);
     m_pannelli[1]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_pannelli[2]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setStatusBar(bar);

@@ -2,6 +2,7 @@
 
 #include "core/Cartelle.h"
 #include "core/Finestra.h"
+#include "core/Helpers.h"
 #include "platform/ApplyLanguage.h"
 #include "settings/Impostazioni.h"
 #include "system_files/ColonneTesto.h"
@@ -71,9 +72,10 @@ void frmMAINFile::impostazioni() {
         settings.exec();
     }
     ReadConfiguration(m_window.corpo(), m_window.impostazioni(), m_window.lingua());
-    // A new language shows at once: captions, and the texts built from numbered messages.
+    // A new language shows at once: the captions, and (through the window's language change)
+    // the texts built from the state. The enabled state of the controls is not touched: a
+    // locked system stays locked.
     ApplyLanguage(m_window, m_window.lingua().languageFile());
-    m_window.refreshGrid();
 }
 
 void frmMAINFile::informazioni() {
@@ -92,11 +94,20 @@ void frmMAINFile::apriConScelta() {
 }
 
 void frmMAINFile::apri(const std::string& path) {
-    ApriFile(m_window.corpo(), m_window.ui(), path);
+    if (ApriFile(m_window.corpo(), m_window.ui(), path) == EsitoApriFile::Aperto)
+        m_fileDelSistema = m_window.corpo().FileCorrente;
 }
 
 void frmMAINFile::salva() {
-    SalvaFile(m_window.corpo(), m_window.ui(), PercorsoSalva(m_window.corpo()));
+    salvaIn(PercorsoSalva(m_window.corpo()));
+}
+
+void frmMAINFile::salvaIn(const std::string& path) {
+    QtUi& ui = m_window.ui();
+    if (SostituisceAltroFile(path, m_fileDelSistema) &&
+        !ui.questionBox(TestoCon(ui.Lang("0223"), path), "", BoxIcon::Question))
+        return;
+    if (SalvaFile(m_window.corpo(), ui, path)) m_fileDelSistema = path;
 }
 
 void frmMAINFile::salvaConNome() {
@@ -106,7 +117,8 @@ void frmMAINFile::salvaConNome() {
         m_window.ui().chooseSaveFile(PercorsoIn(c.AppDir, {"sistemi"}), FiltroSistemi, ".dvs", proposed);
     if (path.empty()) return;
     c.FileCorrente = path;
-    SalvaFile(c, m_window.ui(), path);
+    // The chooser has asked before replacing a file.
+    if (SalvaFile(c, m_window.ui(), path)) m_fileDelSistema = path;
 }
 
 void frmMAINFile::importaColonne() {

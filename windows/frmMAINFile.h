@@ -34,9 +34,15 @@ public:
     void esportaColonne();
     // menuApriDirectory: the data folder in the desktop's file browser.
     void apriDirectory();
+    // The system in memory was emptied: it has no file of its own until it is opened or saved.
+    void sistemaAzzerato() { m_fileDelSistema.clear(); }
 
 private:
+    // SalvaFile, after asking when path is an existing file other than the system's own.
+    void salvaIn(const std::string& path);
+
     frmMAIN& m_window;
+    std::string m_fileDelSistema; // the file the system was opened from or last saved to
 };
 
 } // namespace dv

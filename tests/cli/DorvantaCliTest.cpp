@@ -23,7 +23,7 @@ struct Esecuzione {
 };
 
 Esecuzione Esegui(const std::string& args) {
-    const std::string cmd = std::string("'") + DV_CLI_PATH + "' " + args + " 2>/dev/null";
+    const std::string cmd = std::string("'") + DV_CLI_PATH + "' " + args + (args.find("2>&1") == std::string::npos ? " 2>/dev/null" : "");
     Esecuzione e;
     std::FILE* p = ::popen(cmd.c_str(), "r");
     if (!p) return e;
@@ -33,6 +33,11 @@ Esecuzione Esegui(const std::string& args) {
     const int status = ::pclose(p);
     e.rc = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     return e;
+}
+
+// The same, keeping what the program writes on stderr instead of stdout.
+Esecuzione EseguiErr(const std::string& args) {
+    return Esegui(args + " 2>&1 >/dev/null");
 }
 
 std::unique_ptr<Corpo> Apri(const std::string& path) {
@@ -137,6 +142,33 @@ TEST_F(DorvantaCli, UsageErrorsExitWithTwo) {
     EXPECT_FALSE(std::filesystem::exists(dir.file("x.dvs")));
     EXPECT_EQ(Esegui("--help").rc, 0);
     EXPECT_EQ(Esegui("develop --help").rc, 0);
+}
+
+TEST_F(DorvantaCli, WrongCommandLinesSayWhatIsWrong) {
+    const auto unknown = EseguiErr("frobnicate --flag");
+    EXPECT_EQ(unknown.rc, 2);
+    EXPECT_NE(unknown.out.find("frobnicate: unknown subcommand"), std::string::npos) << unknown.out;
+    // A missing language file would blank every message: refused.
+    EXPECT_EQ(Esegui("--language " + f("none.lng") + " show " + f("a.dvs")).rc, 2);
+    // develop refuses an output it could not write before it runs.
+    ASSERT_EQ(Esegui("new -o " + f("a.dvs") + " --numbers 1-12 --length 5").rc, 0);
+    Bytes{}.text("old").save(dir.file("ro.dvs"));
+    std::filesystem::permissions(dir.file("ro.dvs"), std::filesystem::perms::owner_read);
+    for (const std::string& out : {f("missing/b.dvs"), f("ro.dvs")}) {
+        const auto dev = EseguiErr("develop " + f("a.dvs") + " -o " + out);
+        EXPECT_EQ(dev.rc, 1) << out;
+        EXPECT_NE(dev.out.find("cannot be written"), std::string::npos) << dev.out;
+    }
+    EXPECT_EQ(ReadText(dir.file("ro.dvs")), "old");
+}
+
+TEST_F(DorvantaCli, AConditionsBlockCutShortOpensWithAWarning) {
+    ASSERT_EQ(Esegui("new -o " + f("a.dvs") + " --numbers 1-12 --length 5 --consecutive 1,2").rc, 0);
+    EXPECT_EQ(EseguiErr("show " + f("a.dvs")).out.find("warning:"), std::string::npos);
+    std::filesystem::resize_file(dir.file("a.dvs"), std::filesystem::file_size(dir.file("a.dvs")) - 8);
+    const auto show = EseguiErr("show " + f("a.dvs"));
+    EXPECT_EQ(show.rc, 0);
+    EXPECT_NE(show.out.find("warning: "), std::string::npos) << show.out;
 }
 
 TEST_F(DorvantaCli, RefusedOrMissingFilesExitWithOne) {

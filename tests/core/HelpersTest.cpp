@@ -37,6 +37,9 @@ TEST(Helpers, ElapsedTimeText) {
     EXPECT_EQ(TestoTempoTrascorso(5), "0 Days 00:00:05");
     EXPECT_EQ(TestoTempoTrascorso(86400 + 3723), "1 Day 01:02:03");
     EXPECT_EQ(TestoTempoTrascorso(2 * 86400), "2 Days 00:00:00");
+    // The seconds are rounded to the nearest, not cut: 59.6 s is a minute.
+    EXPECT_EQ(TestoTempoTrascorso(59.6), "0 Days 00:01:00");
+    EXPECT_EQ(TestoTempoTrascorso(4.4), "0 Days 00:00:04");
 }
 
 TEST(Description, FollowsTheConditionsInForce) {

@@ -46,6 +46,7 @@ public:
     void gridChanged() override { calls.push_back("gridChanged"); }
     void lenColonnaChanged() override { calls.push_back("lenColonnaChanged"); }
     void conditionMarksChanged() override { calls.push_back("conditionMarksChanged"); }
+    void statusWarning(const std::string& text) override { calls.push_back("statusWarning:" + text); }
     void setBusy(bool busy) override {
         busyDepth += busy ? 1 : -1;
         calls.push_back(busy ? "busy" : "idle");

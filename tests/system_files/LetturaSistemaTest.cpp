@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 using namespace dv;
@@ -59,6 +60,14 @@ protected:
         SCOPED_TRACE(detail);
         c = Corpo{};
         ui = FakeUi{};
+        ui.texts = {{"0221", ","},
+                    {"0225", "column length %1 outside 1..25"},
+                    {"0226", "count of columns %1 outside 0..%2"},
+                    {"0227", "%1 numbers in the forecast"},
+                    {"0228", "forecast number %1 outside 1..90"},
+                    {"0229", "description longer than the file"},
+                    {"0230", "more than %1 filter columns"},
+                    {"0231", "more than %1 distance conditions"}};
         SetForecast(c, Range(1, 12));
         c.pronostico.NumColonne = 5;
         EXPECT_EQ(apri(b), EsitoApriFile::Rifiutato);
@@ -159,37 +168,38 @@ TEST_F(LetturaSistema, ColumnsCutShortOrEndingInZeroAreRefused) {
 TEST_F(LetturaSistema, OutOfRangeCountsAndLengthsAreRefused) {
     Header h;
     h.len = 0;
-    expectRefused(Intestazione(h), "LenColonna = 0");
+    expectRefused(Intestazione(h), "\ncolumn length 0 outside 1..25");
     h.len = 26;
-    expectRefused(Intestazione(h), "LenColonna = 26");
+    expectRefused(Intestazione(h), "\ncolumn length 26 outside");
     h = Header{};
     h.numColonne = -1;
-    expectRefused(Intestazione(h), "NumColonne = -1");
+    expectRefused(Intestazione(h), "\ncount of columns -1 outside 0..4,000,000");
     h.numColonne = MaxColonne + 1;
-    expectRefused(Intestazione(h), "NumColonne = 4000001");
+    expectRefused(Intestazione(h), "\ncount of columns 4000001 outside");
     h = Header{};
     h.quanti = 91;
-    expectRefused(Intestazione(h), "Quanti = 91");
+    expectRefused(Intestazione(h), "\n91 numbers in the forecast");
     Bytes b;
     b.text("dvqsy000005").i16(3).u8(0).i32(0).i16(60000).text("short");
-    expectRefused(b, "Descrizione");
+    expectRefused(b, "\ndescription longer than the file");
     // A forecast number outside 1..90 would select no cell of the grid.
     Bytes zero = Intestazione(Header{});
     zero.data[11 + 2 + 1 + 4 + 3 + 2] = 0;
-    expectRefused(zero, "Numeri(2) = 0");
+    expectRefused(zero, "\nforecast number 0 outside 1..90");
 }
 
 TEST_F(LetturaSistema, TablesBeyondTheirCapacityAreRefusedAndMemoryKeepsItsOwn) {
     Header h;
     Bytes b = Intestazione(h).i32(12345);
     for (int i = 0; i < MaxCondizioniDistanza + 1; ++i) b.i32(32).u8(1).u8(1).fill(382).i16(-1);
-    expectRefused(b.i32(100), "CondizioniDistanza > 25");
+    expectRefused(b.i32(100), "\nmore than 25 distance conditions");
 
     c = Corpo{};
     ui = FakeUi{};
     c.FiltriOR.setCount(MaxFiltri - 1);
     EXPECT_EQ(apri(Filtro(Filtro(Intestazione(h).i32(12345), 16, 5), 16, 6).i32(100)), EsitoApriFile::Rifiutato);
-    EXPECT_NE(ui.boxes.at(0).text.find("FiltriOR > 150000"), std::string::npos);
+    // A language without the detail's text shows the message alone, never an internal name.
+    EXPECT_EQ(ui.boxes.at(0).text, "<0058>\n<0230>");
     EXPECT_EQ(c.FiltriOR.count(), MaxFiltri - 1);
 }
 
@@ -208,15 +218,21 @@ TEST_F(LetturaSistema, UnknownTagsAreReportedAndReadingGoesOn) {
     EXPECT_EQ(c.distanzaMinima.ValDistanzaMinima, 4);
 }
 
-TEST_F(LetturaSistema, ABlockCutShortReadsAsZerosAndIsNotReported) {
+TEST_F(LetturaSistema, ABlockCutShortReadsAsZerosWithAWarningThatStaysInView) {
+    const auto avvisi = [this] { return std::count(ui.calls.begin(), ui.calls.end(), "statusWarning:<0224>"); };
     Bytes b = Intestazione(Header{}).i32(12345);
     b = Filtro(b, 16, 40);
+    EXPECT_EQ(apri(Bytes(b).i32(100)), EsitoApriFile::Aperto);
+    EXPECT_EQ(avvisi(), 0);
+    EXPECT_EQ(apri(b), EsitoApriFile::Aperto); // no closing value
+    EXPECT_EQ(avvisi(), 1);
     b.data.resize(b.data.size() - 3); // Presenze's last byte and Stato are missing
     EXPECT_EQ(apri(b), EsitoApriFile::Aperto);
+    EXPECT_EQ(avvisi(), 2);
     EXPECT_TRUE(ui.boxes.empty());
-    ASSERT_EQ(c.FiltriOR.count(), 1);
-    EXPECT_EQ(c.FiltriOR[1].Presenze, 6);
-    EXPECT_EQ(c.FiltriOR[1].Stato, 0);
+    EXPECT_EQ(c.FiltriOR.count(), 3); // the table survives the reset of each open
+    EXPECT_EQ(c.FiltriOR[3].Presenze, 6);
+    EXPECT_EQ(c.FiltriOR[3].Stato, 0);
 }
 
 TEST_F(LetturaSistema, TheDistanceMarkFollowsTheLastRecordReadEvenAcrossFiles) {

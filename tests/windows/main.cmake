@@ -5,3 +5,11 @@ add_executable(dv_frmMAIN_tests
 target_link_libraries(dv_frmMAIN_tests PRIVATE dv_windows Qt6::Test)
 add_test(NAME frmMAIN COMMAND dv_frmMAIN_tests)
 set_tests_properties(frmMAIN PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)
+
+# The main window as a user drives it: language, saves, keyboard, live progress, dialog widths.
+add_executable(dv_frmMAIN_utente_tests
+    ${CMAKE_CURRENT_LIST_DIR}/frmMAINUtenteTest.cpp
+)
+target_link_libraries(dv_frmMAIN_utente_tests PRIVATE dv_windows Qt6::Test)
+add_test(NAME frmMAINUtente COMMAND dv_frmMAIN_utente_tests)
+set_tests_properties(frmMAINUtente PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)

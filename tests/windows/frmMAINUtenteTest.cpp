@@ -1,0 +1,195 @@
+// The main window as a user drives it: a change of language in the settings, saves that would
+// replace another file, the keyboard, the progress window's live counts and the width of the
+// dialogs against their titles.
+#include "core/Cartelle.h"
+#include "platform/ApplyLanguage.h"
+#include "tests/windows/QueueDialogs.h"
+#include "windows/frmCalcolo.h"
+#include "windows/frmCalcoloWorker.h"
+#include "windows/frmImpostazioni.h"
+#include "windows/frmMAIN.h"
+#include "windows/frmMAINFile.h"
+#include "windows/frmMAINOperazioni.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+using namespace dv;
+namespace fs = std::filesystem;
+
+namespace {
+const char* const Italiano = R"([Strings]
+0001="Colonne integrali"
+0002="Colonne elaborate"
+0003="Colonne sistema"
+0004="Interrompere?"
+0042="Numeri in gioco"
+0054="Modificare il sistema?"
+0055="Attenzione"
+0062="Integrale"
+0220="it"
+0221="."
+0222=","
+0223="Sostituire %1?"
+0224="Condizioni forse incomplete"
+0232="Cartella %1 non aperta"
+
+[frmMAIN]
+cmdCalcolo.Caption="Sviluppa"
+labnumeri.Caption="Numeri in gioco [00]"
+)";
+
+const char* const Inglese = R"([Strings]
+0001="Integral columns"
+0002="Columns worked"
+0003="System columns"
+0004="Stop?"
+0042="Numbers in play"
+0062="Integral"
+0220="en"
+0221=","
+0222="."
+
+[frmMAIN]
+cmdCalcolo.Caption="Develop"
+labnumeri.Caption="Numbers in play [00]"
+)";
+} // namespace
+
+class frmMAINUtenteTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<Corpo> m_corpo;
+    std::unique_ptr<test::QueueDialogs> m_dialogs;
+    std::unique_ptr<frmMAIN> m_main;
+
+    QLabel* etichetta(const char* name) { return m_main->findChild<QLabel*>(QString::fromLatin1(name)); }
+    QString pannello(int i) {
+        return etichetta(QStringLiteral("StBar_%1").arg(i).toLatin1().constData())->text();
+    }
+    bool abilitato(const char* name) {
+        if (QAction* a = m_main->azione(QString::fromLatin1(name))) return a->isEnabled();
+        return m_main->findChild<QWidget*>(QString::fromLatin1(name))->isEnabled();
+    }
+    void scegliDa1A(int n) {
+        for (int i = 0; i < n; ++i)
+            QTest::mouseClick(elementoArray<QLabel>(*m_main, QStringLiteral("grnum"), i), Qt::LeftButton);
+    }
+    void sviluppa() {
+        QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
+        m_main->operazioni().calcolo();
+        QVERIFY(spy.wait(120000));
+    }
+    template <typename F> void sulModale(F f) {
+        QTimer::singleShot(0, [f] { f(QApplication::activeModalWidget()); });
+    }
+    std::string sistemi(const char* name) { return (fs::path(m_corpo->AppDir) / "sistemi" / name).string(); }
+
+private slots:
+    void init() {
+        m_dir = std::make_unique<QTemporaryDir>();
+        m_corpo = std::make_unique<Corpo>();
+        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
+        std::ofstream(fs::path(m_corpo->AppDir) / "prova.lng") << Italiano;
+        std::ofstream(fs::path(m_corpo->AppDir) / "altra.lng") << Inglese;
+        std::ofstream(fs::path(m_corpo->AppDir) / "dorvantaqvn.ini") << "[IMPOSTAZIONI]\nLINGUA=prova\n";
+        m_dialogs = std::make_unique<test::QueueDialogs>();
+        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
+        m_main->carica();
+        m_main->show();
+    }
+
+    void cleanup() {
+        m_main.reset();
+        m_corpo.reset();
+        m_dir.reset();
+    }
+
+    void languageChosenInTheSettingsKeepsCountsAndTheLock() {
+        scegliDa1A(12);
+        sviluppa();
+        QVERIFY(!abilitato("cmdCalcolo"));
+        QString duranteLaScelta;
+        sulModale([this, &duranteLaScelta](QWidget* w) {
+            auto* settings = qobject_cast<frmImpostazioni*>(w);
+            if (!settings) return;
+            auto* lingue = settings->findChild<QComboBox*>(QStringLiteral("cmbLingua"));
+            lingue->setCurrentIndex(lingue->findText(QStringLiteral("ALTRA")));
+            settings->cmbLingua_Click();
+            duranteLaScelta = etichetta("labnumeri")->text();
+            w->close();
+        });
+        m_main->azione(QStringLiteral("menuImpostazioni"))->trigger();
+        QCOMPARE(duranteLaScelta, QStringLiteral("Numbers in play [12]"));
+        // Closed without saving: the saved language is back, and so is every count.
+        QCOMPARE(etichetta("labnumeri")->text(), QStringLiteral("Numeri in gioco [12]"));
+        QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("66"));
+        QCOMPARE(pannello(2), QStringLiteral("66"));
+        // The locked system stays locked: the button does not develop the held columns again.
+        QVERIFY(!abilitato("cmdCalcolo"));
+        QVERIFY(!abilitato("menuCalcolo"));
+        QVERIFY(abilitato("cmdModifiche"));
+    }
+
+    void saveAsksBeforeReplacingAFileThatIsNotTheSystemsOwn() {
+        scegliDa1A(10);
+        m_corpo->condizioni.CondSomma = Vero;
+        m_corpo->FileCorrente = sistemi("prova1.dvs");
+        m_main->azione(QStringLiteral("menuSalva"))->trigger();
+        m_main->azione(QStringLiteral("menuSalva"))->trigger(); // its own file: no question
+        QVERIFY(fs::exists(sistemi("prova1.dvs")));
+        QVERIFY(m_dialogs->boxes.empty());
+        const auto size = fs::file_size(sistemi("prova1.dvs"));
+
+        const std::string txt = (fs::path(m_corpo->AppDir) / "txt" / "prova1.txt").string();
+        std::ofstream(txt) << "1 2 3\n4 5 6\n";
+        m_dialogs->setNextFileName(txt);
+        m_main->azione(QStringLiteral("menuImportaColonne"))->trigger();
+        m_dialogs->setNextAnswer(false);
+        m_main->azione(QStringLiteral("menuSalva"))->trigger();
+        QCOMPARE(m_dialogs->boxes.size(), size_t{1});
+        QVERIFY(m_dialogs->boxes[0].question);
+        QCOMPARE(m_dialogs->boxes[0].text, "Sostituire " + sistemi("prova1.dvs") + "?");
+        QCOMPARE(fs::file_size(sistemi("prova1.dvs")), size);
+
+        m_dialogs->setNextAnswer(true);
+        m_main->azione(QStringLiteral("menuSalva"))->trigger();
+        QVERIFY(fs::file_size(sistemi("prova1.dvs")) != size);
+        m_main->azione(QStringLiteral("menuSalva"))->trigger(); // now the file last saved
+        QCOMPARE(m_dialogs->boxes.size(), size_t{2});
+    }
+
+    void aFileWhoseConditionsAreCutShortIsFlaggedInTheStatusLineUntilANewSystem() {
+        scegliDa1A(10);
+        m_corpo->consecutivi = {0b110, Vero};
+        m_dialogs->setNextFileName(sistemi("tagliato.dvs"));
+        m_main->azione(QStringLiteral("menuSalvaConNome"))->trigger();
+        fs::resize_file(sistemi("tagliato.dvs"), fs::file_size(sistemi("tagliato.dvs")) - 8);
+        m_main->azione(QStringLiteral("menuNuovo"))->trigger();
+        m_dialogs->setNextFileName(sistemi("tagliato.dvs"));
+        m_main->azione(QStringLiteral("menuApri"))->trigger();
+        QCOMPARE(m_corpo->pronostico.Quanti, 10);
+        QLabel* avviso = etichetta("lblAvviso");
+        QVERIFY(avviso->isVisible());
+        QCOMPARE(avviso->text(), QStringLiteral("Condizioni forse incomplete"));
+        QVERIFY(m_dialogs->boxes.empty());
+        m_main->azione(QStringLiteral("menuNuovo"))->trigger();
+        QVERIFY(!avviso->isVisible());
+    }
+};
+
+QTEST_MAIN(frmMAINUtenteTest)
+#include "frmMAINUtenteTest.moc"
