@@ -55,7 +55,7 @@ public:
         return {};
     }
     void beep() override {}
-    void openFolder(const std::string&) override {}
+    bool openFolder(const std::string&) override { return true; }
 };
 
 class Fotografo {

@@ -60,8 +60,12 @@ void QtDialogService::beep() {
     QApplication::beep();
 }
 
-void QtDialogService::openFolder(const std::string& path) {
-    OpenPath(path);
+bool QtDialogService::openFolder(const std::string& path) {
+    return OpenPath(path);
+}
+
+void QtDialogService::openDocument(const std::string& path) {
+    OpenDocument(path);
 }
 
 } // namespace dv

@@ -28,8 +28,10 @@ public:
                                        const std::string& defaultExtension,
                                        const std::string& proposedName) = 0;
     virtual void beep() = 0;
-    // Opens a folder in the desktop's file browser.
-    virtual void openFolder(const std::string& path) = 0;
+    // Opens a folder in the desktop's file browser; false when nothing could open it.
+    virtual bool openFolder(const std::string& path) = 0;
+    // Opens a file with the desktop's handler for its type.
+    virtual void openDocument(const std::string& path) = 0;
 };
 
 // Real boxes and choosers of the desktop.
@@ -44,7 +46,8 @@ public:
     std::string chooseSaveFile(QWidget* parent, const std::string& folder, const std::string& filter,
                                const std::string& defaultExtension, const std::string& proposedName) override;
     void beep() override;
-    void openFolder(const std::string& path) override;
+    bool openFolder(const std::string& path) override;
+    void openDocument(const std::string& path) override;
 };
 
 // The application's title, which a box without a title of its own bears.

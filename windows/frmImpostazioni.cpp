@@ -1,5 +1,6 @@
 #include "windows/frmImpostazioni.h"
 
+#include "core/Helpers.h"
 #include "core/Ui.h"
 #include "platform/ApplyLanguage.h"
 #include "settings/Ansi.h"
@@ -118,8 +119,10 @@ void frmImpostazioni::Form_Load() {
     m_mskIntestazione->setText(QString::fromStdString(m_imp.Intestazione));
 
     if (m_lingua.CurrentLanguage.empty()) {
-        // 4. No language yet: fetch the language files before the window appears.
-        cmdLangUpdate_Click();
+        // 4. No language yet: fetch the language files before the window appears. The list
+        // that follows says when none came.
+        size_t installate = 0;
+        scaricaLingue(installate);
         elencaStampanti(false);
         m_cmbStampante->setFocus();
         return;
@@ -174,13 +177,29 @@ void frmImpostazioni::cmbLingua_Click() {
     m_ui.setBusy(false);
 }
 
-void frmImpostazioni::cmdLangUpdate_Click() {
+bool frmImpostazioni::scaricaLingue(size_t& installate) {
     m_ui.setBusy(true);
     setEnabled(false);
-    AggiornaLingue(m_imp, m_lingua.AppDir, m_servizi.download);
+    const auto nomi = AggiornaLingue(m_imp, m_lingua.AppDir, m_servizi.download);
     setEnabled(true);
     m_ui.setBusy(false);
+    installate = nomi ? nomi->size() : 0;
     ElencaLingue();
+    return nomi.has_value();
+}
+
+void frmImpostazioni::avvisa(const std::string& messaggio, const char* testo, BoxIcon icon) {
+    m_ui.messageBox(messaggio.empty() ? std::string(testo) : messaggio, "", icon);
+}
+
+void frmImpostazioni::cmdLangUpdate_Click() {
+    size_t installate = 0;
+    if (!scaricaLingue(installate))
+        avvisa(m_ui.Lang("0233"), "The server could not be reached.", BoxIcon::Exclamation);
+    else
+        avvisa(TestoCon(m_ui.Lang("0234"), std::to_string(installate)),
+               ("Download finished: " + std::to_string(installate) + " language files installed.").c_str(),
+               BoxIcon::Information);
 }
 
 void frmImpostazioni::cmdInfoLanguage_Click() {
@@ -189,7 +208,10 @@ void frmImpostazioni::cmdInfoLanguage_Click() {
     const auto crediti = CreditiLingue(m_imp, m_lingua.AppDir, m_servizi.download);
     setEnabled(true);
     m_ui.setBusy(false);
-    if (crediti) m_ui.messageBox(*crediti, "", BoxIcon::Information);
+    if (crediti)
+        m_ui.messageBox(*crediti, "", BoxIcon::Information);
+    else
+        avvisa(m_ui.Lang("0233"), "The server could not be reached.", BoxIcon::Exclamation);
 }
 
 void frmImpostazioni::cmdSalva_Click() {

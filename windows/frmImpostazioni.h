@@ -11,6 +11,7 @@
 // file changes only on cmdSalva.
 #pragma once
 
+#include "core/Ui.h"
 #include "settings/Impostazioni.h"
 #include "settings/Online.h"
 
@@ -29,8 +30,6 @@ class QPushButton;
 class QRadioButton;
 
 namespace dv {
-
-class Ui;
 
 // What the window asks of the platform; tests give their own.
 struct ServiziImpostazioni {
@@ -56,6 +55,11 @@ private:
     void creaControlli();
     void Form_Load();
     void mostraOpzioni();
+    // Downloads the language files and lists them; false when the server could not be reached.
+    bool scaricaLingue(size_t& installate);
+    // A short message of the language in use; text when the language has none (no language is
+    // in use before the first download).
+    void avvisa(const std::string& messaggio, const char* testo, BoxIcon icon);
     void elencaStampanti(bool seleziona);
     // Runs f; an exception ends in the error box that names the procedure.
     void protetto(const char* procedura, const std::function<void()>& f);

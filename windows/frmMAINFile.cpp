@@ -144,7 +144,9 @@ void frmMAINFile::esportaColonne() {
 }
 
 void frmMAINFile::apriDirectory() {
-    m_window.ui().dialogs().openFolder(m_window.corpo().AppDir);
+    QtUi& ui = m_window.ui();
+    const std::string& folder = m_window.corpo().AppDir;
+    if (!ui.dialogs().openFolder(folder)) ui.messageBox(TestoCon(ui.Lang("0232"), folder), "", BoxIcon::Exclamation);
 }
 
 } // namespace dv

@@ -23,6 +23,7 @@ public:
     std::vector<std::string> folders;  // folders the choosers opened in, and folders opened
     std::vector<std::string> proposedNames;
     int beeps = 0;
+    std::vector<std::string> documents; // files handed to the desktop to open
 
     void setNextAnswer(bool yes) { answers.push_back(yes); }
     void setNextFileName(std::string name) { fileNames.push_back(std::move(name)); }
@@ -48,7 +49,12 @@ public:
         return next();
     }
     void beep() override { ++beeps; }
-    void openFolder(const std::string& path) override { folders.push_back(path); }
+    bool folderOpens = true; // whether the desktop has a file browser
+    bool openFolder(const std::string& path) override {
+        folders.push_back(path);
+        return folderOpens;
+    }
+    void openDocument(const std::string& path) override { documents.push_back(path); }
 
 private:
     std::string next() {

@@ -173,6 +173,10 @@ TEST(frmImpostazioni, FirstStartDownloadsTheLanguagesFromTheServer) {
     ASSERT_EQ(ui.boxes.size(), 1u);
     EXPECT_EQ(ui.boxes[0].text, "Italiano: il gruppo di Dorvanta\r\nEnglish: the Dorvanta team");
     EXPECT_EQ(ui.boxes[0].icon, dv::BoxIcon::Information);
+    // A download by the button says how it ended.
+    ui.texts["0234"] = "%1 installed";
+    trova<QPushButton>(f, "cmdLangUpdate")->click();
+    EXPECT_EQ(testiBox(ui).back(), "2 installed");
 }
 
 TEST(frmImpostazioni, FirstStartWithoutNetworkSaysNoLanguageWasFound) {
@@ -187,9 +191,11 @@ TEST(frmImpostazioni, FirstStartWithoutNetworkSaysNoLanguageWasFound) {
     FakeUi ui;
     dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({}, dv::ScaricatoreDiRete()));
     EXPECT_EQ(testiBox(ui), std::vector<std::string>{"Warning files language not found"});
-    // Nothing shown for the credits when the server cannot be reached.
+    // The buttons say that the server cannot be reached.
     trova<QPushButton>(f, "cmdInfoLanguage")->click();
-    EXPECT_EQ(ui.boxes.size(), 1u);
+    trova<QPushButton>(f, "cmdLangUpdate")->click();
+    EXPECT_EQ(testiBox(ui), (std::vector<std::string>{"Warning files language not found", "<0233>",
+                                                      "Warning files language not found", "<0233>"}));
 }
 
 TEST(frmNewVersion, ShowsBothVersionsAndOpensThePage) {

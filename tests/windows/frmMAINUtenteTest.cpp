@@ -189,6 +189,13 @@ private slots:
         m_main->azione(QStringLiteral("menuNuovo"))->trigger();
         QVERIFY(!avviso->isVisible());
     }
+
+    void openFolderSaysWhenNoFileBrowserCanShowIt() {
+        m_dialogs->folderOpens = false;
+        m_main->azione(QStringLiteral("menuApriDirectory"))->trigger();
+        QCOMPARE(m_dialogs->boxes.size(), size_t{1});
+        QCOMPARE(m_dialogs->boxes[0].text, "Cartella " + m_corpo->AppDir + " non aperta");
+    }
 };
 
 QTEST_MAIN(frmMAINUtenteTest)
