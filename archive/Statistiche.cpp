@@ -2,6 +2,7 @@
 
 #include "archive/Archivio.h"
 
+#include "core/Sistema.h"
 #include "core/Ui.h"
 #include "settings/Ansi.h"
 #include "system_files/ErroreEsecuzione.h"
@@ -218,6 +219,23 @@ EsitoStatistiche CalcolaStatistiche(const ArrayEstrazioni& a, int32_t tipoArchiv
         return EsitoStatistiche::Errore;
     }
     return EsitoStatistiche::Calcolate;
+}
+
+std::vector<uint8_t> NumeriPerFrequenza(const TabelleStatistiche& t) {
+    std::vector<uint8_t> numeri;
+    if (t.frequenza[1][1] == 0) return numeri;
+    for (size_t i = 1; i <= 90; ++i)
+        numeri.push_back(static_cast<uint8_t>(t.frequenza[i][1]));
+    return numeri;
+}
+
+void PronosticoDaFrequenze(Corpo& c, Ui& ui, const std::vector<uint8_t>& numeri, int n, bool piuFrequenti) {
+    CancellaPronostico(c, ui);
+    const int righe = static_cast<int>(numeri.size());
+    for (int k = 0; k < n && k < righe; ++k) {
+        const uint8_t numero = numeri[static_cast<size_t>(piuFrequenti ? k : righe - 1 - k)];
+        if (numero >= 1 && numero <= 90) GrigliaNumeriClick(c, ui, numero - 1);
+    }
 }
 
 } // namespace dv

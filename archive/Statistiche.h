@@ -94,6 +94,17 @@ EsitoStatistiche Statistiche(const ArrayEstrazioni& a, int32_t tipoArchivio, con
 // Writes text to path, beside it first and renamed when complete. Throws ErroreEsecuzione.
 void ScriviTestoSicuro(const std::string& path, const std::string& text);
 
+struct Corpo;
+
+// The number column of the sorted frequency table, most frequent first: 90 numbers, or none when
+// the last computation did not get as far as numbering the table.
+std::vector<uint8_t> NumeriPerFrequenza(const TabelleStatistiche& t);
+
+// The forecast from the frequency table: the forecast cleared, then the numbers of rows 1..n (the
+// most frequent) or of rows 90 down to 91-n (the least frequent) selected on the grid in that
+// order. With no numbers only the clearing.
+void PronosticoDaFrequenze(Corpo& c, Ui& ui, const std::vector<uint8_t>& numeri, int n, bool piuFrequenti);
+
 // One row of a chart: its label, " --> " and the value behind it ("05 -->      12"), and the value.
 struct RigaGrafico {
     std::string etichetta;

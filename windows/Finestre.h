@@ -17,9 +17,14 @@ struct Finestre {
     // The archive window: shown, and the archive it holds loaded again from its file.
     std::function<void()> mostraArchivio;
     // The statistics window: shown; and its lists rebuilt and counts recomputed after the archive
-    // in memory changed.
+    // in memory changed (aggiornaStatistiche does both, lists first). An update of the archive
+    // recomputes first and then rebuilds the lists, a change of archive the other way round: the
+    // two steps are also offered one by one, ricalcolaStatistiche (refreshStat) and
+    // popolaStatistiche (populateCmbEstrazioni, false when the archive has too many dates).
     std::function<void()> mostraStatistiche;
     std::function<void()> aggiornaStatistiche;
+    std::function<void()> ricalcolaStatistiche;
+    std::function<bool()> popolaStatistiche;
     // The frequency table of the statistics, most frequent first: the numbers in that order
     // (fewer than 90 when no statistics were computed).
     std::function<std::vector<uint8_t>()> numeriPerFrequenza;

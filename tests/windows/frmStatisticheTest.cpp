@@ -1,0 +1,178 @@
+// The statistics window on the offscreen platform, wired into the main window as at start-up: its
+// first computation unseen, the date and draw-number lists, the charts and their options, the CSV
+// file, hiding instead of closing, and the forecast from the most and least frequent numbers.
+#include "windows/frmStatistiche.h"
+
+#include "core/Cartelle.h"
+#include "tests/windows/LanguageSectionCheck.h"
+#include "tests/windows/QueueDialogs.h"
+#include "windows/Aree.h"
+#include "windows/frmMAIN.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QBarCategoryAxis>
+#include <QChart>
+#include <QChartView>
+#include <QComboBox>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+using namespace dv;
+
+namespace {
+
+// Four days of five-minute draws; the numbers shift with the day and the draw.
+ArrayEstrazioni Archivio() {
+    ArrayEstrazioni a(1);
+    for (int g = 1; g <= 4; ++g)
+        for (int c = 1; c <= 5; ++c) {
+            Estrazione e;
+            std::snprintf(e.Data.data(), 11, "%02d/06/2025", g);
+            e.Concorso = static_cast<int16_t>(c);
+            for (int k = 1; k <= 20; ++k)
+                e.Numeri[static_cast<size_t>(k)] = static_cast<uint8_t>(g + c + 3 * k);
+            a.push_back(e);
+        }
+    return a;
+}
+
+} // namespace
+
+class FinestraStatistiche : public ::testing::Test {
+protected:
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<Corpo> m_corpo;
+    std::unique_ptr<test::QueueDialogs> m_dialogs;
+    std::unique_ptr<frmMAIN> m_main;
+    frmStatistiche* m_stat = nullptr;
+
+    QComboBox* lista(const char* name) { return m_stat->findChild<QComboBox*>(QString::fromLatin1(name)); }
+    QRadioButton* opzione(int i) {
+        return elementoArray<QRadioButton>(*m_stat, QStringLiteral("optStat"), i);
+    }
+    QStringList righe() {
+        const auto assi =
+            m_stat->findChild<QChartView*>(QStringLiteral("chartStat"))->chart()->axes(Qt::Vertical);
+        return assi.isEmpty() ? QStringList() : static_cast<QBarCategoryAxis*>(assi.first())->categories();
+    }
+    std::vector<int> scelti() {
+        std::vector<int> n;
+        for (int i = 0; i < 90; ++i)
+            if (m_corpo->Griglia[static_cast<size_t>(i)]) n.push_back(i + 1);
+        return n;
+    }
+
+    void SetUp() override {
+        m_dir = std::make_unique<QTemporaryDir>();
+        m_corpo = std::make_unique<Corpo>();
+        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
+        m_corpo->mArrEstrazioni = Archivio();
+        std::filesystem::copy_file(DV_SOURCE_DIR "/languages/italiano.lng",
+                                   std::filesystem::path(m_corpo->AppDir) / "italiano.lng");
+        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini")
+            << "[IMPOSTAZIONI]\nLINGUA=italiano\n";
+        m_dialogs = std::make_unique<test::QueueDialogs>();
+        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
+        m_main->carica();
+        CollegaStatistiche(*m_main);
+        m_stat = m_main->findChild<frmStatistiche*>();
+        ASSERT_TRUE(m_stat);
+    }
+
+    void TearDown() override {
+        m_corpo->ChiusuraInCorso = Vero;
+        m_main.reset();
+        m_corpo.reset();
+        m_dir.reset();
+    }
+};
+
+TEST_F(FinestraStatistiche, ComputesTheWholeArchiveUnseenAtStart) {
+    EXPECT_FALSE(m_stat->isVisible());
+    EXPECT_EQ(lista("cmbDal")->count(), 4);
+    EXPECT_EQ(lista("cmbDal")->currentText(), QStringLiteral("01/06/2025"));
+    EXPECT_EQ(lista("cmbAl")->currentText(), QStringLiteral("04/06/2025"));
+    // The evening archive: the draw-number lists hidden, but at 1 and 288 to take whole dates.
+    EXPECT_TRUE(lista("cmbConcDal")->isHidden());
+    EXPECT_EQ(lista("cmbConcAl")->currentText(), QStringLiteral("288"));
+    int draws = 0;
+    for (int32_t v : m_stat->tabelle().pari)
+        draws += v;
+    EXPECT_EQ(draws, 20);
+    EXPECT_TRUE(std::filesystem::exists(m_stat->percorsoCsv()));
+    EXPECT_EQ(std::filesystem::path(m_stat->percorsoCsv()).parent_path(),
+              std::filesystem::path(m_corpo->AppDir) / "temp");
+    // The first chart: runs 01..20, its option black on yellow.
+    EXPECT_EQ(m_stat->graficoMostrato(), 0);
+    EXPECT_TRUE(opzione(0)->isChecked());
+    EXPECT_EQ(opzione(0)->palette().color(QPalette::Window), QColor(Qt::yellow));
+    EXPECT_EQ(righe().size(), 20);
+    EXPECT_EQ(righe().first(), QStringLiteral("01 -->      20"));
+}
+
+TEST_F(FinestraStatistiche, OptionsSwitchChartsAndTheFileOpensOnTheDesktop) {
+    QTest::mouseClick(opzione(4), Qt::LeftButton);
+    EXPECT_EQ(m_stat->graficoMostrato(), 4);
+    EXPECT_EQ(righe().first().left(9), QStringLiteral("0210-0280"));
+    EXPECT_TRUE(opzione(0)->palette().color(QPalette::Window) != QColor(Qt::yellow));
+    m_stat->optStat(5);
+    EXPECT_EQ(righe().size(), 90);
+    m_stat->findChild<QPushButton*>(QStringLiteral("cmdTxt"))->click();
+    EXPECT_EQ(m_dialogs->documents, std::vector<std::string>{m_stat->percorsoCsv()});
+}
+
+TEST_F(FinestraStatistiche, ShowsFromTheMenuAndHidesOnClose) {
+    QAction* voce = m_main->azione(QStringLiteral("menuStatistiche"));
+    EXPECT_TRUE(voce->isVisible());
+    voce->trigger();
+    EXPECT_TRUE(m_stat->isVisible());
+    m_stat->close();
+    EXPECT_FALSE(m_stat->isVisible());
+    EXPECT_EQ(m_main->findChild<frmStatistiche*>(), m_stat);
+}
+
+TEST_F(FinestraStatistiche, ArchiveChangeRebuildsListsForTheFiveMinuteArchive) {
+    m_corpo->TipoArchivio = Archivio5Minuti;
+    m_corpo->mArrEstrazioni.resize(11); // the first two days
+    m_main->finestre().aggiornaStatistiche();
+    EXPECT_FALSE(lista("cmbConcDal")->isHidden());
+    EXPECT_EQ(lista("cmbAl")->currentText(), QStringLiteral("02/06/2025"));
+    lista("cmbConcDal")->setCurrentIndex(2);
+    m_main->finestre().ricalcolaStatistiche();
+    EXPECT_EQ(m_stat->tabelle().ultimo - m_stat->tabelle().primo + 1, 8);
+}
+
+TEST_F(FinestraStatistiche, ForecastFromTheMostAndLeastFrequentNumbers) {
+    const std::vector<uint8_t> ordine = m_main->finestre().numeriPerFrequenza();
+    EXPECT_EQ(ordine.size(), size_t{90});
+    m_main->azione(QStringLiteral("mnu10piuFrequenti"))->trigger();
+    std::vector<int> attesi(ordine.begin(), ordine.begin() + 10);
+    std::sort(attesi.begin(), attesi.end());
+    EXPECT_EQ(scelti(), attesi);
+    m_main->azione(QStringLiteral("mnu30menoFrequenti"))->trigger();
+    attesi.assign(ordine.end() - 30, ordine.end());
+    std::sort(attesi.begin(), attesi.end());
+    EXPECT_EQ(scelti(), attesi);
+    EXPECT_EQ(int{m_corpo->pronostico.Quanti}, 30);
+}
+
+TEST_F(FinestraStatistiche, LanguageSectionsNameRealControls) {
+    for (const char* f : {"italiano.lng", "english.lng"})
+        test::controllaSezione(*m_stat, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(f));
+}
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
