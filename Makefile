@@ -19,8 +19,9 @@ $(RELEASE_DIR)/build.ninja: | deps
 build: deps $(RELEASE_DIR)/build.ninja
 	cmake --build $(RELEASE_DIR) -j $(JOBS)
 
+# With dorvanta-server --demo on the program's default address when nothing answers there.
 run: build
-	@if [ -x $(RELEASE_DIR)/dorvanta ]; then $(RELEASE_DIR)/dorvanta; else $(RELEASE_DIR)/dorvanta-cli --help; fi
+	@bash scripts/run-with-server.sh $(RELEASE_DIR)
 
 $(TEST_DIR)/build.ninja: | deps
 	cmake -S . -B $(TEST_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DDORVANTA_SANITIZE=ON \

@@ -1,5 +1,7 @@
-// dorvanta-server --data DIR [--listen ADDRESS] [--port PORT]
+// dorvanta-server --data DIR [--demo] [--listen ADDRESS] [--port PORT]
 // Serves the program's files from DIR. Prints the address it listens on, then one line a request.
+// --demo answers the two archive paths with synthetic draws made up from the date (DIR is then
+// optional): a fresh machine sees every archive window work without any real archive.
 #include "server/DataServer.h"
 
 #include <QCommandLineParser>
@@ -15,18 +17,26 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QStringLiteral("dorvanta-server"));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("The web server of Dorvanta: serves its files from a data folder."));
+    parser.setApplicationDescription(
+        QStringLiteral("The web server of Dorvanta: serves its files from a data folder."));
     parser.addHelpOption();
-    const QCommandLineOption data(QStringLiteral("data"), QStringLiteral("The data folder."), QStringLiteral("DIR"));
-    const QCommandLineOption listen(QStringLiteral("listen"), QStringLiteral("Address to listen on (127.0.0.1)."),
+    const QCommandLineOption data(QStringLiteral("data"), QStringLiteral("The data folder."),
+                                  QStringLiteral("DIR"));
+    const QCommandLineOption listen(QStringLiteral("listen"),
+                                    QStringLiteral("Address to listen on (127.0.0.1)."),
                                     QStringLiteral("ADDRESS"), QStringLiteral("127.0.0.1"));
     const QCommandLineOption port(QStringLiteral("port"), QStringLiteral("Port (8090; 0 for any free port)."),
                                   QStringLiteral("PORT"), QStringLiteral("8090"));
-    parser.addOptions({data, listen, port});
+    const QCommandLineOption demo(
+        QStringLiteral("demo"),
+        QStringLiteral("Serve synthetic demo draws (not real results) for the two archives."));
+    parser.addOptions({data, listen, port, demo});
     parser.process(app);
 
     QTextStream err(stderr);
-    if (!parser.isSet(data) || !QFileInfo(parser.value(data)).isDir()) {
+    const bool demoMode = parser.isSet(demo);
+    if ((!demoMode || parser.isSet(data)) &&
+        (!parser.isSet(data) || !QFileInfo(parser.value(data)).isDir())) {
         err << "dorvanta-server: --data DIR must name an existing folder\n";
         return 2;
     }
@@ -42,7 +52,8 @@ int main(int argc, char** argv) {
         return 2;
     }
 
-    DataServer server(parser.value(data));
+    DataServer server(parser.isSet(data) ? parser.value(data) : QString());
+    server.setDemo(demoMode);
     QTextStream out(stdout);
     server.log = [&out](const QString& line) { out << line << Qt::endl; };
     const quint16 actual = server.listen(address, static_cast<quint16>(wanted));
@@ -54,5 +65,9 @@ int main(int argc, char** argv) {
                              ? QStringLiteral("[%1]").arg(address.toString())
                              : address.toString();
     out << "Listening on http://" << host << ":" << actual << "/" << Qt::endl;
+    if (demoMode)
+        out << "Demo mode: the evening and five-minute archives are SYNTHETIC draws made up from the date, "
+               "not real results"
+            << Qt::endl;
     return app.exec();
 }

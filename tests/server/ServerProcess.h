@@ -12,9 +12,11 @@ namespace dv::test {
 
 class ServerProcess {
 public:
-    explicit ServerProcess(const QString& dataDir) {
+    // extra: further arguments, such as "--demo".
+    explicit ServerProcess(const QString& dataDir, const QStringList& extra = {}) {
         m_process.setProgram(QStringLiteral(DV_SERVER_BINARY));
-        m_process.setArguments({QStringLiteral("--data"), dataDir, QStringLiteral("--port"), QStringLiteral("0")});
+        m_process.setArguments(QStringList{QStringLiteral("--data"), dataDir, QStringLiteral("--port"), QStringLiteral("0")} +
+                               extra);
         m_process.start();
         if (!m_process.waitForStarted(10'000)) return;
         // The first line is "Listening on http://127.0.0.1:PORT/".
