@@ -14,8 +14,11 @@
 namespace dv {
 
 struct Finestre {
-    // The archive window: shown, and the archive it holds loaded again from its file.
+    // The archive window: shown, with the archive it holds.
     std::function<void()> mostraArchivio;
+    // The archive check's date lists rebuilt from mArrEstrazioni after the archive window changed
+    // it (populateCmbEstrazioni of frmSpoglioEstrazioni).
+    std::function<void()> popolaSpoglioEstrazioni;
     // The statistics window: shown; and its lists rebuilt and counts recomputed after the archive
     // in memory changed (aggiornaStatistiche does both, lists first). An update of the archive
     // recomputes first and then rebuilds the lists, a change of archive the other way round: the
