@@ -12,7 +12,8 @@ constexpr auto Attesa = std::chrono::milliseconds(400);
 constexpr int Larghezza = 30;
 } // namespace
 
-BarraProgresso::BarraProgresso(std::FILE* out) : m_out(out), m_terminale(isatty(fileno(out)) != 0) {}
+BarraProgresso::BarraProgresso(std::FILE* out, char sep)
+    : m_out(out), m_terminale(isatty(fileno(out)) != 0), m_sep(sep) {}
 
 void BarraProgresso::started(double) { m_inizio = std::chrono::steady_clock::now(); }
 
@@ -20,8 +21,8 @@ void BarraProgresso::progress(const ProgressInfo& info) {
     if (!m_terminale || std::chrono::steady_clock::now() - m_inizio < Attesa) return;
     const int pieni = info.bar * Larghezza / 100;
     const std::string barra = std::string(static_cast<size_t>(pieni), '#') + std::string(static_cast<size_t>(Larghezza - pieni), '.');
-    std::fprintf(m_out, "\r[%s] %3d%%  %s /%s  kept%s ", barra.c_str(), info.bar, FormatContatore(info.counter).c_str(),
-                 FormatContatore(info.total).c_str(), FormatContatore(info.kept).c_str());
+    std::fprintf(m_out, "\r[%s] %3d%%  %s /%s  kept%s ", barra.c_str(), info.bar, FormatContatore(info.counter, m_sep).c_str(),
+                 FormatContatore(info.total, m_sep).c_str(), FormatContatore(info.kept, m_sep).c_str());
     std::fflush(m_out);
     m_disegnata = true;
 }

@@ -11,7 +11,8 @@ namespace dv::cli {
 
 class BarraProgresso : public EngineObserver {
 public:
-    explicit BarraProgresso(std::FILE* out);
+    // sep groups the thousands of the counts, as the language in use does.
+    explicit BarraProgresso(std::FILE* out, char sep = '.');
     ~BarraProgresso() override { chiudi(); }
 
     void started(double total) override;
@@ -23,6 +24,7 @@ public:
 private:
     std::FILE* m_out;
     bool m_terminale;
+    char m_sep;
     bool m_disegnata = false;
     std::chrono::steady_clock::time_point m_inizio;
 };

@@ -164,13 +164,13 @@ int ComandoSviluppa(const std::string& in, const std::string& out, Ui& ui, RunCo
         return EsitoFileRifiutato;
     }
     const auto start = std::chrono::steady_clock::now();
-    BarraProgresso barra(stderr);
+    BarraProgresso barra(stderr, SeparatoreMigliaia(ui));
     const RunResult r = Elabora(*c, ui, ctl, barra);
     barra.chiudi();
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     if (!Salva(*c, ui, out)) return EsitoFileRifiutato;
-    std::printf("columns:     %s\n", FormatIntero(c->pronostico.NumColonne).c_str());
-    std::printf("candidates:  %s\n", FormatIntero(r.counter).c_str());
+    std::printf("columns:     %s\n", FormatIntero(c->pronostico.NumColonne, SeparatoreMigliaia(ui)).c_str());
+    std::printf("candidates:  %s\n", FormatIntero(r.counter, SeparatoreMigliaia(ui)).c_str());
     std::printf("description: %s\n", c->pronostico.Descrizione.c_str());
     std::printf("elapsed:     %s (%.3f s)\n", TestoTempoTrascorso(seconds).c_str(), seconds);
     return EsitoOk;
@@ -184,7 +184,7 @@ int ComandoMostra(const std::string& in, bool colonne, Ui& ui) {
     std::printf("length:      %d\n", static_cast<int>(c->LenColonna));
     std::printf("forecast:    %s [%d]\n", NumeriToString(p.Numeri.data(), p.Quanti, 1).c_str(), static_cast<int>(p.Quanti));
     std::printf("description: %s\n", p.Descrizione.c_str());
-    std::printf("columns:     %s\n", FormatIntero(p.NumColonne).c_str());
+    std::printf("columns:     %s\n", FormatIntero(p.NumColonne, SeparatoreMigliaia(ui)).c_str());
     StampaCondizioni(*c);
     if (colonne)
         for (int32_t j = 1; j <= p.NumColonne; ++j) std::printf("%s\n", RigaColonna(*c, j).c_str());
@@ -195,7 +195,7 @@ int ComandoEsportaTxt(const std::string& in, const std::string& out, Ui& ui) {
     auto c = std::make_unique<Corpo>();
     if (!Apri(*c, ui, in)) return EsitoFileRifiutato;
     if (!SalvaColonneTxt(*c, ui, out)) return EsitoFileRifiutato;
-    std::printf("File %s ok: %s columns\n", out.c_str(), FormatIntero(c->pronostico.NumColonne).c_str());
+    std::printf("File %s ok: %s columns\n", out.c_str(), FormatIntero(c->pronostico.NumColonne, SeparatoreMigliaia(ui)).c_str());
     return EsitoOk;
 }
 
@@ -206,7 +206,7 @@ int ComandoImportaTxt(const std::string& in, const std::string& out, Ui& ui) {
         return EsitoFileRifiutato;
     }
     if (!Salva(*c, ui, out)) return EsitoFileRifiutato;
-    std::printf("%s: %s columns of %d\n", out.c_str(), FormatIntero(c->pronostico.NumColonne).c_str(),
+    std::printf("%s: %s columns of %d\n", out.c_str(), FormatIntero(c->pronostico.NumColonne, SeparatoreMigliaia(ui)).c_str(),
                 static_cast<int>(c->LenColonna));
     return EsitoOk;
 }
@@ -217,7 +217,7 @@ int ComandoMescola(const std::string& in, const std::string& out, std::optional<
     const uint32_t s = seed ? *seed : SecondiDaMezzanotte();
     MescolaColonne(*c, ui, s);
     if (!Salva(*c, ui, out)) return EsitoFileRifiutato;
-    std::printf("%s: %s columns shuffled with seed %u\n", out.c_str(), FormatIntero(c->pronostico.NumColonne).c_str(),
+    std::printf("%s: %s columns shuffled with seed %u\n", out.c_str(), FormatIntero(c->pronostico.NumColonne, SeparatoreMigliaia(ui)).c_str(),
                 s);
     return EsitoOk;
 }

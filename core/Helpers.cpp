@@ -151,7 +151,7 @@ void AvvisoLimiteColonne(Ui& ui) {
     std::string testo = ui.Lang("0012");
     testo += '\n';
     testo += ui.Lang("0064");
-    testo += FormatContatore(MaxColonne);
+    testo += FormatContatore(MaxColonne, SeparatoreMigliaia(ui));
     ui.messageBox(testo, ui.Lang("0055"), BoxIcon::Critical);
 }
 

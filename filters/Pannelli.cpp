@@ -19,9 +19,9 @@ int IndiceDopo(int indice, Spostamento s, int passoLungo, int ultimo) {
     return std::clamp(nuovo, 1, ultimo);
 }
 
-std::string FormatPannello(int32_t value) {
+std::string FormatPannello(int32_t value, char sep) {
     const int32_t assoluto = value < 0 ? -value : value;
-    std::string testo = assoluto < 10 ? "0" + std::to_string(assoluto) : FormatIntero(assoluto);
+    std::string testo = assoluto < 10 ? "0" + std::to_string(assoluto) : FormatIntero(assoluto, sep);
     return value < 0 ? "-" + testo : testo;
 }
 

@@ -18,7 +18,7 @@ int IndiceDopo(int indice, Spostamento s, int passoLungo, int ultimo);
 
 // A panel number or count as the windows show it: at least two digits, thousands grouped
 // ("05", "150.000"); a negative count keeps its sign.
-std::string FormatPannello(int32_t value);
+std::string FormatPannello(int32_t value, char sep = '.');
 
 // Rewrites the table from index 1 with its ON records (Stato -1) first and all the others
 // behind them, each group in table order, and sets the count to the number of ON records.

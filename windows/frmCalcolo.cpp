@@ -16,19 +16,7 @@
 
 namespace dv {
 
-char SeparatoreMigliaia() {
-    const QString sep = QLocale().groupSeparator();
-    if (sep.size() == 1 && sep.at(0).unicode() < 128) return static_cast<char>(sep.at(0).unicode());
-    return '.';
-}
-
 namespace {
-// A count as the progress window and its question show it, " #,###,###,###,##0".
-std::string contatore(double value) {
-    std::string text(1, ' ');
-    text += FormatIntero(value, SeparatoreMigliaia());
-    return text;
-}
 
 QLabel* etichetta(QWidget* parent, const char* name, const QString& text, Qt::Alignment align) {
     auto* l = new QLabel(text, parent);
@@ -40,7 +28,7 @@ QLabel* etichetta(QWidget* parent, const char* name, const QString& text, Qt::Al
 
 frmCalcolo::frmCalcolo(QtUi& ui, RunControl& control, QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::WindowTitleHint | Qt::CustomizeWindowHint), m_ui(ui),
-      m_control(control) {
+      m_control(control), m_migliaia(SeparatoreMigliaia(ui)) {
     setObjectName(QStringLiteral("frmCalcolo"));
     setWindowTitle(QStringLiteral("Elaborazione in corso..."));
 
@@ -101,7 +89,7 @@ frmCalcolo::frmCalcolo(QtUi& ui, RunControl& control, QWidget* parent)
 }
 
 QString frmCalcolo::conta(double value) const {
-    return QString::fromStdString(contatore(value));
+    return QString::fromStdString(FormatContatore(value, m_migliaia));
 }
 
 void frmCalcolo::mostraIntegrale(double total) {
@@ -126,9 +114,10 @@ void frmCalcolo::mostraLimite(const ProgressInfo& info) {
 
 void frmCalcolo::annulla() {
     m_ui.dialogs().beep();
-    const std::string text = m_ui.Lang("0001") + contatore(m_colonneIntegrale) + "\n" + m_ui.Lang("0002") +
-                             contatore(m_colonneElaborate) + "\n" + m_ui.Lang("0003") +
-                             contatore(m_colonneSistema) + "\n" + m_ui.Lang("0004");
+    const std::string text = m_ui.Lang("0001") + FormatContatore(m_colonneIntegrale, m_migliaia) + "\n" +
+                             m_ui.Lang("0002") + FormatContatore(m_colonneElaborate, m_migliaia) + "\n" +
+                             m_ui.Lang("0003") + FormatContatore(m_colonneSistema, m_migliaia) + "\n" +
+                             m_ui.Lang("0004");
     if (m_ui.dialogs().questionBox(this, text, windowTitle().toStdString(), BoxIcon::Question))
         m_control.StopElaborazione = true;
 }

@@ -52,9 +52,7 @@ private:
     double m_colonneElaborate = 0;
     double m_colonneSistema = 0;
     double m_colonneIntegrale = 0;
+    char m_migliaia; // the language's separator of thousands
 };
-
-// The thousands separator of the user's locale, as one character ('.' when it is not one).
-char SeparatoreMigliaia();
 
 } // namespace dv

@@ -1,5 +1,7 @@
 #include "windows/frmFiltriPannelli.h"
 
+#include "core/Helpers.h"
+
 #include "platform/ApplyLanguage.h"
 
 #include <QEvent>
@@ -135,10 +137,11 @@ void DialogoPannelli::mostraStato() {
     // The chosen option is black on yellow; the other keeps the system's colours.
     Colora(*m_optCond[on ? 0 : 1], 0x00FFFF);
     Colora(*m_optCond[on ? 1 : 0], -1);
-    m_lblnFiltro->setText(QString::fromStdString(FormatPannello(m_editor->indice())));
-    m_lblTotFiltri->setText(QString::fromStdString(FormatPannello(m_editor->ultimo())));
-    m_lblTotFiltriON->setText(QString::fromStdString(FormatPannello(m_editor->totaleON())));
-    m_lblTotFiltriOFF->setText(QString::fromStdString(FormatPannello(m_editor->totaleOFF())));
+    const char sep = SeparatoreMigliaia(m_ui);
+    m_lblnFiltro->setText(QString::fromStdString(FormatPannello(m_editor->indice(), sep)));
+    m_lblTotFiltri->setText(QString::fromStdString(FormatPannello(m_editor->ultimo(), sep)));
+    m_lblTotFiltriON->setText(QString::fromStdString(FormatPannello(m_editor->totaleON(), sep)));
+    m_lblTotFiltriOFF->setText(QString::fromStdString(FormatPannello(m_editor->totaleOFF(), sep)));
 }
 
 void DialogoPannelli::completaCaricamento() {

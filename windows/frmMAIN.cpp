@@ -16,7 +16,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -100,10 +99,11 @@ void frmMAIN::refreshConditionMarks() {
 }
 
 void frmMAIN::ViewStatusBar() {
-    const QLocale locale;
+    const char migliaia = SeparatoreMigliaia(*m_ui);
     m_pannelli[0]->setText(QString::fromStdString(m_corpo.TitoloFile));
-    m_pannelli[1]->setText(locale.toString(static_cast<qlonglong>(m_corpo.pronostico.NumColonne)));
-    m_pannelli[2]->setText(QStringLiteral("\u20AC ") + locale.toString(CostoSistema(m_corpo), 'f', 2));
+    m_pannelli[1]->setText(QString::fromStdString(FormatIntero(m_corpo.pronostico.NumColonne, migliaia)));
+    m_pannelli[2]->setText(QStringLiteral("\u20AC ") +
+                           QString::fromStdString(FormatDecimale(CostoSistema(m_corpo), migliaia, SeparatoreDecimali(*m_ui))));
     m_pannelli[3]->setText(QString::fromStdString(m_corpo.pronostico.Descrizione));
     m_pannelli[3]->setToolTip(m_pannelli[3]->text());
 }
@@ -114,7 +114,7 @@ void frmMAIN::Sblocca_x_Ricalcolo() {
 
 void frmMAIN::AggiornaIntegrale() {
     m_lblIntegrale->setText(
-        QString::fromStdString(FormatIntero(IntegraleMostrato(m_corpo), SeparatoreMigliaia())));
+        QString::fromStdString(FormatIntero(IntegraleMostrato(m_corpo), SeparatoreMigliaia(*m_ui))));
     m_lblIntegrale->setToolTip(QString::fromStdString(m_ui->Lang("0001")));
 }
 

@@ -144,6 +144,14 @@ TEST_F(DorvantaCli, UsageErrorsExitWithTwo) {
     EXPECT_EQ(Esegui("develop --help").rc, 0);
 }
 
+TEST_F(DorvantaCli, SummariesGroupFiguresAsTheLanguageDoes) {
+    ASSERT_EQ(Esegui("new -o " + f("a.dvs") + " --numbers 1-15 --length 5").rc, 0);
+    EXPECT_NE(Esegui("develop " + f("a.dvs") + " -o " + f("b.dvs")).out.find("candidates:  3.003\n"), std::string::npos);
+    const std::string english = "'" + std::string(DV_SOURCE_DIR) + "/languages/english.lng'";
+    const auto dev = Esegui("--language " + english + " develop " + f("a.dvs") + " -o " + f("b.dvs"));
+    EXPECT_NE(dev.out.find("candidates:  3,003\n"), std::string::npos) << dev.out;
+}
+
 TEST_F(DorvantaCli, WrongCommandLinesSayWhatIsWrong) {
     const auto unknown = EseguiErr("frobnicate --flag");
     EXPECT_EQ(unknown.rc, 2);

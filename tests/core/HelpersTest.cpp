@@ -33,6 +33,15 @@ TEST(Helpers, NumberFormats) {
     EXPECT_EQ(col[2], 9);
 }
 
+TEST(Helpers, FiguresAreGroupedAsTheLanguageSays) {
+    test::FakeUi ui;
+    EXPECT_EQ(FormatDecimale(1234.5, SeparatoreMigliaia(ui), SeparatoreDecimali(ui)), "1.234,50");
+    ui.texts = {{"0221", ","}, {"0222", "."}};
+    EXPECT_EQ(FormatDecimale(1234.5, SeparatoreMigliaia(ui), SeparatoreDecimali(ui)), "1,234.50");
+    EXPECT_EQ(FormatDecimale(0.004, ',', '.'), "0.00");
+    EXPECT_EQ(FormatDecimale(999.999, ',', '.'), "1,000.00");
+}
+
 TEST(Helpers, ElapsedTimeText) {
     EXPECT_EQ(TestoTempoTrascorso(5), "0 Days 00:00:05");
     EXPECT_EQ(TestoTempoTrascorso(86400 + 3723), "1 Day 01:02:03");

@@ -196,6 +196,16 @@ private slots:
         QCOMPARE(m_dialogs->boxes.size(), size_t{1});
         QCOMPARE(m_dialogs->boxes[0].text, "Cartella " + m_corpo->AppDir + " non aperta");
     }
+
+    void figuresAreGroupedByTheLanguageInUse() {
+        scegliDa1A(90);
+        QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("5.720.645.481.903"));
+        std::ofstream(fs::path(m_corpo->AppDir) / "dorvantaqvn.ini") << "[IMPOSTAZIONI]\nLINGUA=altra\n";
+        sulModale([](QWidget* w) { w->close(); });
+        m_main->azione(QStringLiteral("menuImpostazioni"))->trigger();
+        QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("5,720,645,481,903"));
+        QCOMPARE(pannello(3), QStringLiteral("\u20AC 0.00"));
+    }
 };
 
 QTEST_MAIN(frmMAINUtenteTest)
