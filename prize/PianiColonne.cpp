@@ -159,19 +159,24 @@ void Classifica(const PianiColonne& p, int32_t b, uint64_t scelte, const Estrazi
     for (const PianiColonne::Speciale* s = p.specialiDa(b); s != p.specialiA(b); ++s) {
         const uint64_t bit = uint64_t{1} << ((s->colonna - 1) & 63);
         if ((scelte & bit) == 0) continue;
-        int h = 0;
-        bool oro1 = false, oro2 = false;
-        for (int i = 0; i < s->len; ++i) {
-            const uint8_t v = s->numeri[static_cast<size_t>(i)];
-            if (!e.presente(v)) continue;
-            ++h;
-            if (v == e.oro) oro1 = true;
-            if (v == e.doppio) oro2 = true;
-        }
+        const auto [h, k] = ClasseSpeciale(*s, e);
         while (out.hMax < h)
             out.m[static_cast<size_t>(++out.hMax)] = {};
-        out.m[static_cast<size_t>(h)][static_cast<size_t>(oro1 + 2 * oro2)] |= bit;
+        out.m[static_cast<size_t>(h)][static_cast<size_t>(k)] |= bit;
     }
+}
+
+std::pair<int, int> ClasseSpeciale(const PianiColonne::Speciale& s, const EstrazionePiani& e) {
+    int h = 0;
+    bool oro1 = false, oro2 = false;
+    for (int i = 0; i < s.len; ++i) {
+        const uint8_t v = s.numeri[static_cast<size_t>(i)];
+        if (!e.presente(v)) continue;
+        ++h;
+        if (v == e.oro) oro1 = true;
+        if (v == e.doppio) oro2 = true;
+    }
+    return {h, oro1 + 2 * oro2};
 }
 
 } // namespace dv

@@ -8,9 +8,12 @@
 #include "core/ColumnStore.h"
 #include "system_files/ColonneTesto.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
+#include <bit>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace dv {
@@ -104,6 +107,59 @@ struct ClassiBlocco {
 // position, as the rules count them.
 void Classifica(const PianiColonne& p, int32_t b, uint64_t scelte, const EstrazionePiani& e,
                 ClassiBlocco& out);
+
+// Columns counted by hits over a run of blocks: tutte[h] all of them, oro1[h] those holding the
+// Numero Oro among their hits, oro2[h] the Doppio Oro, entrambi[h] both.
+struct SommeClassi {
+    std::array<int32_t, 26> tutte{}, oro1{}, oro2{}, entrambi{};
+};
+
+// The hits of special column s against the draw, and its Oro flags (bit 0, bit 1).
+std::pair<int, int> ClasseSpeciale(const PianiColonne::Speciale& s, const EstrazionePiani& e);
+
+// Adds the columns of blocks b0..b1-1 to s by category. The counting of Classifica without its
+// masks: the loop that checks a whole archive.
+inline void ContaBlocchi(const PianiColonne& p, int32_t b0, int32_t b1, const EstrazionePiani& e,
+                         SommeClassi& s) {
+    const int bits = std::bit_width(static_cast<unsigned>(e.n));
+    const int hMax = std::min(e.n, p.len());
+    const bool conOro = e.pianoOro >= 0 || e.pianoDoppio >= 0;
+    for (int32_t b = b0; b < b1; ++b) {
+        const uint64_t* w = p.blocco(b);
+        std::array<uint64_t, 5> c{};
+        for (int i = 0; i < e.n; ++i) {
+            uint64_t carry = w[e.piani[static_cast<size_t>(i)]];
+            for (int k = 0; k < bits; ++k) {
+                const uint64_t t = c[static_cast<size_t>(k)] & carry;
+                c[static_cast<size_t>(k)] ^= carry;
+                carry = t;
+            }
+        }
+        const uint64_t sel = p.ordinarie(b);
+        const uint64_t a1 = e.pianoOro >= 0 ? w[e.pianoOro] : 0;
+        const uint64_t a2 = e.pianoDoppio >= 0 ? w[e.pianoDoppio] : 0;
+        for (int h = 0; h <= hMax; ++h) {
+            uint64_t eq = sel;
+            for (int k = 0; k < bits; ++k)
+                eq &= ((h >> k) & 1) ? c[static_cast<size_t>(k)] : ~c[static_cast<size_t>(k)];
+            const size_t i = static_cast<size_t>(h);
+            s.tutte[i] += std::popcount(eq);
+            if (conOro) {
+                s.oro1[i] += std::popcount(eq & a1);
+                s.oro2[i] += std::popcount(eq & a2);
+                s.entrambi[i] += std::popcount(eq & a1 & a2);
+            }
+        }
+        for (const PianiColonne::Speciale* x = p.specialiDa(b); x != p.specialiA(b); ++x) {
+            const auto [h, k] = ClasseSpeciale(*x, e);
+            const size_t i = static_cast<size_t>(h);
+            ++s.tutte[i];
+            s.oro1[i] += k & 1;
+            s.oro2[i] += k >> 1;
+            s.entrambi[i] += k == 3;
+        }
+    }
+}
 
 // Runs f(0) here and, when two threads are worth it, f(1) on a second thread; f(i) does its
 // share i of n.

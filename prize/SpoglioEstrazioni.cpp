@@ -158,6 +158,7 @@ RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, const PianiColonne& piani,
     const size_t nd = estrazioni.size();
     std::vector<std::array<int32_t, 44>> conteggi(nd);
     std::vector<int32_t> vinto(nd, 0);
+    std::vector<SommeClassi> somme(ordinato ? 0 : nd);
     const int32_t blocchi = piani.blocchi();
     const int32_t passo = 157; // blocks in about 10,000 columns
     DueParti(nd >= 2 && int64_t{blocchi} * static_cast<int64_t>(nd) >= 4096, [&](int t, int n) {
@@ -168,7 +169,11 @@ RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, const PianiColonne& piani,
         for (int32_t b0 = 0; b0 < blocchi; b0 += passo) {
             if (avanzamento.stop.load(std::memory_order_relaxed)) return;
             const int32_t b1 = std::min(blocchi, b0 + passo);
-            for (int32_t b = b0; b < b1; ++b)
+            // Whole prizes: each draw counts a run of blocks small enough to stay in cache.
+            for (int32_t c0 = b0; !ordinato && c0 < b1; c0 += 32)
+                for (size_t d = d0; d < d1; ++d)
+                    ContaBlocchi(piani, c0, std::min(b1, c0 + 32), estrazioni[d], somme[d]);
+            for (int32_t b = b0; ordinato && b < b1; ++b)
                 for (size_t d = d0; d < d1; ++d) {
                     Classifica(piani, b, ~uint64_t{0}, estrazioni[d], classi);
                     auto& conta = conteggi[d];
@@ -197,6 +202,15 @@ RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, const PianiColonne& piani,
         r.fermato = true;
         return r;
     }
+
+    for (size_t d = 0; d < somme.size(); ++d)
+        for (size_t h = 0; h <= static_cast<size_t>(len); ++h) {
+            const SommeClassi& x = somme[d];
+            conteggi[d][h * 4 + 3] = x.entrambi[h];
+            conteggi[d][h * 4 + 1] = x.oro1[h] - x.entrambi[h];
+            conteggi[d][h * 4 + 2] = x.oro2[h] - x.entrambi[h];
+            conteggi[d][h * 4] = x.tutte[h] - x.oro1[h] - x.oro2[h] + x.entrambi[h];
+        }
 
     // 4. Each draw's row and the totals, in the order of the stretch.
     r.Totali[14] = 10;
