@@ -217,6 +217,13 @@ private:
 
 } // namespace
 
+std::string HostWeb(const std::string& url) {
+    const size_t schema = url.find("://");
+    const size_t inizio = schema == std::string::npos ? 0 : schema + 3;
+    const size_t fine = url.find('/', inizio);
+    return url.substr(inizio, fine == std::string::npos ? std::string::npos : fine - inizio);
+}
+
 bool ControllaTabulato(const OpzioniTabulato& o, Ui& ui) {
     if (o.colonne || o.pronostico) return true;
     ui.messageBox(ui.Lang("0039"), "", BoxIcon::Exclamation);

@@ -32,6 +32,9 @@ inline constexpr int BlocchiPaginaSeguente = 5;
 // The pictures that a listing paints, by name.
 inline constexpr const char* ImmaginiTabulato[4] = {"logoColor", "logoBW", "vietatoColor", "vietatoBW"};
 
+// The host of a web address: "http://host:port/path" gives "host:port".
+std::string HostWeb(const std::string& url);
+
 // False, after the box of "0039", when neither the columns nor the forecast are to be printed:
 // then no job is started.
 bool ControllaTabulato(const OpzioniTabulato& o, Ui& ui);

@@ -111,7 +111,7 @@ TEST_F(Slip, TextsFollowTheHeaderPositionAndTheTitleLine) {
     ASSERT_NE(it, ops.end());
     EXPECT_TRUE(std::equal(attese.begin(), attese.end(), it));
     // The price starts at the number 1's x, on the line below the title.
-    EXPECT_EQ(*(it + 7), "pos 10.80 6.83");
+    EXPECT_EQ(*(it + 7), "pos 10.80 6.66");
 }
 
 TEST_F(Slip, RangeIsCheckedBeforeAnythingIsPrinted) {

@@ -1,0 +1,116 @@
+// The renderer on real PDF files, rendered back to pictures by pdftoppm (poppler-utils).
+#include "platform/StampanteQt.h"
+#include "print/Schedine.h"
+#include "print/Tabulato.h"
+
+#include "settings/TempDir.h"
+#include "support/FakeUi.h"
+
+#include <QGuiApplication>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace dv {
+namespace {
+
+struct Render : ::testing::Test {
+    test::TempDir dir;
+    Corpo c;
+    test::FakeUi ui;
+
+    Render() {
+        c.LenColonna = 10;
+        c.TitoloFile = "prova.dvs";
+        c.pronostico.NumColonne = 61;
+        for (int32_t j = 1; j <= 61; ++j)
+            for (int p = 1; p <= 10; ++p)
+                c.Colonne.set(j, p, static_cast<uint8_t>((j + p) % 90 + 1));
+    }
+    // The pages of a PDF rendered at dpi, one picture each.
+    std::vector<QImage> pagine(const std::string& pdf, int dpi) {
+        const std::string prefix = dir.file("pag");
+        const std::string cmd = "pdftoppm -r " + std::to_string(dpi) + " -png '" + pdf + "' '" + prefix + "'";
+        EXPECT_EQ(std::system(cmd.c_str()), 0) << cmd;
+        std::vector<QImage> out;
+        for (int i = 1;; ++i) {
+            std::string f = prefix + "-" + std::to_string(i) + ".png";
+            if (!std::filesystem::exists(f)) f = prefix + "-0" + std::to_string(i) + ".png";
+            if (!std::filesystem::exists(f)) break;
+            out.emplace_back(QString::fromStdString(f));
+            std::filesystem::remove(f);
+        }
+        return out;
+    }
+    static bool nero(const QImage& img, double xMm, double yMm, int dpi) {
+        const QColor c =
+            img.pixelColor(static_cast<int>(xMm / 25.4 * dpi), static_cast<int>(yMm / 25.4 * dpi));
+        return c.lightness() < 80;
+    }
+};
+
+TEST_F(Render, SlipsGiveOnePageEachAndMarksFallOnTheCalibration) {
+    const std::string pdf = dir.file("schede.pdf");
+    auto job = LavoroStampa::pdf(pdf);
+    struct : AvanzamentoSchedine {
+        bool fermata() override { return false; }
+        void scheda(int32_t, const std::string&) override {}
+    } avanzamento;
+    SlipCalibration cal;
+    cal.POSX_UNO = 20.0f;
+    StampaScheda10eLottoNew(c, cal, {}, {1, 3}, job->operazioni(), avanzamento, ui);
+    std::string errore;
+    ASSERT_TRUE(job->concludi(errore)) << errore;
+    EXPECT_FALSE(std::filesystem::exists(pdf + ".tmp"));
+    const auto p = pagine(pdf, 127); // 5 pixels a millimetre
+    ASSERT_EQ(p.size(), 3u);
+    // Column 1 holds 3 to 12: the third box of the first row is marked, 2 * 7.8 mm right of
+    // the number 1, and the first two are not; the mark is 2 mm wide.
+    EXPECT_TRUE(nero(p[0], 20 + 2 * 7.8 + 1, 26 + 1, 127));
+    EXPECT_FALSE(nero(p[0], 20 + 1, 26 + 1, 127));
+    EXPECT_FALSE(nero(p[0], 20 + 7.8 + 1, 26 + 1, 127));
+    EXPECT_FALSE(nero(p[0], 20 + 2 * 7.8 + 2.5, 26 + 1, 127));
+}
+
+TEST_F(Render, ListingAndTestPageHaveTheirPages) {
+    const std::string listing = dir.file("tabulato.pdf");
+    auto job = LavoroStampa::pdf(listing);
+    OpzioniTabulato o;
+    o.copie = 2;
+    StampaTabulato(c, o, job->operazioni(), ui);
+    std::string errore;
+    ASSERT_TRUE(job->concludi(errore)) << errore;
+    // 61 columns: four blocks, a page break after the third; each copy on sheets of its own.
+    EXPECT_EQ(pagine(listing, 20).size(), 4u);
+
+    const std::string test = dir.file("test.pdf");
+    job = LavoroStampa::pdf(test);
+    StampaTestTaratura(c, SlipCalibration{}, {}, job->operazioni());
+    ASSERT_TRUE(job->concludi(errore)) << errore;
+    const auto p = pagine(test, 127);
+    ASSERT_EQ(p.size(), 1u);
+    EXPECT_TRUE(nero(p[0], 10.8 + 9 * 7.8 + 1, 26 + 8 * 7.8 + 1, 127)); // number 90
+    EXPECT_TRUE(nero(p[0], 14.8 + 19 + 20 + 21 + 1, 142 + 1, 127));     // fourth game option
+}
+
+TEST_F(Render, UnwritableFileIsReported) {
+    auto job = LavoroStampa::pdf(dir.file("no/such/folder/x.pdf"));
+    StampaTestTaratura(c, SlipCalibration{}, {}, job->operazioni());
+    std::string errore;
+    EXPECT_FALSE(job->concludi(errore));
+    EXPECT_NE(errore.find("x.pdf"), std::string::npos);
+}
+
+} // namespace
+} // namespace dv
+
+int main(int argc, char** argv) {
+    // No screen is needed to paint on files.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
