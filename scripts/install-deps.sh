@@ -10,6 +10,7 @@ packages=(
   qt6-charts-dev libqt6opengl6-dev libgl-dev
   clang libclang-rt-14-dev
   ccache
+  poppler-utils fonts-liberation2 fonts-comic-neue fonts-inconsolata
   zlib1g-dev
 )
 
