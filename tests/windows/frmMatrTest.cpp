@@ -1,0 +1,192 @@
+// frmMatr on the offscreen platform: both ways of opening, the enabling rules and red labels, an
+// adaptation through the order window, the cancelled text dialog, and the update from
+// dorvanta-server with a hostile list.
+#include "windows/frmMatr.h"
+#include "core/Cartelle.h"
+#include "matrix/Matrice.h"
+
+#include "matrix/SupportoMatrici.h"
+#include "server/ServerProcess.h"
+#include "support/FakeUi.h"
+#include "windows/LanguageSectionCheck.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace dv {
+namespace {
+
+using test::MatriceDi;
+
+class frmMatrTest : public testing::Test {
+protected:
+    frmMatrTest() {
+        ImpostaAppDir(corpo, dir.path().toStdString());
+        // A forecast of 5 numbers, columns of 3.
+        corpo.LenColonna = 3;
+        corpo.pronostico.Quanti = 5;
+        for (int i = 0; i < 5; ++i) {
+            corpo.pronostico.Numeri[static_cast<size_t>(i)] = static_cast<uint8_t>(10 * (i + 1));
+            corpo.Griglia[static_cast<size_t>(10 * (i + 1) - 1)] = true;
+        }
+        const double oggi = OggiSeriale();
+        ScriviMatrice(matrice("buona.mqvn"),
+                      MatriceDi(5, 2, 3, {{1, 2, 3}, {1, 4, 5}, {2, 4, 5}}, oggi - 10, oggi));
+        ScriviMatrice(matrice("scaduta.mqvn"),
+                      MatriceDi(5, 3, 3, {{1, 2, 3}, {3, 4, 5}}, oggi - 10, oggi - 1));
+        ScriviMatrice(matrice("altra.mqvn"), MatriceDi(6, 3, 3, {{1, 2, 3}, {4, 5, 6}}));
+    }
+    std::string matrice(const std::string& nome) {
+        return PercorsoIn(corpo.AppDir, {"matrici", nome.c_str()});
+    }
+    template <typename T> T* trova(QWidget& w, const char* nome) {
+        return w.findChild<T*>(QString::fromLatin1(nome));
+    }
+    // Clicks the row of flQVN whose file is nome.
+    void scegli(frmMatr& f, const std::string& nome) {
+        auto* lista = trova<QListWidget>(f, "flQVN");
+        int riga = 0;
+        for (size_t i = 0; i < f.catalogo().size(); ++i)
+            if (!f.catalogo()[i].FILE_NAME.empty() && f.catalogo()[i].FILE_NAME != nome)
+                ++riga;
+            else if (f.catalogo()[i].FILE_NAME == nome)
+                break;
+        lista->setCurrentRow(riga);
+    }
+    ServiziMatrici servizi() {
+        ServiziMatrici s;
+        s.ordina = [this] {
+            ++ordini;
+            std::swap(corpo.pronostico.Numeri[0], corpo.pronostico.Numeri[4]); // the user's new order
+        };
+        s.chiedi = [](const std::string&, const std::string& p) { return std::optional<std::string>(p); };
+        s.download = [](const std::string&, const std::string&) { return false; };
+        s.apriCartella = [this](const std::string& p) { cartelle.push_back(p); };
+        return s;
+    }
+
+    QTemporaryDir dir;
+    Corpo corpo;
+    test::FakeUi ui;
+    Impostazioni imp;
+    int ordini = 0;
+    std::vector<std::string> cartelle;
+};
+
+TEST_F(frmMatrTest, AdaptModeListsWhatFitsWithTheCustomRowAndEnablesByTheRow) {
+    frmMatr f(corpo, ui, imp, frmMatr::Modo::Adatta, nullptr, servizi());
+    ASSERT_EQ(f.catalogo().size(), 3u);
+    EXPECT_EQ(f.windowTitle(), "<0019> (3)");
+    auto* lista = trova<QListWidget>(f, "flQVN");
+    EXPECT_EQ(lista->item(0)->text(), "  0 |  0 |  0 |  0 |  0 |      0 | ");
+    EXPECT_EQ(lista->item(1)->text().left(10).toStdString(), "  5 |  3 |");
+    EXPECT_EQ(lista->font().family(), "Courier New");
+    auto* adatta = trova<QPushButton>(f, "cmdAdatta");
+    auto* txt = trova<QPushButton>(f, "cmdMatriceTXT");
+    EXPECT_FALSE(adatta->isHidden());
+    EXPECT_TRUE(trova<QPushButton>(f, "cmdUpdateMatrix")->isHidden());
+    EXPECT_TRUE(trova<QPushButton>(f, "cmdOpenDir")->isHidden());
+
+    scegli(f, "CUSTOM");
+    EXPECT_FALSE(adatta->isEnabled());
+    EXPECT_TRUE(txt->isEnabled());
+    EXPECT_EQ(trova<QLineEdit>(f, "txtAuthor")->text(), "NORVANE");
+
+    scegli(f, "scaduta.mqvn");
+    EXPECT_EQ(trova<QLineEdit>(f, "txtColMatrix")->text(), "2");
+    EXPECT_EQ(trova<QLabel>(f, "lblScaduta")->text(), "<0010>");
+    EXPECT_EQ(trova<QLabel>(f, "lblScaduta")->palette().color(QPalette::Window), QColor(Qt::red));
+    EXPECT_TRUE(trova<QLabel>(f, "lblOK")->text().isEmpty());
+    EXPECT_FALSE(adatta->isEnabled());
+    EXPECT_FALSE(txt->isEnabled());
+
+    scegli(f, "buona.mqvn");
+    EXPECT_TRUE(trova<QLabel>(f, "lblScaduta")->text().isEmpty());
+    EXPECT_EQ(trova<QLineEdit>(f, "txtValidTo")->text().toStdString(), DataGGMMAAAA(OggiSeriale()));
+    ASSERT_TRUE(adatta->isEnabled());
+    adatta->click();
+    EXPECT_EQ(ordini, 1);
+    EXPECT_EQ(f.result(), QDialog::Accepted);
+    // The order 50 20 30 40 10: column 1 (indices 1 2 3) is 20 30 50.
+    EXPECT_EQ(corpo.pronostico.NumColonne, 3);
+    EXPECT_EQ(corpo.Colonne.get(1, 1), 20);
+    EXPECT_EQ(corpo.Colonne.get(1, 3), 50);
+    EXPECT_EQ(corpo.pronostico.Descrizione, "<0018> N-1");
+    EXPECT_EQ(corpo.SistemaBloccato, -1);
+}
+
+TEST_F(frmMatrTest, CancelledTextDialogLeavesAnEmptySystemAndADamagedFileShowsRed) {
+    corpo.pronostico.NumColonne = 7;
+    corpo.pronostico.Descrizione = "vecchio";
+    {
+        std::fstream file(matrice("buona.mqvn"), std::ios::in | std::ios::out | std::ios::binary);
+        file.seekp(145);
+        file.put(4);
+    }
+    frmMatr f(corpo, ui, imp, frmMatr::Modo::Adatta, nullptr, servizi());
+    scegli(f, "buona.mqvn");
+    EXPECT_EQ(trova<QLabel>(f, "lblOK")->text(), "<0009>");
+    EXPECT_FALSE(trova<QPushButton>(f, "cmdAdatta")->isEnabled());
+    scegli(f, "CUSTOM");
+    trova<QPushButton>(f, "cmdMatriceTXT")->click(); // the chooser answers Cancel
+    EXPECT_EQ(f.result(), QDialog::Accepted);
+    EXPECT_EQ(ordini, 0);
+    EXPECT_EQ(corpo.pronostico.NumColonne, 0);
+    EXPECT_EQ(corpo.pronostico.Descrizione, "");
+    EXPECT_EQ(corpo.pronostico.Quanti, 5);
+
+    for (const char* lng : {"italiano.lng", "english.lng"})
+        test::controllaSezione(f, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(lng));
+}
+
+#ifdef DV_SERVER_BINARY
+TEST_F(frmMatrTest, UpdateFromTheServerSkipsHostileNamesAndListsEverything) {
+    QTemporaryDir dati;
+    const QString base = dati.path() + QStringLiteral("/public/10elotto");
+    std::filesystem::create_directories((base + QStringLiteral("/matrici")).toStdString());
+    ScriviMatrice((base + QStringLiteral("/matrici/NUOVA.DAT")).toStdString(),
+                  MatriceDi(7, 2, 2, {{1, 2, 3, 4, 5, 6, 7}}));
+    std::ofstream((base + QStringLiteral("/lista.asp")).toStdString(), std::ios::binary)
+        << "nuova.dat\r\n../../../escape.DAT\r\nsub%2Fx.DAT\r\nmancante.DAT\r\n";
+    test::ServerProcess server(dati.path());
+    ASSERT_TRUE(server.running());
+    imp.Server = server.base();
+
+    auto s = servizi();
+    s.download = {}; // the real download
+    frmMatr f(corpo, ui, imp, frmMatr::Modo::Elenco, nullptr, s);
+    EXPECT_TRUE(trova<QPushButton>(f, "cmdAdatta")->isHidden());
+    EXPECT_EQ(f.catalogo().size(), 3u); // no custom row without a filter
+    trova<QPushButton>(f, "cmdUpdateMatrix")->click();
+    EXPECT_TRUE(f.isEnabled());
+    EXPECT_TRUE(trova<QWidget>(f, "frameInfo")->isVisibleTo(&f));
+    ASSERT_EQ(f.catalogo().size(), 4u);
+    EXPECT_EQ(f.windowTitle(), "<0019> (4)");
+    EXPECT_TRUE(std::filesystem::exists(matrice("NUOVA.mqvn")));
+    EXPECT_TRUE(CheckMatrixCrc(matrice("NUOVA.mqvn")));
+    EXPECT_FALSE(std::filesystem::exists(dati.filePath(QStringLiteral("escape.DAT")).toStdString()));
+    for (const QString& l : server.logLines())
+        EXPECT_FALSE(l.contains(QStringLiteral("ESCAPE"))) << l.toStdString();
+    trova<QPushButton>(f, "cmdOpenDir")->click();
+    EXPECT_EQ(cartelle, std::vector<std::string>{PercorsoIn(corpo.AppDir, {"matrici"})});
+}
+#endif
+
+} // namespace
+} // namespace dv
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,304 @@
+#include "windows/frmMatr.h"
+
+#include "core/Cartelle.h"
+#include "matrix/AggiornaMatrici.h"
+#include "platform/ApplyLanguage.h"
+#include "platform/DownloadFile.h"
+#include "settings/Ansi.h"
+#include "settings/FileTesto.h"
+#include "system_files/ErroreEsecuzione.h"
+#include "windows/frmOrdinaPronostico.h"
+#include "windows/QtUiDialogs.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFont>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace dv {
+
+namespace {
+
+QString Testo(const std::string& ansi) {
+    return QString::fromStdString(AnsiToUtf8(TrimCampo(ansi)));
+}
+
+} // namespace
+
+frmMatr::frmMatr(Corpo& corpo, Ui& ui, const Impostazioni& impostazioni, Modo modo, QWidget* parent,
+                 ServiziMatrici servizi)
+    : QDialog(parent), m_corpo(corpo), m_ui(ui), m_imp(impostazioni), m_modo(modo),
+      m_servizi(std::move(servizi)), m_fisse(corpo.LenColonna) {
+    if (!m_servizi.download) m_servizi.download = ScaricatoreDiRete();
+    if (!m_servizi.chiedi)
+        m_servizi.chiedi = [this](const std::string& prompt,
+                                  const std::string& proposta) -> std::optional<std::string> {
+            bool ok = false;
+            const QString r = QInputDialog::getText(this, QString::fromLatin1(TitoloApplicazione),
+                                                    QString::fromStdString(prompt), QLineEdit::Normal,
+                                                    QString::fromStdString(proposta), &ok);
+            if (!ok) return std::nullopt;
+            return r.toStdString();
+        };
+    if (!m_servizi.ordina)
+        m_servizi.ordina = [this] {
+            frmOrdinaPronostico ordine(m_corpo, m_ui, this);
+            ordine.exec();
+        };
+    creaControlli();
+    // The load: the catalogue with the forecast's filter, or of everything.
+    const uint8_t filtro = m_modo == Modo::Adatta ? m_corpo.pronostico.Quanti : 0;
+    m_catalogo = BuildMatrixCatalog(m_corpo.AppDir, filtro, m_corpo.LenColonna, OggiSeriale());
+    ApplyLanguage(*this, m_ui.languageFile());
+    riempiLista();
+}
+
+QLineEdit* frmMatr::campo(const char* nome, const QString& etichetta) {
+    auto* e = new QLineEdit(this);
+    e->setObjectName(QString::fromLatin1(nome));
+    e->setToolTip(etichetta);
+    e->setReadOnly(true);
+    e->installEventFilter(this);
+    m_campi.push_back(e);
+    return e;
+}
+
+void frmMatr::creaControlli() {
+    setObjectName(QStringLiteral("frmMatr"));
+    setWindowTitle(QStringLiteral("Matrici Disponibili"));
+    auto* layout = new QVBoxLayout(this);
+
+    m_flQVN = new QListWidget(this);
+    m_flQVN->setObjectName(QStringLiteral("flQVN"));
+    QFont courier(QStringLiteral("Courier New"));
+    courier.setStyleHint(QFont::Monospace);
+    m_flQVN->setFont(courier);
+    m_flQVN->setMinimumWidth(m_flQVN->fontMetrics().horizontalAdvance(QString(52, QLatin1Char('0'))));
+    m_flQVN->setMinimumHeight(180);
+    layout->addWidget(m_flQVN, 1);
+    connect(m_flQVN, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (row >= 0 && row < static_cast<int>(m_righe.size())) mostraRiga(m_righe[static_cast<size_t>(row)]);
+    });
+
+    // frameInfo hides lbElaborazione, which shows while an update runs.
+    auto* info = new QWidget(this);
+    auto* stack = new QGridLayout(info);
+    stack->setContentsMargins(0, 0, 0, 0);
+    m_lbElaborazione = new QLabel(QStringLiteral("Elaborazione in corso"), info);
+    m_lbElaborazione->setObjectName(QStringLiteral("lbElaborazione"));
+    m_lbElaborazione->setAlignment(Qt::AlignCenter);
+    m_frameInfo = new QFrame(info);
+    m_frameInfo->setObjectName(QStringLiteral("frameInfo"));
+    m_frameInfo->setFrameShape(QFrame::StyledPanel);
+    m_frameInfo->setAutoFillBackground(true);
+    stack->addWidget(m_lbElaborazione, 0, 0);
+    stack->addWidget(m_frameInfo, 0, 0);
+    layout->addWidget(info);
+
+    auto* griglia = new QGridLayout(m_frameInfo);
+    const struct {
+        const char* nome;
+        const char* etichetta;
+        const char* testo;
+        int riga, colonna, ampiezza;
+    } campi[] = {
+        {"txtNumMatrix", "lblNumMatrix", "Numeri della Matrice", 0, 0, 1},
+        {"txtLenCol", "lblLenCol", "Lunghezza Colonna", 0, 2, 1},
+        {"txtGaranty", "lblGaranty", "Garanzia della Matrice", 1, 0, 1},
+        {"txtPickUp", "lblPickUp", "Numeri Estratti per la Garanzia", 1, 2, 1},
+        {"txtFixedNum", "lblFixedNum", "Numero Fisse", 2, 0, 1},
+        {"txtColMatrix", "lblColMatrix", "Colonne della Matrice", 2, 2, 1},
+        {"txtPercentage", "lblPercentage", "Percentuale Garanzia di Vincita", 3, 0, 1},
+        {"txtValidFrom", "lblValidFrom", "Valida Dal", 3, 2, 1},
+        {"txtValidTo", "lblValidTo", "Valida Al", 4, 2, 1},
+        {"txtAuthor", "lblAuthor", "Autore Matrice", 4, 0, 1},
+        {"txtDescription", "lblDescription", "Descrizione Matrice", 5, 0, 3},
+        {"txtFileName", "lblFileName", "File Matrice", 6, 0, 3},
+    };
+    for (const auto& c : campi) {
+        auto* l = new QLabel(QString::fromUtf8(c.testo), m_frameInfo);
+        l->setObjectName(QString::fromLatin1(c.etichetta));
+        griglia->addWidget(l, c.riga, c.colonna);
+        griglia->addWidget(campo(c.nome, QString::fromUtf8(c.testo)), c.riga, c.colonna + 1, 1, c.ampiezza);
+    }
+    auto* stati = new QHBoxLayout;
+    for (auto [l, nome] : {std::pair{&m_lblChkVersion, "lblChkVersion"}, std::pair{&m_lblOK, "lblOK"},
+                           std::pair{&m_lblScaduta, "lblScaduta"}}) {
+        *l = new QLabel(m_frameInfo);
+        (*l)->setObjectName(QString::fromLatin1(nome));
+        (*l)->setWordWrap(true);
+        (*l)->setAutoFillBackground(true);
+        stati->addWidget(*l, 1);
+    }
+    griglia->addLayout(stati, 7, 0, 1, 4);
+
+    auto* pulsanti = new QHBoxLayout;
+    auto pulsante = [this, pulsanti](const char* nome, const char* testo, const char* tip,
+                                     void (frmMatr::*f)()) {
+        auto* b = new QPushButton(QString::fromUtf8(testo), this);
+        b->setObjectName(QString::fromLatin1(nome));
+        b->setToolTip(QString::fromUtf8(tip));
+        b->setAutoDefault(false);
+        connect(b, &QPushButton::clicked, this, f);
+        pulsanti->addWidget(b);
+        return b;
+    };
+    m_cmdAdatta = pulsante("cmdAdatta", "&Adatta", "Adatta la Matrice", &frmMatr::cmdAdatta_Click);
+    m_cmdMatriceTXT = pulsante("cmdMatriceTXT", "&File TXT", "Adatta Matrice Personalizzata",
+                               &frmMatr::cmdMatriceTXT_Click);
+    m_cmdUpdateMatrix = pulsante("cmdUpdateMatrix", "A&ggiorna Matrici", "Scarica le matrici dal server",
+                                 &frmMatr::cmdUpdateMatrix_Click);
+    m_cmdOpenDir = pulsante("cmdOpenDir", "Apri &Cartella", "Apri la cartella delle matrici",
+                            &frmMatr::cmdOpenDir_Click);
+    pulsanti->addStretch();
+    layout->addLayout(pulsanti);
+
+    const bool adatta = m_modo == Modo::Adatta;
+    m_cmdAdatta->setVisible(adatta);
+    m_cmdMatriceTXT->setVisible(adatta);
+    m_cmdUpdateMatrix->setVisible(!adatta);
+    m_cmdOpenDir->setVisible(!adatta);
+    // Nothing to adapt until a row is shown.
+    m_cmdAdatta->setEnabled(false);
+    m_cmdMatriceTXT->setEnabled(false);
+    for (QLabel* l : {m_lblChkVersion, m_lblOK, m_lblScaduta})
+        etichetta(l, false, {});
+}
+
+bool frmMatr::eventFilter(QObject* watched, QEvent* event) {
+    auto* e = qobject_cast<QLineEdit*>(watched);
+    if (e && event->type() == QEvent::FocusIn) {
+        // Selected whole once the click that gave the focus is over.
+        QTimer::singleShot(0, e, &QLineEdit::selectAll);
+    } else if (e && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            focusNextChild();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmMatr::riempiLista() {
+    m_flQVN->clear();
+    m_righe.clear();
+    for (size_t i = 0; i < m_catalogo.size(); ++i) {
+        if (m_catalogo[i].FILE_NAME.empty()) continue;
+        m_flQVN->addItem(QString::fromStdString(AnsiToUtf8(RigaCatalogo(m_catalogo[i]))));
+        m_righe.push_back(static_cast<int>(i));
+    }
+    setWindowTitle(QString::fromStdString(m_ui.Lang("0019") + " (" + std::to_string(m_righe.size()) + ")"));
+}
+
+void frmMatr::etichetta(QLabel* l, bool rossa, const std::string& testo) {
+    l->setText(rossa ? QString::fromStdString(testo) : QString());
+    QPalette p = palette();
+    if (rossa) {
+        p.setColor(QPalette::Window, Qt::red);
+        p.setColor(QPalette::WindowText, Qt::white);
+    }
+    l->setPalette(p);
+}
+
+void frmMatr::mostraRiga(int i) {
+    if (i < 0 || i >= static_cast<int>(m_catalogo.size())) return;
+    const MATRIX_CATALOG_ENTRY& e = m_catalogo[static_cast<size_t>(i)];
+    const QString valori[] = {QString::number(e.NUMBERS_OF_MATRIX_V),
+                              QString::number(e.LENGTH_OF_COLUMN_K),
+                              QString::number(e.GARANTY_T),
+                              QString::number(e.PICK_UP_NUMBERS_M),
+                              QString::number(e.FIXED_NUMBERS_OF_MATRIX_F),
+                              QString::number(e.COLUMNS_OF_MATRIX_C),
+                              Testo(e.PERCENTAGE_COVER),
+                              QString::fromStdString(DataGGMMAAAA(e.VALID_FROM)),
+                              QString::fromStdString(DataGGMMAAAA(e.VALID_TO)),
+                              Testo(e.AUTHOR),
+                              Testo(e.DESCRIPTION),
+                              QString::fromStdString(e.FILE_NAME)};
+    for (size_t c = 0; c < m_campi.size(); ++c)
+        m_campi[c]->setText(valori[c]);
+    etichetta(m_lblChkVersion, !e.SIGNATURE_OK, m_ui.Lang("0008"));
+    etichetta(m_lblOK, !e.CRC_OK, m_ui.Lang("0009"));
+    etichetta(m_lblScaduta, e.EXPIRED, m_ui.Lang("0010"));
+    m_cmdMatriceTXT->setEnabled(!e.STARTED);
+    m_cmdAdatta->setEnabled(e.STARTED && e.CRC_OK && e.SIGNATURE_OK && !e.EXPIRED);
+}
+
+void frmMatr::adatta(const std::function<void()>& f) {
+    setEnabled(false);
+    try {
+        f();
+    } catch (const ErroreEsecuzione& e) {
+        m_ui.messageBox("Error " + std::to_string(e.numero()) + " (" + e.descrizione() + ")", "",
+                        BoxIcon::None);
+        setEnabled(true);
+        return;
+    }
+    setEnabled(true);
+    accept();
+}
+
+void frmMatr::cmdAdatta_Click() {
+    const int row = m_flQVN->currentRow();
+    if (row < 0 || row >= static_cast<int>(m_righe.size())) return;
+    m_servizi.ordina();
+    const std::string path = PercorsoIn(m_corpo.AppDir, {"matrici"}) + SeparatoreCartelle +
+                             m_catalogo[static_cast<size_t>(m_righe[static_cast<size_t>(row)])].FILE_NAME;
+    adatta([&] { AdattaMatriceCatalogo(m_corpo, m_ui, path, m_fisse, m_servizi.chiedi); });
+}
+
+void frmMatr::cmdMatriceTXT_Click() {
+    const std::string path = m_ui.chooseOpenFile(PercorsoIn(m_corpo.AppDir, {"txt"}), "txt(*.txt)|*.txt");
+    if (path.empty()) {
+        // A cancelled dialog still adapts: the empty matrix leaves an empty system.
+        adatta(
+            [&] { AdattaMatriceTesto(m_corpo, m_ui, MATRIX_STRUCTURE{}, false, m_fisse, m_servizi.chiedi); });
+        return;
+    }
+    MATRIX_STRUCTURE m;
+    try {
+        m = ImportaMatricePerAdattare(m_corpo, m_ui, path, OggiSeriale());
+    } catch (const ErroreEsecuzione& e) {
+        m_ui.messageBox("Error " + std::to_string(e.numero()) + " (" + e.descrizione() + ")", "",
+                        BoxIcon::None);
+        return;
+    }
+    m_servizi.ordina();
+    adatta([&] { AdattaMatriceTesto(m_corpo, m_ui, m, true, m_fisse, m_servizi.chiedi); });
+}
+
+void frmMatr::cmdUpdateMatrix_Click() {
+    m_ui.setBusy(true);
+    m_frameInfo->hide();
+    repaint();
+    setEnabled(false);
+    try {
+        AggiornaMatrici(m_imp, m_corpo.AppDir, m_servizi.download);
+        m_catalogo = BuildMatrixCatalog(m_corpo.AppDir, 0, m_corpo.LenColonna, OggiSeriale());
+        riempiLista();
+    } catch (const std::exception& e) {
+        m_ui.messageBox(std::string("Error 0 (") + e.what() +
+                            ") in procedure cmdUpdateMatrix_Click of Form frmMatr",
+                        "", BoxIcon::None);
+    }
+    m_ui.setBusy(false);
+    m_frameInfo->show();
+    setEnabled(true);
+}
+
+void frmMatr::cmdOpenDir_Click() {
+    const std::string cartella = PercorsoIn(m_corpo.AppDir, {"matrici"});
+    if (m_servizi.apriCartella) m_servizi.apriCartella(cartella);
+}
+
+} // namespace dv

@@ -1,0 +1,88 @@
+// frmMatr: the catalogue of matrices, the header of the selected one, and its adaptation to the
+// forecast. Opened by the adapt command with the forecast's filter (cmdAdatta and cmdMatriceTXT
+// shown), or as the list of every matrix with the update and folder buttons.
+//
+//     dv::frmMatr f(corpo, ui, impostazioni, dv::frmMatr::Modo::Adatta, this);
+//     f.exec();
+#pragma once
+
+#include "core/Corpo.h"
+#include "core/Ui.h"
+#include "matrix/Adatta.h"
+#include "matrix/Catalogo.h"
+#include "settings/Impostazioni.h"
+#include "settings/Online.h"
+
+#include <QDialog>
+
+#include <functional>
+#include <vector>
+
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+
+namespace dv {
+
+// What the window asks of the platform; tests give their own. Empty entries take the desktop's.
+struct ServiziMatrici {
+    Scaricatore download;                                 // downloads from the web server
+    ChiediNumero chiedi;                                  // the input box of a fixed number
+    std::function<void()> ordina;                         // frmOrdinaPronostico, modally
+    std::function<void(const std::string&)> apriCartella; // the folder in the file browser
+};
+
+class frmMatr : public QDialog {
+    Q_OBJECT
+public:
+    enum class Modo { Adatta, Elenco };
+
+    frmMatr(Corpo& corpo, Ui& ui, const Impostazioni& impostazioni, Modo modo, QWidget* parent = nullptr,
+            ServiziMatrici servizi = {});
+
+    const std::vector<MATRIX_CATALOG_ENTRY>& catalogo() const { return m_catalogo; }
+    // Shows row i of the catalogue, as a click on flQVN does.
+    void mostraRiga(int i);
+
+    void cmdAdatta_Click();
+    void cmdMatriceTXT_Click();
+    void cmdUpdateMatrix_Click();
+    void cmdOpenDir_Click();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void creaControlli();
+    QLineEdit* campo(const char* nome, const QString& etichetta);
+    // The catalogue into flQVN and the window's caption.
+    void riempiLista();
+    void etichetta(QLabel* l, bool rossa, const std::string& testo);
+    // Runs an adaptation with the window disabled; an error is shown and the window stays open.
+    void adatta(const std::function<void()>& f);
+
+    Corpo& m_corpo;
+    Ui& m_ui;
+    const Impostazioni& m_imp;
+    Modo m_modo;
+    ServiziMatrici m_servizi;
+    std::vector<MATRIX_CATALOG_ENTRY> m_catalogo;
+    std::vector<int> m_righe; // catalogue index of each row of flQVN
+    FisseMatrice m_fisse;
+
+    QListWidget* m_flQVN = nullptr;
+    QFrame* m_frameInfo = nullptr;
+    QLabel* m_lbElaborazione = nullptr;
+    std::vector<QLineEdit*> m_campi;
+    QLabel* m_lblChkVersion = nullptr;
+    QLabel* m_lblOK = nullptr;
+    QLabel* m_lblScaduta = nullptr;
+    QPushButton* m_cmdAdatta = nullptr;
+    QPushButton* m_cmdMatriceTXT = nullptr;
+    QPushButton* m_cmdUpdateMatrix = nullptr;
+    QPushButton* m_cmdOpenDir = nullptr;
+};
+
+} // namespace dv
