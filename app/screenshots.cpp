@@ -7,6 +7,7 @@
 #include "core/Cartelle.h"
 #include "core/Engine.h"
 #include "core/Sistema.h"
+#include "matrix/Copertura.h"
 #include "platform/ApplyLanguage.h"
 #include "windows/frmAbout.h"
 #include "windows/frmCalcolo.h"
@@ -15,6 +16,7 @@
 #include "windows/frmFiltri.h"
 #include "windows/frmFiltriDistanzaNumeri.h"
 #include "windows/frmFisse.h"
+#include "windows/frmMatr.h"
 #include "windows/frmImpostazioni.h"
 #include "windows/frmMAIN.h"
 #include "windows/frmNewVersion.h"
@@ -34,6 +36,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPixmap>
+#include <QListWidget>
 #include <QRadioButton>
 #include <QTemporaryDir>
 
@@ -93,6 +96,28 @@ void scattaDialogo(Fotografo& foto, dv::frmMAIN& main, const QString& name, Args
 void selezionaPronostico(dv::frmMAIN& main, std::initializer_list<int> numbers) {
     for (int n : numbers)
         dv::GrigliaNumeriClick(main.corpo(), main.ui(), n - 1);
+}
+
+// Two covering matrices of 20 numbers in columns of 10 in AppDir's "matrici", for the matrix window.
+void MatriciDimostrative(const std::string& appDir) {
+    for (auto [t, m] : {std::pair{3, 3}, std::pair{4, 5}}) {
+        const auto colonne = dv::CoperturaGreedy(20, 10, t, m, 1);
+        dv::MATRIX_STRUCTURE x;
+        x.NUMBERS_OF_MATRIX_V = 20;
+        x.GARANTY_T = static_cast<uint8_t>(t);
+        x.PICK_UP_NUMBERS_M = static_cast<uint8_t>(m);
+        x.dimensiona(10, static_cast<int32_t>(colonne.size()));
+        for (size_t c = 0; c < colonne.size(); ++c)
+            for (int p = 1; p <= 10; ++p) x.colum(p, static_cast<int32_t>(c + 1)) = colonne[c][static_cast<size_t>(p - 1)];
+        x.PERCENTAGE_COVER = "100%";
+        x.AUTHOR = "Dorvanta";
+        x.DESCRIPTION = "20 numeri, colonne da 10, garanzia " + std::to_string(t) + " se escono " + std::to_string(m);
+        x.VALID_FROM = dv::OggiSeriale() - 30;
+        x.VALID_TO = dv::OggiSeriale() + 3650;
+        x.MATRIX_READY = -1;
+        x.MATRIX_SIGNATURE = dv::FirmaMatrice;
+        dv::ScriviMatrice(dv::PercorsoIn(appDir, {"matrici", m == 3 ? "V20K10T3M3.mqvn" : "V20K10T4M5.mqvn"}), x);
+    }
 }
 
 void fotografaLingua(const std::string& lingua, const QString& folder) {
@@ -160,6 +185,14 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
     scattaDialogo<dv::frmRidotto>(foto, main, "frmRidotto");
     scattaDialogo<dv::frmDistanzaMinima>(foto, main, "frmDistanzaMinima");
     scattaDialogo<dv::frmOrdinaPronostico>(foto, main, "frmOrdinaPronostico");
+    // The matrix window, opened to adapt (a matrix shown) and as the list of everything.
+    MatriciDimostrative(corpo->AppDir);
+    for (auto modo : {dv::frmMatr::Modo::Adatta, dv::frmMatr::Modo::Elenco}) {
+        dv::frmMatr matrici(*corpo, main.ui(), main.impostazioni(), modo, &main);
+        matrici.findChild<QListWidget*>(QStringLiteral("flQVN"))->setCurrentRow(1);
+        matrici.show();
+        foto.scatta(matrici, modo == dv::frmMatr::Modo::Adatta ? "frmMatr" : "frmMatr_elenco");
+    }
     scattaDialogo<dv::frmFiltri>(foto, main, "frmFiltri_AND", dv::TipoFiltro::AND);
     scattaDialogo<dv::frmFiltri>(foto, main, "frmFiltri_XOR", dv::TipoFiltro::XOR);
     scattaDialogo<dv::frmFiltriDistanzaNumeri>(foto, main, "frmFiltriDistanzaNumeri");
