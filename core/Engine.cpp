@@ -51,6 +51,7 @@ void CheckEveryCombination(Corpo& c, int n, const uint8_t* numeri, engine::RunPr
 }
 
 void Concludi(Corpo& c, const engine::RunProgress& progress, const std::string& descrizione) {
+    progress.publishFinal();
     c.pronostico.Descrizione = descrizione + (progress.stopped() ? " - ***" : "");
     c.StopElaborazione = progress.stopped() ? Vero : Falso;
     c.pronostico.NumColonne = progress.kept();

@@ -36,8 +36,36 @@ public:
 // Cancellation: set from any thread; the engine clears it when a run starts. A stop set inside
 // progress() ends the run at that very candidate; one set from another thread is seen at the
 // next step or within 256 candidates, whichever comes first.
+//
+// The live counts and the pause serve a window on another thread: the run publishes its counts
+// whenever it looks at the flags (at most 256 candidates apart, at every step, and at its end),
+// so the window can poll them as often as it likes. While pauseRequested is set the run waits at
+// its next look, with paused set, until pauseRequested is cleared (and notified).
 struct RunControl {
     std::atomic<bool> StopElaborazione{false};
+    std::atomic<bool> pauseRequested{false};
+    std::atomic<bool> paused{false};
+    std::atomic<double> counter{0}; // colonneElaborate
+    std::atomic<int32_t> kept{0};   // colonneSistema
+    std::atomic<int> bar{0};        // value of the bar, 0..100
+
+    // The counts back to zero, before a run.
+    void resetCounts() {
+        counter.store(0, std::memory_order_relaxed);
+        kept.store(0, std::memory_order_relaxed);
+        bar.store(0, std::memory_order_relaxed);
+    }
+    // Called by the run: waits while a pause is asked.
+    void waitWhilePaused() {
+        paused.store(true);
+        pauseRequested.wait(true);
+        paused.store(false);
+    }
+    // Called by the window: the run goes on after a pause.
+    void resume() {
+        pauseRequested.store(false);
+        pauseRequested.notify_all();
+    }
 };
 
 struct RunResult {

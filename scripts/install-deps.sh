@@ -7,7 +7,7 @@ packages=(
   build-essential cmake ninja-build pkg-config
   libgtest-dev libgmock-dev googletest libbenchmark-dev libcli11-dev
   qt6-base-dev qt6-base-dev-tools qt6-httpserver-dev qt6-websockets-dev
-  qt6-charts-dev libqt6opengl6-dev libgl-dev
+  qt6-charts-dev libqt6opengl6-dev libgl-dev qt6-translations-l10n
   clang libclang-rt-14-dev
   ccache
   poppler-utils fonts-liberation2 fonts-comic-neue fonts-inconsolata

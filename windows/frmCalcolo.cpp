@@ -8,10 +8,11 @@
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QThread>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace dv {
@@ -82,6 +83,11 @@ frmCalcolo::frmCalcolo(QtUi& ui, RunControl& control, QWidget* parent)
     layout->addWidget(m_cmdSvilAnnulla, 0, Qt::AlignHCenter);
     connect(m_cmdSvilAnnulla, &QPushButton::clicked, this, &frmCalcolo::annulla);
 
+    m_timer = new QTimer(this);
+    m_timer->setInterval(80);
+    connect(m_timer, &QTimer::timeout, this, &frmCalcolo::mostraConteggiVivi);
+    m_timer->start();
+
     ApplyLanguage(*this, ui.languageFile());
     setMinimumWidth(440);
     adjustSize();
@@ -112,7 +118,25 @@ void frmCalcolo::mostraLimite(const ProgressInfo& info) {
     mostraAvanzamento(info);
 }
 
+void frmCalcolo::mostraConteggiVivi() {
+    const double counter = m_control.counter.load(std::memory_order_relaxed);
+    const int32_t kept = m_control.kept.load(std::memory_order_relaxed);
+    if (counter == m_colonneElaborate && kept == m_colonneSistema) return;
+    m_colonneElaborate = counter;
+    m_colonneSistema = kept;
+    m_pb->setValue(std::clamp(m_control.bar.load(std::memory_order_relaxed), 0, 100));
+    m_lblNumColElaborate->setText(conta(counter));
+    m_lblNumColSistema->setText(conta(kept));
+}
+
 void frmCalcolo::annulla() {
+    // The run waits while the question is open, as the user expects of a question; its counts
+    // are those of the pause. A run that is itself waiting for this thread (a box of its own)
+    // cannot pause: after a short wait the question comes all the same.
+    m_control.pauseRequested = true;
+    for (int i = 0; i < 100 && !m_control.paused; ++i)
+        QThread::msleep(5);
+    mostraConteggiVivi();
     m_ui.dialogs().beep();
     const std::string text = m_ui.Lang("0001") + FormatContatore(m_colonneIntegrale, m_migliaia) + "\n" +
                              m_ui.Lang("0002") + FormatContatore(m_colonneElaborate, m_migliaia) + "\n" +
@@ -120,6 +144,7 @@ void frmCalcolo::annulla() {
                              m_ui.Lang("0004");
     if (m_ui.dialogs().questionBox(this, text, windowTitle().toStdString(), BoxIcon::Question))
         m_control.StopElaborazione = true;
+    m_control.resume();
 }
 
 void frmCalcolo::closeEvent(QCloseEvent* event) {

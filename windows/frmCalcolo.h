@@ -9,6 +9,7 @@
 class QLabel;
 class QProgressBar;
 class QPushButton;
+class QTimer;
 
 namespace dv {
 
@@ -30,8 +31,12 @@ public:
     void mostraAvanzamento(const ProgressInfo& info);
     // The limit of columns: labAllarm takes "0012" and the counts are refreshed.
     void mostraLimite(const ProgressInfo& info);
+    // The bar and the counts that the run has published; a timer calls it ten times a second and
+    // more, and the end of the run once more for its final counts.
+    void mostraConteggiVivi();
 
-    // cmdSvilAnnulla: asks, and on yes asks the run to stop.
+    // cmdSvilAnnulla: pauses the run, asks with its counts at the pause, and on yes asks the run
+    // to stop; either way the run then goes on (to its end, or to the stop).
     void annulla();
 
 protected:
@@ -49,6 +54,7 @@ private:
     QLabel* m_lblNumColElaborate;
     QLabel* m_lblNumColSistema;
     QPushButton* m_cmdSvilAnnulla;
+    QTimer* m_timer;
     double m_colonneElaborate = 0;
     double m_colonneSistema = 0;
     double m_colonneIntegrale = 0;

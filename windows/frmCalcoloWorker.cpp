@@ -11,18 +11,19 @@ namespace dv {
 
 namespace {
 // Forwards the engine's reports, made on the worker thread, to the progress window by queued
-// calls: the worker never waits for a repaint.
+// calls: the worker never waits for a repaint. The counts between them the window polls itself.
 class ProgressForwarder : public EngineObserver {
 public:
     explicit ProgressForwarder(frmCalcolo* window) : m_window(window) {}
     void started(double total) override {
         post([total](frmCalcolo* w) { w->mostraIntegrale(total); });
     }
-    void progress(const ProgressInfo& info) override {
-        post([info](frmCalcolo* w) { w->mostraAvanzamento(info); });
-    }
     void limitReached(const ProgressInfo& info) override {
         post([info](frmCalcolo* w) { w->mostraLimite(info); });
+    }
+    // The final counts, ahead of the elapsed-time box.
+    void finished(double) override {
+        post([](frmCalcolo* w) { w->mostraConteggiVivi(); });
     }
 
 private:
@@ -56,6 +57,7 @@ void frmCalcoloWorker::avvia() {
     m_threadFinito = false;
 
     m_main.setEnabled(false);
+    m_control.resetCounts();
     m_finestra = std::make_unique<frmCalcolo>(m_ui, m_control);
     m_finestra->show();
     m_ui.setDialogParent(m_finestra.get());
@@ -78,7 +80,10 @@ void frmCalcoloWorker::avvia() {
 void frmCalcoloWorker::concludi() {
     if (m_thread.joinable()) m_thread.join();
     m_ui.setDialogParent(nullptr);
-    if (m_finestra) m_finestra->hide();
+    if (m_finestra) {
+        m_finestra->mostraConteggiVivi();
+        m_finestra->hide();
+    }
     m_main.setEnabled(true);
     m_main.raise();
     m_main.activateWindow();

@@ -31,6 +31,8 @@ public:
     // The progress window of the current or last run; null before the first.
     frmCalcolo* finestra() const { return m_finestra.get(); }
     RunResult ultimoRisultato() const { return m_risultato; }
+    // The flags and live counts of the current or last run.
+    const RunControl& controllo() const { return m_control; }
 
 signals:
     // The run has ended and the main window is enabled again.

@@ -3,9 +3,11 @@
 #include "core/Helpers.h"
 #include "core/Ui.h"
 #include "platform/ApplyLanguage.h"
+#include "platform/TraduzioniQt.h"
 #include "settings/Ansi.h"
 #include "platform/DownloadFile.h"
 #include "platform/Shell.h"
+#include "print/StampantePdf.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -25,7 +27,8 @@ namespace dv {
 frmImpostazioni::frmImpostazioni(Impostazioni& impostazioni, Lingua& lingua, Ui& ui, QWidget* parent,
                                  ServiziImpostazioni servizi)
     : QDialog(parent), m_imp(impostazioni), m_lingua(lingua), m_ui(ui), m_servizi(std::move(servizi)) {
-    if (!m_servizi.stampanti) m_servizi.stampanti = ElencoStampanti;
+    // The printers, and the entry "PDF" that prints into a file.
+    if (!m_servizi.stampanti) m_servizi.stampanti = [] { return ConStampantePdf(ElencoStampanti()); };
     if (!m_servizi.download) m_servizi.download = ScaricatoreDiRete();
     creaControlli();
     protetto("Form_Load", [this] { Form_Load(); });
@@ -171,6 +174,7 @@ void frmImpostazioni::cmbLingua_Click() {
     setEnabled(false);
     m_lingua.CurrentLanguage = m_cmbLingua->currentText().toStdString();
     const std::string file = m_lingua.languageFile();
+    ApplicaTraduzioniQt(file);
     for (QWidget* w : QApplication::topLevelWidgets())
         if (!w->objectName().isEmpty()) ApplyLanguage(*w, file);
     setEnabled(true);

@@ -94,6 +94,7 @@ QWidget* frmMAIN::costruisciGiocata() {
     m_hsLenCol->setObjectName(QStringLiteral("hsLenCol"));
     m_hsLenCol->setRange(1, 25);
     m_hsLenCol->setPageStep(1);
+    m_hsLenCol->setFocusPolicy(Qt::StrongFocus); // the arrow keys change the length
     m_hsLenCol->setValue(m_corpo.LenColonna);
     m_lbLenCol = new QLabel(QString::number(m_corpo.LenColonna), frameLenCol);
     m_lbLenCol->setObjectName(QStringLiteral("lbLenCol"));
@@ -155,17 +156,18 @@ QWidget* frmMAIN::costruisciPulsanti() {
     auto* panel = new QWidget(this);
     auto* layout = new QVBoxLayout(panel);
     layout->setContentsMargins(0, 0, 0, 0);
-    // Buttons whose windows are not part of the program yet stay hidden.
+    // Buttons whose windows are not part of the program yet stay hidden. Each caption carries a
+    // mnemonic of its own, clear of the menu bar's letters.
     const struct {
         const char* name;
         const char* caption;
         bool visible;
     } buttons[] = {
-        {"cmdArchivio", "Archivio Estrazioni", false},  {"cmdModifiche", "Modifica Sistema", true},
-        {"cmdAdatta", "Adatta Matrice", false},         {"cmdSpoglio", "Spoglio Sistema", false},
-        {"cmdVisualizza", "Visualizza Sistema", false}, {"cmdCancella", "Cancella Sistema", true},
-        {"cmdCalcolo", "Elabora Sistema", true},        {"cmdTabulato", "Stampa Tabulato", false},
-        {"cmdSchedine", "Stampa Schedine", false},
+        {"cmdArchivio", "&Archivio Estrazioni", false},  {"cmdModifiche", "&Modifica Sistema", true},
+        {"cmdAdatta", "A&datta Matrice", false},         {"cmdSpoglio", "S&poglio Sistema", false},
+        {"cmdVisualizza", "&Visualizza Sistema", false}, {"cmdCancella", "Cance&lla Sistema", true},
+        {"cmdCalcolo", "&Elabora Sistema", true},        {"cmdTabulato", "Stampa &Tabulato", false},
+        {"cmdSchedine", "Stampa Sc&hedine", false},
     };
     for (const auto& b : buttons) {
         auto* button = new QPushButton(QString::fromLatin1(b.caption), panel);

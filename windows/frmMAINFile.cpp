@@ -4,6 +4,7 @@
 #include "core/Finestra.h"
 #include "core/Helpers.h"
 #include "platform/ApplyLanguage.h"
+#include "platform/TraduzioniQt.h"
 #include "settings/Impostazioni.h"
 #include "system_files/ColonneTesto.h"
 #include "system_files/ErroreEsecuzione.h"
@@ -63,6 +64,7 @@ void frmMAINFile::leggiConfigurazione() {
         settings.exec();
         ReadConfiguration(m_window.corpo(), m_window.impostazioni(), m_window.lingua());
     }
+    ApplicaTraduzioniQt(m_window.lingua().languageFile());
     ApplyLanguage(m_window, m_window.lingua().languageFile());
 }
 
@@ -75,6 +77,7 @@ void frmMAINFile::impostazioni() {
     // A new language shows at once: the captions, and (through the window's language change)
     // the texts built from the state. The enabled state of the controls is not touched: a
     // locked system stays locked.
+    ApplicaTraduzioniQt(m_window.lingua().languageFile());
     ApplyLanguage(m_window, m_window.lingua().languageFile());
 }
 

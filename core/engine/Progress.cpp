@@ -6,7 +6,9 @@ namespace dv::engine {
 
 RunProgress::RunProgress(double total, Scale scale, RunControl& ctl, EngineObserver& obs)
     : m_total(total), m_stepSize(total / (scale == Scale::Development ? 250.0 : 100.0)), m_scale(scale),
-      m_ctl(ctl), m_obs(obs) {}
+      m_ctl(ctl), m_obs(obs) {
+    ctl.resetCounts();
+}
 
 int RunProgress::stepOf(Count c) const {
     return static_cast<int>(std::nearbyint(static_cast<double>(c) / m_stepSize));
@@ -41,7 +43,16 @@ Count RunProgress::boundaryAfter(Count c, int step) const {
     return hi;
 }
 
+void RunProgress::publish(double counter) const {
+    m_ctl.counter.store(counter, std::memory_order_relaxed);
+    m_ctl.kept.store(m_kept, std::memory_order_relaxed);
+    const int step = m_stepSize > 0 ? static_cast<int>(std::nearbyint(std::min(counter / m_stepSize, 250.0))) : 0;
+    m_ctl.bar.store(barOf(step), std::memory_order_relaxed);
+}
+
 bool RunProgress::onEvent() {
+    // 0. The live counts, for a window polling them.
+    publish(static_cast<double>(m_walked));
     // 1. Every step boundary up to the counter, in order, each with the counter of its candidate.
     while (m_nextBoundary <= m_walked) {
         const Count b = m_nextBoundary;
@@ -54,9 +65,10 @@ bool RunProgress::onEvent() {
         }
         m_nextBoundary = boundaryAfter(b, m_lastStep);
     }
-    // 2. The periodic look at the flag, for a stop set from another thread.
+    // 2. The periodic look at the flags, for a pause or a stop asked from another thread.
     if (m_walked >= m_nextPoll) {
         m_nextPoll = m_walked + PollInterval;
+        if (m_ctl.pauseRequested.load(std::memory_order_relaxed)) m_ctl.waitWhilePaused();
         if (m_ctl.StopElaborazione) {
             m_end = m_walked;
             m_stopped = true;

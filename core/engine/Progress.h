@@ -61,8 +61,11 @@ public:
     bool stopped() const { return m_stopped; }
     // The counter the window shows last: the candidate where the run ended.
     double counter() const { return static_cast<double>(m_stopped ? m_end : m_walked); }
+    // Publishes the counts where the run ended, for a window that polls them.
+    void publishFinal() const { publish(counter()); }
 
 private:
+    void publish(double counter) const;
     bool onEvent();
     bool limit();
     int stepOf(Count c) const;

@@ -5,6 +5,7 @@
 #include "windows/QtUiDialogs.h"
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,7 @@ public:
     std::vector<std::string> folders;  // folders the choosers opened in, and folders opened
     std::vector<std::string> proposedNames;
     int beeps = 0;
+    std::function<void()> duringQuestion; // runs while a question box is "open"
     std::vector<std::string> documents; // files handed to the desktop to open
 
     void setNextAnswer(bool yes) { answers.push_back(yes); }
@@ -33,6 +35,7 @@ public:
     }
     bool questionBox(QWidget*, const std::string& text, const std::string& title, BoxIcon icon) override {
         boxes.push_back({text, title, icon, true});
+        if (duringQuestion) duringQuestion();
         if (answers.empty()) return true;
         const bool a = answers.front();
         answers.pop_front();

@@ -151,7 +151,7 @@ private slots:
         QCOMPARE(opzione("optImporto", 9)->text(), QStringLiteral("200 euro"));
         QCOMPARE(opzione("optImporto", 8)->text(), QStringLiteral("50"));
         QCOMPARE(m_main->menu(QStringLiteral("menuOperazioni"))->title(), QStringLiteral("&Lavori"));
-        QCOMPARE(m_main->pulsante(QStringLiteral("cmdCancella"))->text(), QStringLiteral("Cancella Sistema"));
+        QCOMPARE(m_main->pulsante(QStringLiteral("cmdCancella"))->text(), QStringLiteral("Cance&lla Sistema"));
         QVERIFY(!abilitato("cmdCalcolo"));
         QVERIFY(!abilitato("menuOperazioni"));
         QVERIFY(!abilitato("cmdModifiche"));

@@ -15,11 +15,14 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 
 #include <filesystem>
@@ -205,6 +208,110 @@ private slots:
         m_main->azione(QStringLiteral("menuImpostazioni"))->trigger();
         QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("5,720,645,481,903"));
         QCOMPARE(pannello(3), QStringLiteral("\u20AC 0.00"));
+    }
+
+    void progressShowsLiveCountsPausesForTheQuestionAndEndsOnTheTotal() {
+        // 17 numbers in columns of 6: 12,376 candidates, beyond the last of the 250 steps.
+        m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->setValue(6);
+        scegliDa1A(17);
+        sviluppa();
+        frmCalcoloWorker& worker = m_main->operazioni().worker();
+        QCOMPARE(worker.finestra()->findChild<QLabel*>(QStringLiteral("lblNumColElaborate"))->text(),
+                 QStringLiteral(" 12.376"));
+
+        // A long reduction: its first step is far away, its counts move all the same.
+        m_main->azione(QStringLiteral("menuNuovo"))->trigger();
+        m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->setValue(10);
+        scegliDa1A(90);
+        m_corpo->distanzaMinima = {5, Vero};
+        QSignalSpy spy(&worker, &frmCalcoloWorker::conclusa);
+        m_main->operazioni().calcolo();
+        frmCalcolo* progress = worker.finestra();
+        QLabel* elaborate = progress->findChild<QLabel*>(QStringLiteral("lblNumColElaborate"));
+        QTRY_VERIFY(progress->colonneElaborate() > 1000);
+        const QString prima = elaborate->text();
+        QTest::qWait(300);
+        QVERIFY(elaborate->text() != prima);
+
+        // The run waits while the question is open, and the question shows the counts it holds.
+        const RunControl& ctl = worker.controllo();
+        double aperta = 0, dopo = 1;
+        m_dialogs->duringQuestion = [&] {
+            aperta = ctl.counter;
+            QThread::msleep(200);
+            dopo = ctl.counter;
+        };
+        m_dialogs->setNextAnswer(false);
+        QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")),
+                          Qt::LeftButton);
+        QCOMPARE(dopo, aperta);
+        QVERIFY(m_dialogs->boxes.back().text.find(
+                    "Colonne elaborate " + elaborate->text().trimmed().toStdString()) != std::string::npos);
+        QTRY_VERIFY(ctl.counter > aperta); // "no": the run goes on
+        m_dialogs->duringQuestion = nullptr;
+        m_dialogs->setNextAnswer(true);
+        QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")),
+                          Qt::LeftButton);
+        QVERIFY(spy.wait(60000));
+        QVERIFY(m_corpo->pronostico.Descrizione.ends_with(" - ***"));
+    }
+
+    void qtsOwnTextsFollowTheLanguageInUse() {
+        const auto si = [] { return QCoreApplication::translate("QPlatformTheme", "&Yes"); };
+        QCOMPARE(si(), QStringLiteral("&S\u00EC"));
+        QCOMPARE(QLocale().language(), QLocale::Italian);
+        sulModale([](QWidget* w) {
+            auto* settings = qobject_cast<frmImpostazioni*>(w);
+            auto* lingue = settings->findChild<QComboBox*>(QStringLiteral("cmbLingua"));
+            lingue->setCurrentIndex(lingue->findText(QStringLiteral("ALTRA")));
+            settings->cmbLingua_Click();
+            QCOMPARE(QCoreApplication::translate("QPlatformTheme", "&Yes"), QStringLiteral("&Yes"));
+            w->close();
+        });
+        m_main->azione(QStringLiteral("menuImpostazioni"))->trigger();
+        QCOMPARE(si(), QStringLiteral("&S\u00EC")); // closed unsaved: the saved language again
+    }
+
+    void theKeyboardReachesTheGridTheLengthAndEveryButton() {
+        m_main->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_main.get()));
+        auto* griglia = m_main->findChild<QWidget*>(QStringLiteral("frameNumeri"));
+        griglia->setFocus();
+        for (int key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Space})
+            QTest::keyClick(griglia, static_cast<Qt::Key>(key));
+        QVERIFY(m_corpo->Griglia[11]); // 12: one right and one row down from 1
+        QVERIFY(elementoArray<QLabel>(*m_main, QStringLiteral("grnum"), 11)
+                    ->styleSheet()
+                    .contains(QStringLiteral("rgb(0,90,200)")));
+        QTest::keyClick(griglia, Qt::Key_Return);
+        QVERIFY(!m_corpo->Griglia[11]);
+        scegliDa1A(10);
+
+        QStringList raggiunti;
+        for (int i = 0; i < 12; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            raggiunti << QApplication::focusWidget()->objectName();
+        }
+        for (const char* name :
+             {"frameNumeri", "hsLenCol", "optTipoGiocata", "optImporto", "cmdCancella", "cmdCalcolo"})
+            QVERIFY2(raggiunti.contains(QString::fromLatin1(name)), name);
+    }
+
+    void theMainWindowsButtonsHaveMnemonicsOfTheirOwnInBothLanguages() {
+        for (const char* file : {"italiano.lng", "english.lng"}) {
+            ApplyLanguage(*m_main, std::string(DV_SOURCE_DIR) + "/languages/" + file);
+            QList<QChar> lettere;
+            for (QAction* m : m_main->menuBar()->actions())
+                if (const int at = m->text().indexOf(QLatin1Char('&')); at >= 0 && at + 1 < m->text().size())
+                    lettere << m->text().at(at + 1).toLower();
+            for (QPushButton* b : m_main->centralWidget()->findChildren<QPushButton*>()) {
+                const int at = b->text().indexOf(QLatin1Char('&'));
+                QVERIFY2(at >= 0, qPrintable(b->text()));
+                const QChar c = b->text().at(at + 1).toLower();
+                QVERIFY2(!lettere.contains(c), qPrintable(b->text()));
+                lettere << c;
+            }
+        }
     }
 };
 

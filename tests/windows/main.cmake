@@ -11,5 +11,6 @@ add_executable(dv_frmMAIN_utente_tests
     ${CMAKE_CURRENT_LIST_DIR}/frmMAINUtenteTest.cpp
 )
 target_link_libraries(dv_frmMAIN_utente_tests PRIVATE dv_windows Qt6::Test)
+target_compile_definitions(dv_frmMAIN_utente_tests PRIVATE DV_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 add_test(NAME frmMAINUtente COMMAND dv_frmMAIN_utente_tests)
 set_tests_properties(frmMAINUtente PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)
