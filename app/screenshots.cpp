@@ -25,6 +25,8 @@
 #include "windows/frmRidotto.h"
 #include "windows/frmSomma.h"
 #include "windows/frmSplash.h"
+#include "windows/frmStatistiche.h"
+#include "windows/frmUpdate.h"
 #include "windows/frmVisualizza.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
@@ -40,10 +42,13 @@
 #include <QRadioButton>
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <random>
 
 namespace {
 
@@ -59,6 +64,7 @@ public:
     }
     void beep() override {}
     bool openFolder(const std::string&) override { return true; }
+    void openDocument(const std::string&) override {}
 };
 
 class Fotografo {
@@ -96,6 +102,24 @@ void scattaDialogo(Fotografo& foto, dv::frmMAIN& main, const QString& name, Args
 void selezionaPronostico(dv::frmMAIN& main, std::initializer_list<int> numbers) {
     for (int n : numbers)
         dv::GrigliaNumeriClick(main.corpo(), main.ui(), n - 1);
+}
+
+// A year of made-up evening draws, the same at every run.
+dv::ArrayEstrazioni ArchivioDimostrativo() {
+    dv::ArrayEstrazioni a(1);
+    std::mt19937 rng(2025);
+    for (int g = 0; g < 336; ++g) {
+        dv::Estrazione e;
+        std::snprintf(e.Data.data(), 11, "%02d/%02d/2025", 1 + g % 28, 1 + g / 28);
+        e.Concorso = 1;
+        std::array<uint8_t, 90> tutti{};
+        for (int i = 0; i < 90; ++i) tutti[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
+        std::shuffle(tutti.begin(), tutti.end(), rng);
+        std::sort(tutti.begin(), tutti.begin() + 20);
+        std::copy(tutti.begin(), tutti.begin() + 20, e.Numeri.begin() + 1);
+        a.push_back(e);
+    }
+    return a;
 }
 
 // Two covering matrices of 20 numbers in columns of 10 in AppDir's "matrici", for the matrix window.
@@ -196,6 +220,31 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
     scattaDialogo<dv::frmFiltri>(foto, main, "frmFiltri_AND", dv::TipoFiltro::AND);
     scattaDialogo<dv::frmFiltri>(foto, main, "frmFiltri_XOR", dv::TipoFiltro::XOR);
     scattaDialogo<dv::frmFiltriDistanzaNumeri>(foto, main, "frmFiltriDistanzaNumeri");
+
+    // The statistics window over a made-up archive: the first chart, the frequencies, and the
+    // room of a 150% scaling.
+    {
+        corpo->mArrEstrazioni = ArchivioDimostrativo();
+        dv::frmStatistiche stat(*corpo, main.ui(), dialogs, &main);
+        stat.carica();
+        stat.show();
+        foto.scatta(stat, "frmStatistiche");
+        stat.optStat(5);
+        foto.scatta(stat, "frmStatistiche_frequenza");
+        stat.resize(853, 500);
+        stat.optStat(4);
+        foto.scatta(stat, "frmStatistiche_150");
+    }
+
+    // The archive window over the same made-up archive.
+    {
+        dv::frmUpdate archivio(*corpo, main.ui(), main.finestre(), {}, &main);
+        archivio.carica();
+        corpo->mArrEstrazioni = ArchivioDimostrativo();
+        archivio.PopolaListView();
+        archivio.show();
+        foto.scatta(archivio, "frmUpdate");
+    }
 
     dv::EngineObserver silenzioso;
     dv::Elabora(*corpo, main.ui(), control, silenzioso);

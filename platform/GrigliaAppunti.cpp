@@ -2,8 +2,12 @@
 
 #include <QAbstractItemView>
 #include <QClipboard>
+#include <QFontMetrics>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QScrollBar>
+#include <QTableView>
 
 #include <algorithm>
 #include <climits>
@@ -46,6 +50,25 @@ void CopyMSHFlexGridToClipBoard(const QAbstractItemView& grid) {
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->clear();
     clipboard->setText(testo);
+}
+
+void AdattaColonneFlex(QTableView& grid) {
+    const QAbstractItemModel* model = grid.model();
+    if (!model) return;
+    constexpr int RigheMisurate = 2000;
+    constexpr int Margine = 16; // beside the text, as the cells' own padding
+    const QFontMetrics fm(grid.font());
+    const int righe = std::min(model->rowCount(), RigheMisurate);
+    int totale = 0;
+    for (int c = 0; c < model->columnCount(); ++c) {
+        int larghezza = 0;
+        for (int r = 0; r < righe; ++r)
+            larghezza = std::max(larghezza, fm.horizontalAdvance(model->index(r, c).data().toString()));
+        grid.setColumnWidth(c, larghezza + Margine);
+        totale += larghezza + Margine;
+    }
+    grid.setMinimumWidth(totale + grid.verticalScrollBar()->sizeHint().width() + 2 * grid.frameWidth() +
+                         (grid.verticalHeader()->isVisible() ? grid.verticalHeader()->width() : 0));
 }
 
 } // namespace dv

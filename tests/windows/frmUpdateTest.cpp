@@ -1,0 +1,224 @@
+// The archive window on the offscreen platform, wired into the main window as at start-up: the
+// evening archive read unseen, the rows, the options and updates off the window thread against a
+// real dorvanta-server, the double click, the copy, and hiding instead of closing.
+#include "windows/frmUpdate.h"
+
+#include "archive/Archivio.h"
+#include "core/Cartelle.h"
+#include "server/ServerProcess.h"
+#include "tests/windows/LanguageSectionCheck.h"
+#include "tests/windows/QueueDialogs.h"
+#include "windows/Aree.h"
+#include "windows/frmMAIN.h"
+#include "windows/frmUpdateModello.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+using namespace dv;
+
+namespace {
+
+Estrazione Draw(const char* data, int16_t concorso, uint8_t primo, uint8_t oro) {
+    Estrazione e;
+    std::memset(e.Data.data(), ' ', 10);
+    std::memcpy(e.Data.data(), data, std::strlen(data));
+    e.Concorso = concorso;
+    for (int i = 1; i <= 20; ++i)
+        e.Numeri[static_cast<size_t>(i)] = primo ? static_cast<uint8_t>(primo + 2 * i) : 0;
+    e.NumeroOro = oro;
+    e.DoppioOro = oro ? static_cast<uint8_t>(oro + 2) : 0;
+    return e;
+}
+
+void Scrivi(const std::string& path, const std::vector<Estrazione>& draws) {
+    std::ofstream out(path, std::ios::binary);
+    for (const Estrazione& e : draws)
+        out.write(RecordEstrazione(e).data(), DimensioneRecordEstrazione);
+}
+
+} // namespace
+
+class FinestraArchivio : public ::testing::Test {
+protected:
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<Corpo> m_corpo;
+    std::unique_ptr<test::QueueDialogs> m_dialogs;
+    std::unique_ptr<frmMAIN> m_main;
+    frmUpdate* m_win = nullptr;
+    std::vector<std::string> m_chiamate; // the other windows' hooks, in the order called
+
+    template <typename T> T* ctl(const char* name) { return m_win->findChild<T*>(QString::fromLatin1(name)); }
+    QRadioButton* opzione(int i) {
+        return elementoArray<QRadioButton>(*m_win, QStringLiteral("OptArchivio"), i);
+    }
+    std::vector<int> scelti() {
+        std::vector<int> n;
+        for (int i = 0; i < 90; ++i)
+            if (m_corpo->Griglia[static_cast<size_t>(i)]) n.push_back(i + 1);
+        return n;
+    }
+
+    void SetUp() override {
+        m_dir = std::make_unique<QTemporaryDir>();
+        m_corpo = std::make_unique<Corpo>();
+        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
+        std::filesystem::copy_file(DV_SOURCE_DIR "/languages/italiano.lng",
+                                   std::filesystem::path(m_corpo->AppDir) / "italiano.lng");
+        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini")
+            << "[IMPOSTAZIONI]\nLINGUA=italiano\n";
+        // Oldest first; the newest record is a draw without numbers, which the window leaves out.
+        Scrivi(m_corpo->PathArchivioSerale,
+               {Draw("01/03/2024", 1, 1, 3), Draw("02/03/2024", 2, 2, 0), Draw("03/03/2024", 3, 0, 0)});
+        Scrivi(m_corpo->PathArchivio5Min, {Draw("05/03/2024", 287, 5, 7), Draw("05/03/2024", 288, 6, 8)});
+        m_dialogs = std::make_unique<test::QueueDialogs>();
+        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
+        m_main->carica();
+        Finestre& f = m_main->finestre();
+        f.ricalcolaStatistiche = [this] { m_chiamate.push_back("ricalcola"); };
+        f.popolaStatistiche = [this] {
+            m_chiamate.push_back("popola");
+            return true;
+        };
+        f.popolaSpoglioEstrazioni = [this] { m_chiamate.push_back("spoglio"); };
+        CollegaArchivio(*m_main);
+        m_win = m_main->findChild<frmUpdate*>();
+        ASSERT_TRUE(m_win);
+    }
+
+    void TearDown() override {
+        m_corpo->ChiusuraInCorso = Vero;
+        m_main.reset();
+        m_corpo.reset();
+        m_dir.reset();
+    }
+};
+
+TEST_F(FinestraArchivio, ReadsTheEveningArchiveUnseenAndShowsItNewestFirstWithoutBlankDraws) {
+    EXPECT_FALSE(m_win->isVisible());
+    EXPECT_EQ(UBound(m_corpo->mArrEstrazioni), 3);
+    EXPECT_EQ(m_win->modello().rowCount(), 2);
+    const QString attesa =
+        QString::fromLatin1("  02/03/2024   |   002   |   04   06   08   10   12   14   16   18   2"
+                            "0   22   24   26   28   30   32   34   36   38   40   42   |          "
+                            "       |                                ");
+    EXPECT_EQ(m_win->modello().testo(0).toStdString(), attesa.toStdString());
+    EXPECT_EQ(ctl<QLabel>("lbLast")->text(), attesa);
+    EXPECT_EQ(ctl<QLabel>("lbTotale")->text(), QStringLiteral("2"));
+    EXPECT_EQ(ctl<QLabel>("lbElaborazione")->text(), QStringLiteral("Caricamento in corso..."));
+    for (const char* voce : {"cmdArchivio", "menuArchivioEstrazioni", "mnuUltimaEstrazione"})
+        EXPECT_TRUE(m_main->azione(QString::fromLatin1(voce))
+                        ? m_main->azione(QString::fromLatin1(voce))->isVisible()
+                        : m_main->pulsante(QString::fromLatin1(voce))->isVisibleTo(m_main.get()))
+            << voce;
+
+    m_main->azione(QStringLiteral("menuArchivioEstrazioni"))->trigger();
+    EXPECT_TRUE(m_win->isVisible());
+    EXPECT_FALSE(ctl<QPushButton>("cmdStatistiche")->isVisible()); // no statistics window here
+    m_win->close();
+    EXPECT_FALSE(m_win->isVisible());
+    EXPECT_EQ(m_main->findChild<frmUpdate*>(), m_win); // hidden, not closed
+}
+
+TEST_F(FinestraArchivio, AnOptionLoadsItsArchiveOffTheWindowThreadAndACloseMeanwhileOnlyWarns) {
+    m_win->show();
+    QTest::mouseClick(opzione(1), Qt::LeftButton);
+    EXPECT_TRUE(m_win->occupato());
+    EXPECT_FALSE(ctl<QPushButton>("cmdUpdate")->isEnabled());
+    m_win->close();
+    EXPECT_TRUE(m_win->isVisible());
+    m_win->attendi();
+    ASSERT_FALSE(m_dialogs->boxes.empty());
+    EXPECT_EQ(m_dialogs->boxes[0].text, "Caricamento in corso...");
+    EXPECT_EQ(m_corpo->TipoArchivio, 1);
+    EXPECT_EQ(m_win->modello().rowCount(), 2);
+    EXPECT_NE(ctl<QLabel>("lbLast")->text().indexOf(QStringLiteral("288")), -1);
+    EXPECT_TRUE(ctl<QPushButton>("cmdUpdate")->isEnabled());
+    EXPECT_EQ(opzione(1)->palette().color(QPalette::Window), QColor(Qt::yellow));
+    EXPECT_EQ(m_chiamate, (std::vector<std::string>{"popola", "ricalcola", "spoglio"}));
+
+    // An empty archive: no grid, no last draw, zero draws.
+    QTest::mouseClick(opzione(2), Qt::LeftButton);
+    m_win->attendi();
+    EXPECT_FALSE(ctl<QTableView>("flexGrid")->isVisibleTo(m_win));
+    EXPECT_EQ(ctl<QLabel>("lbLast")->text(), QString());
+    EXPECT_EQ(ctl<QLabel>("lbTotale")->text(), QStringLiteral("0"));
+}
+
+TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive) {
+    test::ServerProcess server(QStringLiteral(DV_SOURCE_DIR "/server/sample-data"));
+    ASSERT_TRUE(server.running());
+    m_main->impostazioni().Server = "http://127.0.0.1:9";
+    ctl<QPushButton>("cmdUpdate")->click();
+    m_win->attendi();
+    ASSERT_EQ(m_dialogs->boxes.size(), 1u);
+    EXPECT_EQ(m_dialogs->boxes[0].text, "Non è stato possibile scaricare l'archivio delle estrazioni.");
+    EXPECT_EQ(m_win->modello().rowCount(), 2);
+
+    m_main->impostazioni().Server = server.base();
+    ctl<QPushButton>("cmdUpdate")->click();
+    m_win->attendi();
+    EXPECT_EQ(m_dialogs->boxes.size(), 1u);
+    EXPECT_EQ(m_win->modello().rowCount(), 12);
+    EXPECT_EQ(m_win->modello().testo(0).mid(2, 10), QStringLiteral("13/01/2026"));
+    EXPECT_EQ(m_chiamate,
+              (std::vector<std::string>{"ricalcola", "spoglio", "popola", "ricalcola", "spoglio", "popola"}));
+    EXPECT_EQ(m_corpo->TipoArchivio, 0);
+}
+
+TEST_F(FinestraArchivio, DoubleClickMakesTheForecastOrHandsTheDrawToTheCheckAndCtrlCCopiesRows) {
+    m_main->azione(QStringLiteral("mnuUltimaEstrazione"))->trigger();
+    EXPECT_TRUE(scelti().empty()); // the newest record has no numbers
+
+    m_win->flexGrid_DblClick(1); // row 1 stands for the record one below the newest
+    std::vector<int> attesi;
+    for (int i = 1; i <= 20; ++i)
+        attesi.push_back(2 + 2 * i);
+    EXPECT_EQ(scelti(), attesi);
+    ASSERT_EQ(m_dialogs->boxes.size(), 1u);
+    EXPECT_EQ(m_dialogs->boxes[0].text.substr(0, 30), "I numeri dell'estrazione \r\n04 ");
+    EXPECT_NE(m_dialogs->boxes[0].text.find("\r\n02/03/2024 sono ora il pronostico."), std::string::npos);
+
+    int init = 0, mostra = 0;
+    m_main->finestre().initSpoglio = [&] { return ++init > 0; };
+    m_main->finestre().mostraSpoglio = [&] { ++mostra; };
+    m_corpo->pronostico.NumColonne = 5;
+    m_win->flexGrid_DblClick(2);
+    EXPECT_EQ(m_corpo->NumeriSpoglio[1], 3);
+    EXPECT_EQ(m_corpo->OroSpoglio, 3);
+    EXPECT_EQ(m_corpo->DoppioOroSpoglio, 5);
+    EXPECT_EQ(init + mostra, 2);
+    EXPECT_NE(m_dialogs->boxes.back().text.find("sono pronti per lo spoglio del sistema."),
+              std::string::npos);
+
+    auto* grid = ctl<QTableView>("flexGrid");
+    grid->selectRow(1);
+    QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), m_win->modello().testo(1) + QStringLiteral("\r\n"));
+}
+
+TEST_F(FinestraArchivio, LanguageSectionsNameRealControls) {
+    for (const char* f : {"italiano.lng", "english.lng"})
+        test::controllaSezione(*m_win, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(f));
+}
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
