@@ -4,12 +4,16 @@
 #include "windows/frmMatr.h"
 #include "core/Cartelle.h"
 #include "matrix/Matrice.h"
+#include "windows/Aree.h"
+#include "windows/frmMAIN.h"
 
 #include "matrix/SupportoMatrici.h"
 #include "server/ServerProcess.h"
 #include "support/FakeUi.h"
 #include "windows/LanguageSectionCheck.h"
+#include "windows/QueueDialogs.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -146,6 +150,22 @@ TEST_F(frmMatrTest, CancelledTextDialogLeavesAnEmptySystemAndADamagedFileShowsRe
 
     for (const char* lng : {"italiano.lng", "english.lng"})
         test::controllaSezione(f, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(lng));
+}
+
+TEST_F(frmMatrTest, TheMainWindowShowsItsMatrixEntriesAndSaveAsMatrixOnlyChecks) {
+    test::QueueDialogs dialogs;
+    frmMAIN main(corpo, dialogs);
+    for (const char* voce : {"menuAdattaMatrice", "mnuElencoSistemiImmediati", "menuSalvaComeMatrice"})
+        EXPECT_FALSE(main.azione(QString::fromLatin1(voce))->isVisible()) << voce;
+    CollegaMatrici(main);
+    for (const char* voce : {"menuAdattaMatrice", "mnuElencoSistemiImmediati", "menuSalvaComeMatrice"})
+        EXPECT_TRUE(main.azione(QString::fromLatin1(voce))->isVisible()) << voce;
+    EXPECT_FALSE(main.pulsante(QStringLiteral("cmdAdatta"))->isHidden());
+    main.azione(QStringLiteral("menuSalvaComeMatrice"))->trigger(); // no columns: a warning, nothing written
+    EXPECT_EQ(dialogs.boxes.size(), 1u);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(PercorsoIn(corpo.AppDir, {"matrici"})),
+                            std::filesystem::directory_iterator()),
+              3);
 }
 
 #ifdef DV_SERVER_BINARY
