@@ -148,11 +148,19 @@ struct OpzioniVerify {
 int ComandoVerify(const OpzioniVerify& o, UiTesto& ui) {
     int v = 0;
     std::vector<engine::Mask> colonne;
+    // A system's holes are shown as its numbers: index i is the forecast's i-th smallest number.
+    std::vector<int> numero(91);
+    for (int i = 0; i <= 90; ++i)
+        numero[static_cast<size_t>(i)] = i;
     if (FileSistema(o.file)) {
         auto c = std::make_unique<Corpo>();
         if (ApriFile(*c, ui, o.file) != EsitoApriFile::Aperto) return EsitoFileRifiutato;
         v = c->pronostico.Quanti;
         colonne = ColonneSistema(*c);
+        std::vector<int> numeri(c->pronostico.Numeri.begin(), c->pronostico.Numeri.begin() + v);
+        std::sort(numeri.begin(), numeri.end());
+        for (int i = 0; i < v; ++i)
+            numero[static_cast<size_t>(i + 1)] = numeri[static_cast<size_t>(i)];
     } else {
         try {
             const MATRIX_STRUCTURE m = ReadMatrix(o.file);
@@ -192,7 +200,7 @@ int ComandoVerify(const OpzioniVerify& o, UiTesto& ui) {
         for (size_t i = 0; i < e.firstHoles.size(); ++i) {
             std::printf(i ? ", [" : "[");
             for (size_t j = 0; j < e.firstHoles[i].size(); ++j)
-                std::printf(j ? ", %d" : "%d", e.firstHoles[i][j]);
+                std::printf(j ? ", %d" : "%d", numero[e.firstHoles[i][j]]);
             std::printf("]");
         }
         std::printf("]}\n");
@@ -208,7 +216,7 @@ int ComandoVerify(const OpzioniVerify& o, UiTesto& ui) {
     for (const auto& buco : e.firstHoles) {
         std::printf("  hole:");
         for (uint8_t i : buco)
-            std::printf(" %d", i);
+            std::printf(" %d", numero[i]);
         std::printf("\n");
     }
     return EsitoOk;
@@ -425,7 +433,8 @@ void RegistraComandiMatrici(CLI::App& app, ComandiCli& comandi) {
     verify->footer(
         "For every M-subset of the V indices (of the forecast's numbers for a .dvs system): whether "
         "some column holds at least T of it. --json prints {\"subsets\": N, \"covered\": n, \"holes\": "
-        "N - n, \"first_holes\": [[i, ...], ...]} with at most ten holes, in lexicographic order.");
+        "N - n, \"first_holes\": [[i, ...], ...]} with at most ten holes, in lexicographic order, as the "
+        "forecast's numbers for a system.");
     verify->add_option("file", vo->file, "Matrix file (.mqvn) or system file (.dvs)")->required();
     verify->add_option("--drawn", vo->m, "M, the numbers drawn among the V")
         ->required()
