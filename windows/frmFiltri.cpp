@@ -64,10 +64,12 @@ void frmFiltri::costruisci() {
     connect(m_cmdCancellaTutto, &QPushButton::clicked, this, [this] {
         if (m_pannello->cancellaTabella(m_ui)) ridisegna();
     });
-    // The import window comes later; until then its button stays hidden.
-    auto* cmdLoadFiltri = new QPushButton("Importa", this);
-    cmdLoadFiltri->setObjectName("cmdLoadFiltri");
-    cmdLoadFiltri->setVisible(false);
+    // Shown once the program offers the import window.
+    m_cmdLoadFiltri = new QPushButton("Importa", this);
+    m_cmdLoadFiltri->setObjectName("cmdLoadFiltri");
+    m_cmdLoadFiltri->setAutoDefault(false);
+    m_cmdLoadFiltri->setVisible(false);
+    connect(m_cmdLoadFiltri, &QPushButton::clicked, this, &frmFiltri::cmdLoadFiltri_Click);
 
     auto* comandi = new QHBoxLayout;
     comandi->addWidget(m_optCond[0]);
@@ -78,7 +80,7 @@ void frmFiltri::costruisci() {
     comandi->addStretch();
     comandi->addWidget(m_cmdCancella);
     comandi->addWidget(m_cmdCancellaTutto);
-    comandi->addWidget(cmdLoadFiltri);
+    comandi->addWidget(m_cmdLoadFiltri);
     auto* pannello = new QVBoxLayout(m_frameCondizione);
     pannello->addLayout(griglia);
     pannello->addLayout(presenze);
@@ -116,6 +118,19 @@ void frmFiltri::carica() {
 void frmFiltri::setTipoFiltro(TipoFiltro tipo) {
     m_tipo = tipo;
     carica();
+}
+
+void frmFiltri::setImporta(std::function<void(int)> importa) {
+    m_importa = std::move(importa);
+    m_cmdLoadFiltri->setVisible(static_cast<bool>(m_importa));
+}
+
+void frmFiltri::cmdLoadFiltri_Click() {
+    if (!m_importa) return;
+    m_importa(static_cast<int>(m_tipo) + 1);
+    // What the panel held before is not saved: the table is what the import left.
+    m_pannello->ricarica();
+    ridisegna();
 }
 
 void frmFiltri::mostraNumero(int n) {

@@ -7,6 +7,7 @@
 #include "windows/frmFiltriPannelli.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 class QLabel;
@@ -26,6 +27,11 @@ public:
     TipoFiltro tipoFiltro() const { return m_tipo; }
     // Changes the table shown: panel 1 of the other table, nothing saved of the one before.
     void setTipoFiltro(TipoFiltro tipo);
+    // The import of a whole table (1 AND, 2 OR, 3 XOR), shown modally by cmdLoadFiltri; the button
+    // is shown only when there is one.
+    void setImporta(std::function<void(int tabella)> importa);
+    // cmdLoadFiltri: the import of this table, then panel 1 and record 1 of what it holds.
+    void cmdLoadFiltri_Click();
 
 protected:
     void cellaAttivata(QLabel& cella) override;
@@ -44,6 +50,8 @@ private:
     std::array<QLabel*, 26> m_lbPresenze{};
     QLabel* m_lblNumSelezionati = nullptr;
     QPushButton* m_cmdCancellaTutto = nullptr;
+    QPushButton* m_cmdLoadFiltri = nullptr;
+    std::function<void(int)> m_importa;
 };
 
 } // namespace dv

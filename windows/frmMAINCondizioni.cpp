@@ -14,6 +14,7 @@
 #include <QAction>
 
 #include <cstring>
+#include <type_traits>
 
 namespace dv {
 
@@ -39,6 +40,7 @@ template <typename D, typename... Args>
 void frmMAINCondizioni::apri(std::initializer_list<const char*> segni, Args... args) {
     {
         D dialog(m_window.corpo(), m_window.ui(), args..., &m_window);
+        if constexpr (std::is_same_v<D, frmFiltri>) dialog.setImporta(m_window.finestre().importaFiltri);
         dialog.exec();
     }
     for (const char* name : segni)

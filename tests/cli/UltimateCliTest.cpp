@@ -56,7 +56,9 @@ protected:
         for (int g = 1; g <= 2; ++g)
             for (int c = 1; c <= 100; ++c) {
                 Estrazione e;
-                std::snprintf(e.Data.data(), 11, "%02d/05/2025", g);
+                char data[24];
+                std::snprintf(data, sizeof data, "%02d/05/2025", g);
+                std::copy_n(data, 10, e.Data.begin());
                 e.Concorso = static_cast<int16_t>(c);
                 std::shuffle(numeri.begin(), numeri.end(), rng);
                 std::copy_n(numeri.begin(), 20, e.Numeri.begin() + 1);

@@ -1,0 +1,289 @@
+// The Ultimate window and the filter import on the offscreen platform, wired into the main window
+// as at start-up: the values of each kind, the search off the window thread with its stop and its
+// overflow, the ready-made ranges and both sources of the import, and the filter window's button.
+#include "windows/frmUltimate.h"
+#include "windows/frmImportFiltri.h"
+
+#include "archive/Archivio.h"
+#include "core/Cartelle.h"
+#include "tests/windows/LanguageSectionCheck.h"
+#include "tests/windows/QueueDialogs.h"
+#include "windows/Aree.h"
+#include "windows/frmCalcolo.h"
+#include "windows/frmFiltri.h"
+#include "windows/frmMAIN.h"
+#include "windows/QtUi.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <random>
+
+using namespace dv;
+
+namespace {
+
+// Days of five-minute draws, 20 numbers drawn from a fixed seed.
+ArrayEstrazioni Archivio(int giorni, int perGiorno) {
+    ArrayEstrazioni a(1);
+    std::mt19937 rng(17);
+    std::vector<uint8_t> numeri(90);
+    for (int i = 0; i < 90; ++i)
+        numeri[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
+    for (int g = 1; g <= giorni; ++g)
+        for (int c = 1; c <= perGiorno; ++c) {
+            Estrazione e;
+            char data[24];
+            std::snprintf(data, sizeof data, "%02d/06/2025", g);
+            std::copy_n(data, 10, e.Data.begin());
+            e.Concorso = static_cast<int16_t>(c);
+            std::shuffle(numeri.begin(), numeri.end(), rng);
+            std::copy_n(numeri.begin(), 20, e.Numeri.begin() + 1);
+            a.push_back(e);
+        }
+    return a;
+}
+
+void Scrivi(const ArrayEstrazioni& a, const std::string& path) {
+    std::ofstream out(path, std::ios::binary);
+    for (int32_t i = 1; i <= UBound(a); ++i)
+        out.write(RecordEstrazione(a[static_cast<size_t>(i)]).data(), 34);
+}
+
+// A search stopped at its first step, as the window's stop gives it.
+struct FermaAlPrimo : EngineObserver {
+    RunControl* ctl;
+    void progress(const ProgressInfo&) override { ctl->StopElaborazione = true; }
+};
+
+} // namespace
+
+class FinestraUltimate : public ::testing::Test {
+protected:
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<Corpo> m_corpo;
+    std::unique_ptr<test::QueueDialogs> m_dialogs;
+    std::unique_ptr<frmMAIN> m_main;
+    frmUltimate* m_ult = nullptr;
+
+    template <typename T> T* di(QWidget& w, const char* name) {
+        return w.findChild<T*>(QString::fromLatin1(name));
+    }
+    QString testo(const char* name) { return di<QLabel>(*m_ult, name)->text(); }
+    QString risultato() { return di<QPlainTextEdit>(*m_ult, "lbResult")->toPlainText(); }
+
+    void SetUp() override {
+        m_dir = std::make_unique<QTemporaryDir>();
+        m_corpo = std::make_unique<Corpo>();
+        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
+        std::filesystem::copy_file(DV_SOURCE_DIR "/languages/italiano.lng",
+                                   std::filesystem::path(m_corpo->AppDir) / "italiano.lng");
+        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini")
+            << "[IMPOSTAZIONI]\nLINGUA=italiano\n";
+        m_dialogs = std::make_unique<test::QueueDialogs>();
+        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
+        m_main->carica();
+        CollegaUltimate(*m_main);
+        m_ult = m_main->findChild<frmUltimate*>();
+        ASSERT_TRUE(m_ult);
+    }
+
+    void TearDown() override {
+        m_corpo->ChiusuraInCorso = Vero;
+        m_main.reset();
+        m_corpo.reset();
+        m_dir.reset();
+    }
+
+    // Runs the search of the window's kind and quantity; stop asks for a stop at once.
+    void cerca(bool stop = false) {
+        QSignalSpy fine(m_ult, &frmUltimate::calcoloConcluso);
+        di<QPushButton>(*m_ult, "cmdCalcolo")->click();
+        EXPECT_FALSE(m_ult->isEnabled());
+        EXPECT_FALSE(m_main->isEnabled());
+        if (stop) {
+            m_dialogs->setNextAnswer(true);
+            m_ult->calcolo()->annulla();
+        }
+        ASSERT_TRUE(fine.wait(20000));
+        EXPECT_TRUE(m_ult->isEnabled());
+        EXPECT_TRUE(m_main->isEnabled());
+        EXPECT_FALSE(m_ult->calcolo()->isVisible());
+    }
+};
+
+TEST_F(FinestraUltimate, ValuesOfEachKindAndQuantity) {
+    QAction* voce = m_main->azione(QStringLiteral("menuUltimate"));
+    ASSERT_TRUE(voce && voce->isVisible());
+    voce->trigger();
+    EXPECT_TRUE(m_ult->isVisible());
+    EXPECT_EQ(m_ult->windowTitle(), QStringLiteral("Ultimate 5 minuti"));
+    const QLocale locale;
+    EXPECT_EQ(testo("lbNumEstrazioni"), QStringLiteral("171"));
+    EXPECT_EQ(testo("lbNumDecadimento"), locale.toString(-0.04860291578, 'f', 11));
+    EXPECT_EQ(testo("lbQta"), QStringLiteral("1"));
+    auto* quaterna = elementoArray<QRadioButton>(*m_ult, QStringLiteral("optTipoGiocata"), 2);
+    QTest::mouseClick(quaterna, Qt::LeftButton);
+    EXPECT_EQ(m_ult->tipo(), 4);
+    EXPECT_EQ(quaterna->palette().color(QPalette::Window), QColor(Qt::yellow));
+    di<QScrollBar>(*m_ult, "vsQta")->setValue(3);
+    EXPECT_EQ(testo("lbQta"), QStringLiteral("3"));
+    EXPECT_EQ(testo("lbNumEstrazioni"), locale.toString(7195));
+    // Closed and opened again: loaded afresh.
+    m_ult->close();
+    voce->trigger();
+    EXPECT_EQ(m_ult->tipo(), 2);
+    EXPECT_EQ(testo("lbNumEstrazioni"), QStringLiteral("171"));
+}
+
+TEST_F(FinestraUltimate, SearchShowsItsResultAndWritesTheColumns) {
+    const ArrayEstrazioni a = Archivio(1, 120);
+    Scrivi(a, m_corpo->PathArchivio5Min);
+    m_corpo->pronostico.NumColonne = 3;
+    m_ult->apri();
+    cerca();
+    RunControl ctl;
+    EngineObserver obs;
+    const RisultatoUltimate atteso = UltimateCerca(a, 2, 171, ctl, obs);
+    ASSERT_GT(atteso.trovate(), 0);
+    EXPECT_EQ(risultato(), QString::fromStdString(TestoUltimate(atteso)).replace("\r\n", "\n"));
+    EXPECT_EQ(m_corpo->Colonne.get(1, 1), atteso.combinazione(0)[0]);
+    EXPECT_EQ(m_corpo->pronostico.NumColonne, 3);
+}
+
+TEST_F(FinestraUltimate, StoppedRunShowsWhatItFoundAndOverflowEndsInTheBox) {
+    const ArrayEstrazioni a = Archivio(1, 40);
+    Scrivi(a, m_corpo->PathArchivio5Min);
+    m_ult->apri();
+    cerca(true);
+    RunControl ctl;
+    FermaAlPrimo obs;
+    obs.ctl = &ctl;
+    const RisultatoUltimate atteso = UltimateCerca(a, 2, 171, ctl, obs);
+    ASSERT_TRUE(atteso.interrotta);
+    EXPECT_EQ(risultato(), QString::fromStdString(TestoUltimate(atteso)).replace("\r\n", "\n"));
+    EXPECT_FALSE(risultato().isEmpty());
+
+    // Forty draws leave far more than 32,767 terni.
+    elementoArray<QRadioButton>(*m_ult, QStringLiteral("optTipoGiocata"), 1)->click();
+    cerca();
+    ASSERT_FALSE(m_dialogs->boxes.empty());
+    EXPECT_EQ(m_dialogs->boxes.back().text,
+              "Error 6 (Overflow) in procedure cmdCalcolo_Click of Form frmUltimate");
+}
+
+TEST_F(FinestraUltimate, ImportFromTheArchiveWithTheReadyMadeRanges) {
+    m_corpo->mArrEstrazioni = Archivio(3, 100);
+    m_corpo->TipoArchivio = Archivio5Minuti;
+    m_corpo->LenColonna = 6;
+    m_corpo->FiltriAND[1].Numeri[5] = 1;
+    m_corpo->FiltriAND.setCount(1);
+    frmImportFiltri f(*m_corpo, m_main->ui(), TipoFiltro::OR, m_main.get());
+    EXPECT_EQ(f.windowTitle(), QStringLiteral("Importa Colonne Filtro"));
+    EXPECT_TRUE(elementoArray<QRadioButton>(f, QStringLiteral("optImportSource"), 1)->isChecked());
+    EXPECT_FALSE(di<QPushButton>(f, "cmdImportaFiltri")->isEnabled());
+    EXPECT_EQ(di<QComboBox>(f, "cmbDal")->count(), 3);
+    EXPECT_EQ(di<QComboBox>(f, "cmbAl")->currentText(), QStringLiteral("03/06/2025"));
+    EXPECT_FALSE(di<QComboBox>(f, "cmbConcDal")->isHidden());
+    EXPECT_TRUE(elementoArray<QLabel>(f, QStringLiteral("lbPresenze"), 7)->isHidden());
+    QTest::mouseClick(elementoArray<QLabel>(f, QStringLiteral("lbPresenze"), 0), Qt::LeftButton);
+    QTest::mouseClick(elementoArray<QLabel>(f, QStringLiteral("lbPresenze"), 2), Qt::LeftButton);
+
+    f.menuPopup()->findChild<QAction*>(QStringLiteral("mnuCercaAmbo"))->trigger();
+    EXPECT_EQ(di<QComboBox>(f, "cmbDal")->currentText(), QStringLiteral("02/06/2025"));
+    EXPECT_EQ(di<QComboBox>(f, "cmbConcDal")->currentText(), QStringLiteral("44"));
+    f.menuPopup()->findChild<QAction*>(QStringLiteral("mnulast5days"))->trigger();
+    EXPECT_EQ(di<QComboBox>(f, "cmbDal")->currentText(), QStringLiteral("01/06/2025"));
+    EXPECT_EQ(di<QComboBox>(f, "cmbConcAl")->currentText(), QStringLiteral("288"));
+    f.menuPopup()->findChild<QAction*>(QStringLiteral("mnuCercaAmbo"))->trigger();
+
+    // No to the question: nothing changes and the window stays.
+    m_dialogs->setNextAnswer(false);
+    di<QPushButton>(f, "cmdProcess")->click();
+    EXPECT_EQ(m_corpo->FiltriOR.count(), 0);
+    EXPECT_NE(f.result(), QDialog::Accepted);
+    EXPECT_NE(m_dialogs->boxes.back().text.find('\n'), std::string::npos);
+    di<QPushButton>(f, "cmdProcess")->click();
+    EXPECT_EQ(f.result(), QDialog::Accepted);
+    EXPECT_EQ(m_corpo->FiltriOR.count(), 157);
+    EXPECT_EQ(m_corpo->FiltriOR[1].Presenze, 0b101);
+    EXPECT_EQ(m_corpo->FiltriAND.count(), 1);
+}
+
+TEST_F(FinestraUltimate, ImportFromAFileKeepsTheTableWhenALineIsBad) {
+    m_corpo->FiltriXOR[1].Numeri[9] = 1;
+    m_corpo->FiltriXOR.setCount(1);
+    const std::string buono = m_dir->filePath("buono.txt").toStdString(),
+                      cattivo = m_dir->filePath("x.txt").toStdString();
+    std::ofstream(buono) << "1 2 3\n4,5,6\n";
+    std::ofstream(cattivo) << "1 2 3\n4 y 6\n";
+    frmImportFiltri f(*m_corpo, m_main->ui(), TipoFiltro::XOR, m_main.get());
+    elementoArray<QRadioButton>(f, QStringLiteral("optImportSource"), 0)->click();
+    EXPECT_FALSE(di<QPushButton>(f, "cmdProcess")->isEnabled());
+    m_dialogs->setNextFileName(cattivo);
+    di<QPushButton>(f, "cmdImportaFiltri")->click();
+    EXPECT_EQ(m_dialogs->folders.back(), PercorsoIn(m_corpo->AppDir, {"txt"}));
+    ASSERT_TRUE(di<QPushButton>(f, "cmdProcess")->isEnabled());
+    di<QPushButton>(f, "cmdProcess")->click();
+    EXPECT_NE(f.result(), QDialog::Accepted);
+    EXPECT_EQ(m_corpo->FiltriXOR.count(), 1);
+    EXPECT_EQ(m_corpo->FiltriXOR[1].Numeri[9], 1);
+    EXPECT_NE(m_dialogs->boxes.back().text.find("2: \"4 y 6\""), std::string::npos);
+    m_dialogs->setNextFileName(buono);
+    di<QPushButton>(f, "cmdImportaFiltri")->click();
+    di<QPushButton>(f, "cmdProcess")->click();
+    EXPECT_EQ(f.result(), QDialog::Accepted);
+    EXPECT_EQ(m_corpo->FiltriXOR.count(), 2);
+    EXPECT_EQ(m_corpo->FiltriXOR[2].Numeri[6], 1);
+}
+
+TEST_F(FinestraUltimate, FilterWindowOpensTheImportAndShowsItsFirstRecord) {
+    m_corpo->mArrEstrazioni = Archivio(1, 10);
+    frmFiltri filtri(*m_corpo, m_main->ui(), TipoFiltro::AND, m_main.get());
+    filtri.setImporta(m_main->finestre().importaFiltri);
+    auto* cmdLoadFiltri = di<QPushButton>(filtri, "cmdLoadFiltri");
+    EXPECT_FALSE(cmdLoadFiltri->isHidden());
+    bool vista = false;
+    QTimer::singleShot(0, [&] {
+        auto* imp = qobject_cast<frmImportFiltri*>(QApplication::activeModalWidget());
+        if (!imp) return;
+        vista = imp->tipoFiltro() == TipoFiltro::AND;
+        di<QPushButton>(*imp, "cmdProcess")->click();
+    });
+    cmdLoadFiltri->click();
+    EXPECT_TRUE(vista);
+    EXPECT_EQ(m_corpo->FiltriAND.count(), 10);
+    EXPECT_EQ(di<QLabel>(filtri, "lblTotFiltriON")->text(), QStringLiteral("10"));
+}
+
+TEST_F(FinestraUltimate, LanguageSectionsNameRealControls) {
+    frmImportFiltri f(*m_corpo, m_main->ui(), TipoFiltro::AND, m_main.get());
+    for (const char* lng : {"italiano.lng", "english.lng"}) {
+        test::controllaSezione(*m_ult,
+                               QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(lng));
+        test::controllaSezione(f, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(lng));
+    }
+}
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
