@@ -240,13 +240,9 @@ bool LavoroStampa::concludi(std::string& errore) {
 
 std::vector<std::string> ElencoStampantiConPdf() {
     std::vector<std::string> out;
-    bool pdf = false;
-    for (const QString& name : QPrinterInfo::availablePrinterNames()) {
+    for (const QString& name : QPrinterInfo::availablePrinterNames())
         out.push_back(name.toStdString());
-        pdf = pdf || name == QLatin1String(NomeStampantePdf);
-    }
-    if (!pdf) out.emplace_back(NomeStampantePdf);
-    return out;
+    return ConStampantePdf(std::move(out));
 }
 
 } // namespace dv

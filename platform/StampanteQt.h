@@ -9,6 +9,7 @@
 #pragma once
 
 #include "print/OperazioniStampa.h"
+#include "print/StampantePdf.h"
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -28,9 +29,6 @@ class QPdfWriter;
 class QPrinter;
 
 namespace dv {
-
-// The entry of the printer lists that prints into a PDF file.
-inline constexpr const char* NomeStampantePdf = "PDF";
 
 // The families tried for a layout's font, the layout's own first.
 QStringList FamiglieFont(const std::string& nome);

@@ -1,0 +1,184 @@
+// frmTabulato, frmStampa with frmPrnInCorso, and frmTaratura10eLotto on the offscreen platform,
+// printing through the "PDF" entry into files of a temporary folder.
+#include "windows/frmStampa.h"
+#include "print/StampantePdf.h"
+#include "windows/frmPrnInCorso.h"
+#include "windows/frmTabulato.h"
+#include "windows/frmTaratura10eLotto.h"
+
+#include "support/FakeUi.h"
+#include "windows/LanguageSectionCheck.h"
+#include "windows/QueueDialogs.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+namespace dv {
+namespace {
+
+template <typename T> T* trova(QWidget& w, const char* name) {
+    return w.findChild<T*>(QString::fromLatin1(name));
+}
+
+int Pagine(const std::string& pdf) {
+    std::FILE* p = ::popen(("pdfinfo '" + pdf + "' 2>/dev/null").c_str(), "r");
+    std::string out;
+    char buf[2048];
+    for (size_t n; (n = std::fread(buf, 1, sizeof buf, p)) > 0;)
+        out.append(buf, n);
+    ::pclose(p);
+    const size_t at = out.find("Pages:");
+    return at == std::string::npos ? -1 : std::stoi(out.substr(at + 6));
+}
+
+struct Finestre : ::testing::Test {
+    QTemporaryDir dir;
+    std::unique_ptr<Corpo> c = std::make_unique<Corpo>();
+    test::FakeUi ui;
+    test::QueueDialogs dialogs;
+    Impostazioni imp;
+    SlipCalibration cal;
+
+    Finestre() {
+        c->AppDir = dir.path().toStdString();
+        c->LenColonna = 6;
+        sistema(3);
+        imp.StampanteTabulato = NomeStampantePdf;
+    }
+    void sistema(int32_t n) {
+        c->pronostico.NumColonne = n;
+        for (int32_t j = 1; j <= n; ++j)
+            for (int p = 1; p <= 6; ++p)
+                c->Colonne.set(j, p, static_cast<uint8_t>((j + 7 * p) % 90 + 1));
+    }
+    std::string file(const char* name) const { return dir.filePath(QString::fromLatin1(name)).toStdString(); }
+};
+
+TEST_F(Finestre, LanguageSectionsNameRealControls) {
+    frmTabulato tab(*c, ui, imp);
+    frmStampa schede(*c, ui, dialogs, imp, cal);
+    std::atomic<bool> fermata{false};
+    frmPrnInCorso progresso(ui, dialogs, fermata);
+    frmTaratura10eLotto taratura(*c, ui, imp, cal, "PDF");
+    for (const char* f : {"italiano.lng", "english.lng"}) {
+        const QString path = QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(f);
+        for (QWidget* w : std::initializer_list<QWidget*>{&tab, &schede, &progresso, &taratura})
+            test::controllaSezione(*w, path);
+    }
+}
+
+TEST_F(Finestre, ListingCopiesNothingSelectedAndThePdfEntry) {
+    frmTabulato f(*c, ui, imp);
+    trova<QScrollBar>(f, "VsCopie")->setValue(3);
+    EXPECT_EQ(trova<QLabel>(f, "labCopie")->text(), QStringLiteral("3"));
+    EXPECT_EQ(f.opzioni().copie, 3);
+
+    trova<QCheckBox>(f, "chkCol")->setChecked(false);
+    trova<QCheckBox>(f, "chkProno")->setChecked(false);
+    f.cmdStampa_Click();
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "<0039>");
+    EXPECT_EQ(ui.calls.back(), "messageBox"); // no file was asked for
+
+    trova<QCheckBox>(f, "chkProno")->setChecked(true);
+    ui.setNextFileName(file("tabulato.pdf"));
+    f.cmdStampa_Click();
+    EXPECT_FALSE(f.isEnabled());
+    f.attendi();
+    EXPECT_TRUE(f.isEnabled());
+    EXPECT_EQ(Pagine(file("tabulato.pdf")), 3);
+}
+
+TEST_F(Finestre, SlipsLoadRangeAndPrintOnePageEach) {
+    frmStampa f(*c, ui, dialogs, imp, cal);
+    f.carica();
+    auto* cmb = trova<QComboBox>(f, "cmbStampante");
+    EXPECT_EQ(cmb->itemText(cmb->count() - 1), QStringLiteral("PDF"));
+    EXPECT_EQ(trova<QLineEdit>(f, "meDa")->text(), QStringLiteral("1"));
+    EXPECT_EQ(trova<QLineEdit>(f, "meA")->text(), QStringLiteral("3"));
+    EXPECT_TRUE(f.opzioni().tipoEstrazione[0]);
+
+    trova<QLineEdit>(f, "meA")->setText(QStringLiteral("4"));
+    f.cmdStampa_Click();
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "<0024>");
+    EXPECT_FALSE(f.progresso().isVisible());
+
+    trova<QLineEdit>(f, "meA")->setText(QStringLiteral("3"));
+    cmb->setCurrentIndex(cmb->findText(QStringLiteral("PDF")));
+    ui.setNextFileName(file("schede.pdf"));
+    f.cmdStampa_Click();
+    EXPECT_TRUE(f.progresso().isVisible());
+    f.attendi();
+    EXPECT_FALSE(f.progresso().isVisible());
+    EXPECT_TRUE(f.isEnabled());
+    EXPECT_EQ(f.progresso().testoScheda(), QStringLiteral("<0030> n.00003"));
+    EXPECT_EQ(Pagine(file("schede.pdf")), 3);
+    EXPECT_EQ(ui.boxes.size(), 1u);
+}
+
+TEST_F(Finestre, StopQuestionEndsTheJobWithTheSlipsPrinted) {
+    sistema(3000);
+    frmStampa f(*c, ui, dialogs, imp, cal);
+    f.carica();
+    ui.setNextFileName(file("stop.pdf"));
+    f.cmdPdf_Click();
+    dialogs.setNextAnswer(false);
+    f.progresso().cmdInterrompi_Click();
+    dialogs.setNextAnswer(true);
+    f.progresso().cmdInterrompi_Click();
+    f.attendi();
+    ASSERT_EQ(dialogs.boxes.size(), 2u);
+    EXPECT_EQ(dialogs.boxes[0].text, "<0020>");
+    EXPECT_EQ(dialogs.beeps, 2);
+    const int pagine = Pagine(file("stop.pdf"));
+    EXPECT_LT(pagine, 3000);
+    EXPECT_TRUE(ui.boxes.empty());
+}
+
+TEST_F(Finestre, CalibrationBarsTextsAndTheSavedFile) {
+    frmTaratura10eLotto f(*c, ui, imp, cal, "PDF");
+    f.carica();
+    EXPECT_EQ(f.barra(0)->value(), 108);
+    EXPECT_EQ(f.casella(0)->text(), QStringLiteral("10.8"));
+    EXPECT_EQ(f.barra(11)->value(), 1830);
+    // A first use knows no printer: the box, and the printer to calibrate in the list's text.
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "Stampante non configurata");
+    EXPECT_EQ(trova<QComboBox>(f, "cmbStampante")->currentText(), QStringLiteral("PDF"));
+
+    f.barra(0)->setValue(112);
+    EXPECT_EQ(f.casella(0)->text(), QStringLiteral("11.2"));
+    f.optColor_Click(0);
+    f.cmdSalva_Click();
+    EXPECT_EQ(f.windowTitle(), QStringLiteral("Taratura Scheda 10eLotto (PDF.prn)"));
+    const SlipCalibration letta = LoadCalibration(PercorsoTaratura(c->AppDir, "PDF"));
+    EXPECT_EQ(letta.POSX_UNO, 11.2f);
+    EXPECT_EQ(letta.STAMPANTE, "PDF");
+    EXPECT_EQ(letta.INTENSITA_STAMPA, 9999);
+
+    ui.setNextFileName(file("test.pdf"));
+    f.cmdTest_Click();
+    EXPECT_EQ(Pagine(file("test.pdf")), 1);
+}
+
+} // namespace
+} // namespace dv
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
