@@ -16,6 +16,7 @@ namespace dv {
 namespace {
 
 constexpr int ErroreLogica = -2147211504;
+constexpr size_t BufferCsv = size_t{1} << 18;
 
 // The date of a record without its trailing blanks, without a copy.
 std::string_view DataDi(const Estrazione& e) {
@@ -60,6 +61,48 @@ void AggiungiIntero(std::string& s, int v) {
     char buf[12];
     const auto r = std::to_chars(buf, buf + sizeof buf, v);
     s.append(buf, r.ptr);
+}
+
+char* Intero(char* p, int v) {
+    return std::to_chars(p, p + 12, v).ptr;
+}
+
+// One line of the CSV file into p (room for 160 characters): the date, the draw number when
+// asked, the non-zero numbers in at least two digits, the repeats, the even and odd counts, the
+// run and the sum, separated by ";" and ended by CR LF. Returns its length.
+size_t RigaCsv(char* const inizio, const Estrazione& e, bool concorso, int ripetuti, int pari, int lungo,
+               int somma) {
+    char* p = inizio;
+    std::memcpy(p, e.Data.data(), e.Data.size());
+    p += e.Data.size();
+    *p++ = ';';
+    if (concorso) {
+        p = Intero(p, e.Concorso);
+        *p++ = ';';
+    }
+    bool primo = true;
+    for (size_t k = 1; k <= 20; ++k) {
+        const uint8_t n = e.Numeri[k];
+        if (n == 0) continue;
+        if (!primo) *p++ = ';';
+        primo = false;
+        if (n < 100) {
+            p[0] = DueCifre[n][0];
+            p[1] = DueCifre[n][1];
+            p += 2;
+        } else {
+            p = Intero(p, n);
+        }
+    }
+    for (int v : {ripetuti, pari, 20 - pari, lungo}) {
+        *p++ = ';';
+        p = Intero(p, v);
+    }
+    *p++ = ';';
+    p = Intero(p, somma);
+    *p++ = '\r';
+    *p++ = '\n';
+    return static_cast<size_t>(p - inizio);
 }
 
 } // namespace
@@ -135,21 +178,29 @@ void OrdinaFrequenze(std::array<std::array<int32_t, 2>, 91>& f) {
 
 EsitoStatistiche CalcolaStatistiche(const ArrayEstrazioni& a, int32_t tipoArchivio,
                                     const IntervalloStatistiche& r, Ui& ui, TabelleStatistiche& t,
-                                    std::string* csv) {
+                                    UscitaCsv* csv) {
     // 1. Every counter cleared.
     t = TabelleStatistiche{};
     // 2. Nothing to count in an empty archive.
     if (ArchivioVuoto(a)) return EsitoStatistiche::Vuoto;
     try {
+        // The lines gather in a buffer of fixed size that goes out whenever it is nearly full.
+        std::string buffer;
         if (csv) {
-            *csv += IntestazioneCsvStatistiche(tipoArchivio, ui);
-            *csv += "\r\n";
+            buffer = IntestazioneCsvStatistiche(tipoArchivio, ui) + "\r\n";
+            buffer.reserve(BufferCsv);
         }
+        struct Svuota {
+            UscitaCsv* csv;
+            std::string& buffer;
+            ~Svuota() {
+                if (csv) csv->scrivi(buffer.data(), buffer.size());
+            }
+        } svuota{csv, buffer};
         int32_t primo = 0, ultimo = 0;
         TrovaIntervallo(a, r, ui, primo, ultimo);
         t.primo = primo;
         t.ultimo = ultimo;
-        if (csv) csv->reserve(csv->size() + static_cast<size_t>(ultimo - primo + 1) * 96);
         auto& freq = t.frequenza;
         // From the newest draw of the range back to its first.
         for (int32_t i = ultimo; i >= primo; --i) {
@@ -179,30 +230,13 @@ EsitoStatistiche CalcolaStatistiche(const ArrayEstrazioni& a, int32_t tipoArchiv
             ++t.consecutivi[static_cast<size_t>(lungo)];
             ++t.ripetuti[static_cast<size_t>(ripetuti)];
             if (csv) {
-                std::string& s = *csv;
-                s.append(e.Data.data(), e.Data.size());
-                s += ';';
-                if (tipoArchivio == Archivio5Minuti) {
-                    AggiungiIntero(s, e.Concorso);
-                    s += ';';
+                char riga[160];
+                buffer.append(
+                    riga, RigaCsv(riga, e, tipoArchivio == Archivio5Minuti, ripetuti, pari, lungo, somma));
+                if (buffer.size() > BufferCsv - sizeof riga) {
+                    csv->scrivi(buffer.data(), buffer.size());
+                    buffer.clear();
                 }
-                bool primoNumero = true;
-                for (int k = 0; k < 20; ++k) {
-                    if (n[k] == 0) continue;
-                    if (!primoNumero) s += ';';
-                    primoNumero = false;
-                    if (n[k] < 100)
-                        s.append(DueCifre[n[k]].data(), 2);
-                    else
-                        AggiungiIntero(s, n[k]);
-                }
-                s += ';';
-                for (int v : {ripetuti, pari, 20 - pari, lungo}) {
-                    AggiungiIntero(s, v);
-                    s += ';';
-                }
-                AggiungiIntero(s, somma);
-                s += "\r\n";
             }
             for (int k = 0; k < 20; ++k) {
                 if (n[k] == 0) continue;

@@ -66,13 +66,27 @@ std::string IntestazioneCsvStatistiche(int32_t tipoArchivio, Ui& ui);
 
 enum class EsitoStatistiche { Vuoto, Calcolate, Errore };
 
+// Where the text of the CSV file goes, in pieces of many lines.
+class UscitaCsv {
+public:
+    virtual ~UscitaCsv() = default;
+    virtual void scrivi(const char* testo, size_t lunghezza) = 0;
+};
+
+// The CSV text kept in memory.
+class TestoCsv : public UscitaCsv {
+public:
+    std::string testo;
+    void scrivi(const char* p, size_t n) override { testo.append(p, n); }
+};
+
 // The computation over the range: the counters into t, and into csv (when not null) the heading
 // and one line for each draw from the newest of the range back to its first, each ended by CR LF.
 // Vuoto for an empty archive (counters cleared, no text). A failure shows the box that names
 // "Statistiche of Form frmStatistiche" and gives Errore; t and csv hold what was done until then.
 EsitoStatistiche CalcolaStatistiche(const ArrayEstrazioni& a, int32_t tipoArchivio,
                                     const IntervalloStatistiche& r, Ui& ui, TabelleStatistiche& t,
-                                    std::string* csv);
+                                    UscitaCsv* csv);
 
 // The exchange sort of the frequency table: count highest first, and slots with equal counts
 // exchanged as well, which decides their order.

@@ -58,15 +58,22 @@ EsitoStatistiche Statistiche(const ArrayEstrazioni& a, int32_t tipoArchivio, con
         return EsitoStatistiche::Vuoto;
     }
     PulisciCsvStatistiche(tempFolder);
-    std::string csv;
-    const EsitoStatistiche esito = CalcolaStatistiche(a, tipoArchivio, r, ui, t, &csv);
+    // The lines go straight into the file as they are made; it takes its name once complete.
+    struct UscitaFile : UscitaCsv {
+        std::ofstream& out;
+        explicit UscitaFile(std::ofstream& o) : out(o) {}
+        void scrivi(const char* p, size_t n) override { out.write(p, static_cast<std::streamsize>(n)); }
+    };
     try {
-        ScriviTestoSicuro(csvPath, csv);
+        ScrittoreSicuro file(csvPath, std::ios::binary);
+        UscitaFile uscita(file.stream());
+        const EsitoStatistiche esito = CalcolaStatistiche(a, tipoArchivio, r, ui, t, &uscita);
+        file.conferma();
+        return esito;
     } catch (const ErroreEsecuzione& e) {
         MostraErrore(ui, e, ") in procedure Statistiche of Form frmStatistiche");
         return EsitoStatistiche::Errore;
     }
-    return esito;
 }
 
 } // namespace dv

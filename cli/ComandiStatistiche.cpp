@@ -96,13 +96,13 @@ int ComandoStats(const OpzioniStats& o, UiTesto& ui) {
         }
     }
     TabelleStatistiche t;
-    std::string testo;
+    TestoCsv testo;
     if (CalcolaStatistiche(a, o.tipo, r, ui, t, o.csv.empty() ? nullptr : &testo) !=
         EsitoStatistiche::Calcolate)
         return EsitoFileRifiutato;
     if (!o.csv.empty()) {
         try {
-            ScriviTestoSicuro(o.csv, testo);
+            ScriviTestoSicuro(o.csv, testo.testo);
         } catch (const ErroreEsecuzione& e) {
             std::fprintf(stderr, "%s: %s\n", o.csv.c_str(), e.descrizione().c_str());
             return EsitoFileRifiutato;

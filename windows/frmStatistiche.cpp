@@ -121,7 +121,7 @@ void frmStatistiche::costruisci() {
     connect(cmdTxtButton, &QPushButton::clicked, this, [this] { cmdTxt(); });
     piede->addWidget(cmdTxtButton);
     layout->addLayout(piede);
-    resize(900, 700);
+    resize(900, 820);
 }
 
 void frmStatistiche::carica() {

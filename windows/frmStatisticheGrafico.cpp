@@ -26,10 +26,14 @@ void MostraGraficoBarre(QChartView& view, const std::string& titolo, const std::
     barre->setColor(QColor(0x1f, 0x5f, 0xbf));
     QStringList etichette;
     int32_t massimo = 0;
-    for (const RigaGrafico& r : righe) {
-        *barre << r.valore;
-        etichette << QString::fromStdString(r.etichetta);
-        massimo = std::max(massimo, r.valore);
+    // A horizontal bar chart stacks its rows from the bottom up: the last row goes in first, so
+    // that the first row stands on top.
+    for (auto r = righe.rbegin(); r != righe.rend(); ++r) {
+        *barre << r->valore;
+        // Non-breaking blanks: the axis draws its labels as rich text, which would fold the blanks
+        // that keep the values in line.
+        etichette << QString::fromStdString(r->etichetta).replace(QLatin1Char(' '), QChar(0x00A0));
+        massimo = std::max(massimo, r->valore);
     }
     auto* serie = new QHorizontalBarSeries;
     serie->append(barre);
@@ -37,12 +41,10 @@ void MostraGraficoBarre(QChartView& view, const std::string& titolo, const std::
     chart->addSeries(serie);
 
     // The labels in a fixed-width font, so that the values behind " --> " line up.
-    QFont fisso = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    fisso.setPointSizeF(view.font().pointSizeF());
+    const QFont fisso = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     auto* righeAsse = new QBarCategoryAxis;
-    righeAsse->append(etichette);
     righeAsse->setLabelsFont(fisso);
-    righeAsse->setReverse(true); // the first row on top
+    righeAsse->append(etichette);
     chart->addAxis(righeAsse, Qt::AlignLeft);
     serie->attachAxis(righeAsse);
     auto* valori = new QValueAxis;
@@ -52,9 +54,11 @@ void MostraGraficoBarre(QChartView& view, const std::string& titolo, const std::
     chart->addAxis(valori, Qt::AlignBottom);
     serie->attachAxis(valori);
 
-    // Room for every row's label: a line and a little more for each, plus title and value axis.
+    // Room for every row's label: an axis shortens to "..." every label whose row is lower than
+    // the text and its padding above and below, so each row takes a line and that padding, and
+    // the chart adds room for its title and the value axis.
     const QFontMetrics fm(fisso);
-    view.setMinimumHeight(static_cast<int>(righe.size()) * (fm.height() + 4) + 6 * fm.height());
+    view.setMinimumHeight((static_cast<int>(righe.size()) + 1) * (fm.height() + 12) + 8 * fm.height());
 
     QChart* vecchio = view.chart();
     view.setChart(chart);

@@ -89,7 +89,7 @@ TEST_F(StatsCli, JsonAndCsvAreThoseOfTheComputation) {
     ASSERT_EQ(e.rc, 0);
     cli::UiTesto ui(DV_LANGUAGE_FILE, stderr);
     TabelleStatistiche t;
-    std::string atteso;
+    TestoCsv atteso;
     ASSERT_EQ(CalcolaStatistiche(a, 1, {"01/05/2025", "02/05/2025", 3, 4}, ui, t, &atteso),
               EsitoStatistiche::Calcolate);
     EXPECT_EQ(t.ultimo - t.primo + 1, 8);
@@ -101,8 +101,8 @@ TEST_F(StatsCli, JsonAndCsvAreThoseOfTheComputation) {
         json += (i == 1 ? "[" : ", [") + std::to_string(t.frequenza[i][1]) + ", " +
                 std::to_string(t.frequenza[i][0]) + "]";
     EXPECT_EQ(e.out, json + "]}\n");
-    EXPECT_EQ(Leggi(csv), atteso);
-    EXPECT_EQ(atteso.substr(0, 10), "Data;n.;P1");
+    EXPECT_EQ(Leggi(csv), atteso.testo);
+    EXPECT_EQ(atteso.testo.substr(0, 10), "Data;n.;P1");
 }
 
 TEST_F(StatsCli, WithoutDatesTheWholeArchive) {

@@ -62,7 +62,12 @@ protected:
     QStringList righe() {
         const auto assi =
             m_stat->findChild<QChartView*>(QStringLiteral("chartStat"))->chart()->axes(Qt::Vertical);
-        return assi.isEmpty() ? QStringList() : static_cast<QBarCategoryAxis*>(assi.first())->categories();
+        QStringList r;
+        // Top to bottom, with plain blanks.
+        if (!assi.isEmpty())
+            for (const QString& c : static_cast<QBarCategoryAxis*>(assi.first())->categories())
+                r.prepend(QString(c).replace(QChar(0x00A0), QLatin1Char(' ')));
+        return r;
     }
     std::vector<int> scelti() {
         std::vector<int> n;
