@@ -6,6 +6,7 @@
 #include "core/Cartelle.h"
 #include "platform/ApplyLanguage.h"
 #include "platform/GrigliaAppunti.h"
+#include "windows/frmFiltriPannelli.h"
 #include "windows/frmUpdateModello.h"
 #include "windows/QtUi.h"
 
@@ -68,7 +69,6 @@ void frmUpdate::creaControlli() {
         m_OptArchivio[i] = new QRadioButton(QString::fromLatin1(captions[i]), m_frameTipoArchivio);
         m_OptArchivio[i]->setObjectName(QStringLiteral("OptArchivio"));
         m_OptArchivio[i]->setProperty("index", i);
-        m_OptArchivio[i]->setAutoFillBackground(true);
         opzioni->addWidget(m_OptArchivio[i]);
         connect(m_OptArchivio[i], &QRadioButton::toggled, this, [this, i](bool on) {
             if (on) OptArchivio_Click(i);
@@ -194,6 +194,9 @@ void frmUpdate::PopolaListView() {
         m_flexGrid->setEnabled(true);
         m_flexGrid->setUpdatesEnabled(true);
         AdattaColonneFlex(*m_flexGrid);
+        // The window as wide as the rows need.
+        layout()->activate();
+        if (width() < minimumSizeHint().width()) resize(minimumSizeHint().width(), height());
         m_ui.setBusy(false);
         // 5. The newest draw and the count.
         const int righe = m_modello->rowCount();
@@ -284,14 +287,9 @@ void frmUpdate::cmdUpdate_Click() {
 }
 
 void frmUpdate::evidenziaOpzione(int index) {
-    for (int i = 0; i < 3; ++i) {
-        QPalette p = m_frameTipoArchivio->palette();
-        if (i == index) {
-            p.setColor(QPalette::Window, Qt::yellow);
-            p.setColor(QPalette::WindowText, Qt::black);
-        }
-        m_OptArchivio[i]->setPalette(p);
-    }
+    // The chosen option black on yellow, the others in the system's colours.
+    for (int i = 0; i < 3; ++i)
+        Colora(*m_OptArchivio[i], i == index ? 0x00FFFF : -1);
 }
 
 void frmUpdate::OptArchivio_Click(int index) {
