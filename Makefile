@@ -2,7 +2,8 @@
 #   make run    installs what is missing, builds in Release and starts the program
 #   make test   installs what is missing, builds with the sanitizers and runs every test
 #   make bench  builds in Release and runs the benchmarks
-#   make screenshots  draws every window into build/screenshots, in Italian and in English
+#   make screenshots  draws every window into build/screenshots, in Italian and in English, and at
+#                     150% scaling into build/screenshots/150
 
 JOBS ?= 2
 RELEASE_DIR := build/release
@@ -34,6 +35,7 @@ test: deps $(TEST_DIR)/build.ninja
 # Every window of the program drawn into PNG files, in Italian and in English, without a desktop.
 screenshots: build
 	QT_QPA_PLATFORM=offscreen $(RELEASE_DIR)/dorvanta-screenshots build/screenshots
+	QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=1.5 $(RELEASE_DIR)/dorvanta-screenshots build/screenshots/150
 
 bench: build
 	$(RELEASE_DIR)/bench/dorvanta-bench

@@ -6,6 +6,7 @@
 #include "core/Avvio.h"
 #include "core/Cartelle.h"
 #include "core/Engine.h"
+#include "core/Helpers.h"
 #include "core/Sistema.h"
 #include "matrix/Copertura.h"
 #include "platform/ApplyLanguage.h"
@@ -37,6 +38,11 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QImage>
+#include <QMessageBox>
+#include <QPainter>
 #include <QPixmap>
 #include <QListWidget>
 #include <QRadioButton>
@@ -49,6 +55,7 @@
 #include <fstream>
 #include <memory>
 #include <random>
+#include <tuple>
 
 namespace {
 
@@ -74,7 +81,7 @@ public:
     void scatta(QWidget& w, const QString& name) {
         QApplication::processEvents();
         const QString path = m_folder + "/" + name + ".png";
-        if (w.grab().save(path))
+        if (conTitolo(w).save(path))
             std::printf("%s\n", qPrintable(path));
         else
             std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
@@ -87,6 +94,29 @@ public:
     }
 
 private:
+    // A window drawn under a plain title bar of its width, so that a title cut short shows.
+    static QImage conTitolo(QWidget& w) {
+        const QPixmap grab = w.grab();
+        if (!w.isWindow() || qobject_cast<QMenu*>(&w)) return grab.toImage();
+        QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+        font.setBold(true);
+        const qreal dpr = grab.devicePixelRatio();
+        const int barra = QFontMetrics(font).height() + 10;
+        QImage out(grab.width(), grab.height() + static_cast<int>(barra * dpr), QImage::Format_ARGB32);
+        out.setDevicePixelRatio(dpr);
+        out.fill(QColor(60, 60, 70));
+        QPainter p(&out);
+        p.setFont(font);
+        p.setPen(Qt::white);
+        const QRectF testo(28, 0, grab.width() / dpr - 28 - 84, barra);
+        p.drawText(testo, Qt::AlignVCenter | Qt::AlignLeft,
+                   QFontMetrics(font).elidedText(w.windowTitle(), Qt::ElideMiddle, static_cast<int>(testo.width())));
+        for (int i = 0; i < 3; ++i)
+            p.drawRect(QRectF(grab.width() / dpr - 26.0 * (i + 1), 5, 18, barra - 10));
+        p.drawPixmap(QPointF(0, barra), grab);
+        return out;
+    }
+
     QString m_folder;
 };
 
@@ -192,6 +222,9 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
     selezionaPronostico(main, {3, 7, 11, 18, 22, 25, 29, 34, 38, 41, 47, 52, 56, 60, 63, 69, 74, 78, 85, 90});
     dv::elementoArray<QRadioButton>(main, QStringLiteral("optImporto"), 3)->click();
     dv::elementoArray<QRadioButton>(main, QStringLiteral("optTipoGiocata"), 1)->click();
+    // The grid holds the keyboard's focus: its current cell is framed.
+    main.activateWindow();
+    main.findChild<QWidget*>(QStringLiteral("frameNumeri"))->setFocus();
     foto.scatta(main, "frmMAIN_pronostico");
 
     dv::RunControl control;
@@ -249,6 +282,18 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
     dv::EngineObserver silenzioso;
     dv::Elabora(*corpo, main.ui(), control, silenzioso);
     foto.scatta(main, "frmMAIN_sistema");
+    // The elapsed-time box and a question, as wide as their titles; the warning of a file whose
+    // conditions are cut short.
+    for (const auto& [testo, titolo, nome] :
+         {std::tuple<std::string, std::string, const char*>{dv::TestoTempoTrascorso(5), "", "box_tempo"},
+          {dv::TestoCon(main.ui().Lang("0223"), "prova1.dvs"), "", "box_sostituire"}}) {
+        auto box = dv::QtDialogService::box(&main, testo, titolo, dv::BoxIcon::Question, true);
+        box->show();
+        foto.scatta(*box, nome);
+    }
+    main.mostraAvviso(QString::fromStdString(main.ui().Lang("0224")));
+    foto.scatta(main, "frmMAIN_avviso");
+    main.mostraAvviso(QString());
     scattaDialogo<dv::frmVisualizza>(foto, main, "frmVisualizza");
 
     // The room a 1280x800 screen leaves at 150% scaling, less the desktop's panels.

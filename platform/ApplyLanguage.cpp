@@ -5,6 +5,8 @@
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFontDatabase>
+#include <QFontMetrics>
 #include <QAction>
 #include <QGroupBox>
 #include <QLabel>
@@ -41,12 +43,8 @@ void applica(QObject& o, const std::string& file, const std::string& section, co
     if (const QString v = leggi(file, section, prefix + ".Tag"); !v.isEmpty()) o.setProperty("tag", v);
 }
 
-} // namespace
-
-void ApplyLanguage(QWidget& form, const std::string& languageFile) {
-    if (languageFile.empty()) return;
-    const std::string section = form.objectName().toStdString();
-    if (section.empty()) return;
+// The captions, tool tips and tags of the window and its controls, then the language change.
+void applicaTesti(QWidget& form, const std::string& languageFile, const std::string& section) {
     applica(form, languageFile, section, section);
 
     for (QObject* o : form.findChildren<QObject*>()) {
@@ -65,6 +63,27 @@ void ApplyLanguage(QWidget& form, const std::string& languageFile) {
     // (counts, names) are written again over the language file's fixed captions.
     QEvent changed(QEvent::LanguageChange);
     QCoreApplication::sendEvent(&form, &changed);
+}
+
+} // namespace
+
+int LarghezzaTitolo(const QString& title) {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+    font.setBold(true);
+    // The icon at the left, three buttons at the right and the margins of a common title bar.
+    constexpr int Decorazioni = 140;
+    return QFontMetrics(font).horizontalAdvance(title) + Decorazioni;
+}
+
+void AllargaPerTitolo(QWidget& window) {
+    const int needed = LarghezzaTitolo(window.windowTitle());
+    if (window.minimumWidth() < needed) window.setMinimumWidth(needed);
+}
+
+void ApplyLanguage(QWidget& form, const std::string& languageFile) {
+    const std::string section = form.objectName().toStdString();
+    if (!languageFile.empty() && !section.empty()) applicaTesti(form, languageFile, section);
+    if (form.isWindow()) AllargaPerTitolo(form);
 }
 
 } // namespace dv

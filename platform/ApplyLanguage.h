@@ -15,7 +15,9 @@
 // Then the window receives QEvent::LanguageChange (passed on to its controls): a window that shows
 // texts built from its state writes them again there.
 // Every failure is ignored: a missing file or key leaves the text as it was (tabs aside). An empty
-// languageFile means no language is in use, and nothing changes.
+// languageFile means no language is in use, and no text changes.
+// Last, a window is made at least as wide as the title bar needs for its title (whatever the
+// language), so that the desktop does not cut the title short.
 #pragma once
 
 #include <QObject>
@@ -29,6 +31,12 @@ class QWidget;
 namespace dv {
 
 void ApplyLanguage(QWidget& form, const std::string& languageFile);
+
+// The width a title bar needs to show title whole: the text in the desktop's title font, bold,
+// and room for the window's icon and buttons.
+int LarghezzaTitolo(const QString& title);
+// Raises the window's minimum width to LarghezzaTitolo of its title.
+void AllargaPerTitolo(QWidget& window);
 
 // The position of a control in its array, or -1 for a plain control.
 inline int indiceArray(const QObject& control) {

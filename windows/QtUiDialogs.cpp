@@ -1,10 +1,13 @@
 #include "windows/QtUiDialogs.h"
 
+#include "platform/ApplyLanguage.h"
 #include "platform/cCommonDialog.h"
 #include "platform/Shell.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QSpacerItem>
 
 namespace dv {
 
@@ -31,18 +34,26 @@ QString titleOf(const std::string& title) {
 
 } // namespace
 
+std::unique_ptr<QMessageBox> QtDialogService::box(QWidget* parent, const std::string& text,
+                                                  const std::string& title, BoxIcon icon, bool question) {
+    auto b = std::make_unique<QMessageBox>(toQt(icon), titleOf(title), QString::fromStdString(text),
+                                           question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, parent);
+    if (question) b->setDefaultButton(QMessageBox::Yes);
+    // A box sizes itself from its contents: a strut across its layout keeps the title whole.
+    if (auto* grid = qobject_cast<QGridLayout*>(b->layout()))
+        grid->addItem(new QSpacerItem(LarghezzaTitolo(b->windowTitle()), 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
+    return b;
+}
+
 void QtDialogService::messageBox(QWidget* parent, const std::string& text, const std::string& title,
                                  BoxIcon icon) {
-    QMessageBox box(toQt(icon), titleOf(title), QString::fromStdString(text), QMessageBox::Ok, parent);
-    box.exec();
+    box(parent, text, title, icon, false)->exec();
 }
 
 bool QtDialogService::questionBox(QWidget* parent, const std::string& text, const std::string& title,
                                   BoxIcon icon) {
-    QMessageBox box(toQt(icon), titleOf(title), QString::fromStdString(text),
-                    QMessageBox::Yes | QMessageBox::No, parent);
-    box.setDefaultButton(QMessageBox::Yes);
-    return box.exec() == QMessageBox::Yes;
+    return box(parent, text, title, icon, true)->exec() == QMessageBox::Yes;
 }
 
 std::string QtDialogService::chooseOpenFile(QWidget* parent, const std::string& folder,

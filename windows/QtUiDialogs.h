@@ -5,8 +5,10 @@
 
 #include "core/Ui.h"
 
+#include <memory>
 #include <string>
 
+class QMessageBox;
 class QWidget;
 
 namespace dv {
@@ -48,6 +50,10 @@ public:
     void beep() override;
     bool openFolder(const std::string& path) override;
     void openDocument(const std::string& path) override;
+
+    // The box that messageBox (Ok) or questionBox (Yes and No) shows, at least as wide as its title.
+    static std::unique_ptr<QMessageBox> box(QWidget* parent, const std::string& text, const std::string& title,
+                                            BoxIcon icon, bool question);
 };
 
 // The application's title, which a box without a title of its own bears.
