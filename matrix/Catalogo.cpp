@@ -65,7 +65,11 @@ bool HaEstensione(const std::string& name, const std::string& ext) {
 double OggiSeriale() {
     const std::time_t t = std::time(nullptr);
     std::tm tm{};
+#ifdef _WIN32
+    localtime_s(&tm, &t);
+#else
     localtime_r(&t, &tm);
+#endif
     return SerialeDaData(tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday);
 }
 

@@ -22,7 +22,7 @@ std::vector<engine::Mask> Maschere(const std::vector<std::vector<uint8_t>>& colo
 
 TEST(GaranziaTest, SameCountsAndHolesAsTheLiteralCheckOnRandomMatrices) {
     std::mt19937 rng(11);
-    for (int caso = 0; caso < 400; ++caso) {
+    for (int caso = 0; caso < 2000; ++caso) {
         const int v = 3 + static_cast<int>(rng() % 12);
         const int k = 1 + static_cast<int>(rng() % v);
         const int m = static_cast<int>(rng() % (v + 1));
