@@ -55,6 +55,13 @@ struct Mask {
         if (sh == 0) return {bits, 0};
         return {bits << sh, bits >> (64 - sh)};
     }
+    // The members moved up by k, 0 <= k < 128; those pushed past 127 are dropped.
+    Mask shiftedUp(int k) const {
+        assert(k >= 0 && k < 128);
+        if (k == 0) return *this;
+        if (k >= 64) return {0, lo << (k - 64)};
+        return {lo << k, (hi << k) | (lo >> (64 - k))};
+    }
     friend Mask operator&(Mask a, Mask b) { return {a.lo & b.lo, a.hi & b.hi}; }
     friend Mask operator|(Mask a, Mask b) { return {a.lo | b.lo, a.hi | b.hi}; }
     // The members of a that are not in b.

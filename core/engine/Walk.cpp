@@ -1,6 +1,7 @@
 #include "core/engine/Walk.h"
 
 #include "core/engine/Conditions.h"
+#include "core/engine/Distances.h"
 #include "core/engine/KeptIndex.h"
 
 #include <algorithm>
@@ -24,6 +25,7 @@ struct Level {
     int childLimit = 0; // reduction: the last index (1-based) a next number can have
     bool orSatisfied = false;
     std::array<uint32_t, 3> open{}; // open groups of the AND, OR, XOR tables
+    DistanceBounds::Gaps gaps;      // distance conditions: least and greatest gap per record
 };
 
 // The first index from `from` on that is not in m (128 when there is none).
@@ -66,6 +68,8 @@ private:
     Fit enter(int d, int j, int r);
     bool leaf(int& d, Mask indices);
     bool plainLeaves(int& d);
+    Mask lastNumbersAlone(const Level& p, int d) const;
+    bool lastNumbers(int& d);
     bool keepAll();
     void fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, int32_t col0);
     bool unwind(int& d, int to);
@@ -81,10 +85,15 @@ private:
     bool m_plain;     // no test on a column alone: a leaf asks only the reduction
     bool m_filtering; // some filter table has open groups
     bool m_ascending; // the forecast is in ascending order
+    DistanceBounds m_distances;
+    bool m_distanceBounds; // distance conditions bound the prefixes (ascending forecasts)
+    bool m_lastAsSet;      // the last number of a candidate is chosen from a set of numbers
 
     // Per index 1..n of the forecast, and per suffix start 1..n+1.
     std::array<uint8_t, MaxN + 2> m_value{};
     std::array<uint8_t, MaxN + 2> m_isFixed{}, m_isEven{};
+    std::array<uint8_t, 128> m_indexOf{}; // number -> its index 1..n
+    Mask m_evenNumbers;
     std::array<Mask, MaxN + 2> m_suffix{};
     std::array<Mask, MaxN + 2> m_from{}; // per index 0..n: the indices from it to n-1
     std::array<int, MaxN + 2> m_sufFixed{}, m_sufEven{};
@@ -124,13 +133,17 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
               m_cond.andTable.satisfied && m_cond.orTable.satisfied && m_cond.xorTable.satisfied &&
               c.CondizioniDistanza.count() == 0),
       m_filtering(!m_cond.andTable.satisfied || !m_cond.orTable.satisfied || !m_cond.xorTable.satisfied),
-      m_ascending(std::is_sorted(numeri, numeri + n)) {
+      m_ascending(std::is_sorted(numeri, numeri + n)), m_distances(c.CondizioniDistanza, m_len),
+      m_distanceBounds(m_ascending && m_distances.count() > 0),
+      m_lastAsSet(m_ascending && m_len >= 2 && !m_plain) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
     for (int i = 1; i <= n; ++i) {
         const uint8_t v = numeri[i - 1];
         m_value[static_cast<size_t>(i)] = v;
         m_isFixed[static_cast<size_t>(i)] = m_cond.fixedNumbers.has(v);
         m_isEven[static_cast<size_t>(i)] = (v & 1) == 0;
+        m_indexOf[v] = static_cast<uint8_t>(i);
+        if ((v & 1) == 0) m_evenNumbers |= Mask::bit(v);
     }
     std::vector<int> sorted;
     for (int s = n; s >= 1; --s) {
@@ -183,6 +196,17 @@ IntegralWalk::Fit IntegralWalk::bounds(const Level& s, int start, int r) const {
     if (m_cond.consecutivi) {
         const int hi = std::max(s.runMax, s.runTail + r);
         if ((m_cond.consecutiviAmmessi & RangeBits(s.runMax, hi)) == 0) return Fit::Dead;
+    }
+    if (m_distanceBounds && start >= 2) {
+        switch (
+            m_distances.outlook(s.gaps, m_len - r, m_value[z - 1], r, m_value[static_cast<size_t>(m_n)])) {
+        case DistanceBounds::Outlook::Open:
+            break;
+        case DistanceBounds::Outlook::Dead:
+            return Fit::Dead;
+        case DistanceBounds::Outlook::DeadOnward:
+            return Fit::DeadOnward;
+        }
     }
     return Fit::Fits;
 }
@@ -262,8 +286,15 @@ IntegralWalk::Fit IntegralWalk::enter(int d, int j, int r) {
     s.runMax = std::max(p.runMax, s.runTail);
     s.xorPass = p.xorPass;
     s.orSatisfied = p.orSatisfied;
+    if (m_distanceBounds) {
+        s.gaps = p.gaps;
+        if (d > 0) m_distances.place(s.gaps, d, v - m_cand[static_cast<size_t>(d - 1)]);
+    }
     const Fit fit = bounds(s, j + 1, r);
     if (fit != Fit::Fits) return fit;
+    // Above the last number the tables are left to the set of last numbers, which reads the
+    // groups still open one level up.
+    if (r == 1 && m_lastAsSet) return Fit::Fits;
     return !m_filtering || filters(s, p, d, j + 1, r) ? Fit::Fits : Fit::Dead;
 }
 
@@ -339,6 +370,96 @@ bool IntegralWalk::plainLeaves(int& d) {
         if (!leaf(d, p.indices | Mask::bit(j - 1))) return false;
     }
     return true;
+}
+
+// The numbers that can complete the prefix p of depth d = len-1 as far as the tests on a column
+// alone tell: fixed numbers, sum, even count, longest run, filter tables, and the distance
+// conditions read as true or false. Ascending forecasts only.
+Mask IntegralWalk::lastNumbersAlone(const Level& p, int d) const {
+    Mask allowed = Mask::range(1, 127);
+    if (m_cond.fisse) {
+        const int need = m_cond.numFisse - p.fixed;
+        allowed = need == 0 ? allowed - m_cond.fixedNumbers : need == 1 ? m_cond.fixedNumbers : Mask{};
+    }
+    if (m_cond.somma) {
+        const int lo = std::max(1, m_cond.sommaMin - p.sum), hi = std::min(127, m_cond.sommaMax - p.sum);
+        allowed = allowed & Mask::range(lo, hi);
+    }
+    if (m_cond.pari) {
+        const bool odd = (m_cond.pariAmmessi >> p.even) & 1u,
+                   even = (m_cond.pariAmmessi >> (p.even + 1)) & 1u;
+        allowed = odd && even ? allowed
+                  : odd       ? allowed - m_evenNumbers
+                  : even      ? allowed & m_evenNumbers
+                              : Mask{};
+    }
+    const int last = m_cand[static_cast<size_t>(d - 1)];
+    if (m_cond.consecutivi) {
+        // Only last+1 lengthens the run at the end.
+        const Mask next = Mask::bit(last + 1);
+        const bool other = (m_cond.consecutiviAmmessi >> p.runMax) & 1u;
+        const bool longer = (m_cond.consecutiviAmmessi >> std::max(p.runMax, p.runTail + 1)) & 1u;
+        if (!other)
+            allowed = longer ? allowed & next : Mask{};
+        else if (!longer)
+            allowed = allowed - next;
+    }
+    // The groups open over the prefix of depth d-1: the prefix of depth d took no look at them.
+    const Level& up = m_level[static_cast<size_t>(d - 1)];
+    for (size_t t = 0; t < 3 && allowed.any(); ++t) {
+        const CompiledTable& table = *m_tables[t];
+        if (table.satisfied || (t == 1 && up.orSatisfied)) continue;
+        const uint32_t* open = &m_lists[t][static_cast<size_t>(d - 1) * table.groups.size()];
+        Mask any, twice; // numbers with which some group passes; two or more (XOR)
+        for (uint32_t k = 0; k < up.open[t]; ++k) {
+            const FilterGroup& g = table.groups[open[k]];
+            const int h = Common(p.numbers, g.numbers);
+            const bool without = (g.presenze >> h) & 1u, with = (g.presenze >> (h + 1)) & 1u;
+            const Mask pass = without && with ? Mask::range(1, 127)
+                              : without       ? Mask::range(1, 127) - g.numbers
+                              : with          ? g.numbers
+                                              : Mask{};
+            if (table.kind == TableKind::And) {
+                allowed = allowed & pass;
+            } else {
+                twice |= g.weight >= 2 ? pass : any & pass;
+                any |= pass;
+            }
+        }
+        if (table.kind == TableKind::Or) allowed = allowed & any;
+        if (table.kind == TableKind::Xor)
+            allowed = up.xorPass == 0   ? allowed & (any - twice)
+                      : up.xorPass == 1 ? allowed - (any | twice)
+                                        : Mask{};
+    }
+    if (m_distanceBounds && allowed.any()) allowed = allowed & m_distances.lastNumbers(p.gaps, last);
+    return allowed;
+}
+
+// The candidates under a prefix of depth len-1 of an ascending forecast: only the last numbers
+// that can pass the tests on a column alone are tried, each through the exact last tests. False
+// when the run ends.
+bool IntegralWalk::lastNumbers(int& d) {
+    const auto z = static_cast<size_t>(d);
+    const Level& p = m_level[z];
+    int j = m_next[z];
+    const Mask allowed = j <= m_n ? lastNumbersAlone(p, d) & m_suffix[static_cast<size_t>(j)] : Mask{};
+    for (int half = 0; half < 2; ++half) {
+        for (uint64_t w = half == 0 ? allowed.lo : allowed.hi; w != 0; w &= w - 1) {
+            const int v = 64 * half + std::countr_zero(w);
+            const int k = m_indexOf[static_cast<size_t>(v)];
+            if (m_barring && p.barred.has(k - 1)) continue;
+            if (k > j && !m_progress.reject(static_cast<Count>(k - j))) return false;
+            m_next[z] = j = k + 1;
+            m_cand[z] = static_cast<uint8_t>(v);
+            m_idx[z] = static_cast<uint8_t>(k - 1);
+            m_kept.prefixChanged(d);
+            if (!leaf(d, p.indices | Mask::bit(k - 1))) return false;
+            if (d != m_len - 1) return true; // the reduction skipped the rest of this subtree
+        }
+    }
+    m_next[z] = m_n + 1;
+    return j > m_n || m_progress.reject(static_cast<Count>(m_n + 1 - j));
 }
 
 // Stores the columns at offsets lo..hi-1 of the subtree whose position p starts at index i and
@@ -425,6 +546,7 @@ void IntegralWalk::run() {
         root.open[t] = table.satisfied ? 0 : static_cast<uint32_t>(table.groups.size());
     }
     root.orSatisfied = m_cond.orTable.satisfied;
+    root.gaps = DistanceBounds::initial();
     root.xorPass = m_cond.xorTable.base;
     if (m_barring && m_kept.shared() == 1)
         root.barred = m_kept.newExtensions(m_idx.data(), 0, Mask::range(0, m_n - 1));
@@ -444,8 +566,8 @@ void IntegralWalk::run() {
     while (d >= 0) {
         const auto z = static_cast<size_t>(d);
         const int r = m_len - d - 1; // numbers still to come after the one entered now
-        if (r == 0 && m_plain) {
-            if (!plainLeaves(d)) return;
+        if (r == 0 && (m_plain || m_lastAsSet)) {
+            if (!(m_plain ? plainLeaves(d) : lastNumbers(d))) return;
             if (d == m_len - 1) --d;
             continue;
         }

@@ -5,6 +5,7 @@
 #include "core/Engine.h"
 
 #include "tests/reference/LiteralEngine.h"
+#include "tests/support/MixedConditions.h"
 #include "tests/support/StateBuilder.h"
 
 #include <gtest/gtest.h>
@@ -327,6 +328,28 @@ TEST(EngineDifferential, RandomStatesDevelopAlike) {
         RandomState rs(seed);
         const Corpo c = rs.make();
         const int stop = rs.chance(0.1) ? rs.uniform(0, 250) : -2;
+        ASSERT_TRUE(Same(c, Run::Develop, stop, seed));
+    }
+}
+
+TEST(EngineDifferential, MixedConditionsDevelopAlike) {
+    // The mixes of the benchmark (even counts, runs, distance conditions, small filter tables)
+    // on forecasts of a few thousand candidates, now and then with a reduction or a stop.
+    for (uint64_t i = 0; i < 1500; ++i) {
+        const uint64_t seed = BaseSeed() + 4'000'000 + i;
+        std::mt19937_64 rng(seed);
+        test::MixedConditions mix(rng);
+        Corpo c;
+        const int len = mix.uniform(2, 12);
+        int n = len + mix.uniform(0, 14);
+        while (n > len && ColonneIntegrali(n, len) > 20000)
+            --n;
+        c.LenColonna = static_cast<int16_t>(len);
+        test::SetForecast(c, mix.forecast(n));
+        mix.draw(c);
+        if (mix.chance(0.1))
+            c.distanzaMinima = DistanzaMinima{static_cast<uint8_t>(mix.uniform(1, len)), Vero};
+        const int stop = mix.chance(0.1) ? mix.uniform(0, 250) : -2;
         ASSERT_TRUE(Same(c, Run::Develop, stop, seed));
     }
 }

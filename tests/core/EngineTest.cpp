@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 #include <vector>
@@ -43,7 +44,9 @@ TEST(Engine, StopSetFromAnotherThreadEndsALongRunPromptly) {
     Corpo c;
     c.LenColonna = 10;
     test::SetForecast(c, test::Range(1, 60)); // 75 billion candidates
-    // A distance condition that no column passes, seen only on whole candidates.
+    // In descending order a distance condition that no column passes is seen only on whole
+    // candidates.
+    std::reverse(c.pronostico.Numeri.begin(), c.pronostico.Numeri.begin() + 60);
     CondizioneDistanza d;
     d.NumPosizioni = 1;
     d.Posizioni[1] = 1;

@@ -120,7 +120,8 @@ public:
     // A record of 4 to 10 numbers of the forecast; the counts it allows depend on the table.
     ColonnaFiltro filter(int len, int table) {
         ColonnaFiltro f;
-        const int size = uniform(4, std::min(10, static_cast<int>(m_forecast.size())));
+        const int numbers = static_cast<int>(m_forecast.size());
+        const int size = uniform(std::min(4, numbers), std::min(10, numbers));
         for (int i = 0; i < size;) {
             const int v = pick();
             if (f.Numeri[static_cast<size_t>(v)] == 1) continue;

@@ -1,0 +1,93 @@
+#include "core/engine/Distances.h"
+
+#include "core/ColumnTests.h"
+
+#include <algorithm>
+
+namespace dv::engine {
+
+DistanceBounds::DistanceBounds(const TabellaDistanze& table, int len)
+    : m_len(len), m_count(std::min<int>(table.count(), MaxCondizioniDistanza)) {
+    for (int k = 0; k < m_count; ++k) {
+        const CondizioneDistanza& cd = table[k + 1];
+        Record& rec = m_records[static_cast<size_t>(k)];
+        for (int i = 1; i <= cd.NumPosizioni && i <= 25; ++i) {
+            const int p = cd.Posizioni[static_cast<size_t>(i)];
+            if (p < 1 || p >= len) continue;
+            m_recordsOf[static_cast<size_t>(p)] |= uint32_t{1} << k;
+            rec.lastPair = std::max(rec.lastPair, p);
+        }
+        for (int d = 0; d <= 89; ++d) {
+            const auto z = static_cast<size_t>(d);
+            rec.minOk[z] =
+                cd.NumDistanzeMin == 0 || DistanzaAmmessa(cd.DistanzaMin, cd.NumDistanzeMin, d) != 0;
+            rec.maxOk[z] =
+                cd.NumDistanzeMax == 0 || DistanzaAmmessa(cd.DistanzaMax, cd.NumDistanzeMax, d) != 0;
+            if (d == 0) continue;
+            rec.minUpTo[z] = static_cast<uint8_t>(rec.minUpTo[z - 1] + rec.minOk[z]);
+            rec.maxUpTo[z] = static_cast<uint8_t>(rec.maxUpTo[z - 1] + rec.maxOk[z]);
+            if (rec.minOk[z]) rec.minGaps |= Mask::bit(d);
+            if (rec.maxOk[z]) rec.maxGaps |= Mask::bit(d);
+        }
+    }
+}
+
+DistanceBounds::Gaps DistanceBounds::initial() {
+    Gaps g;
+    g.least.fill(89);
+    g.greatest.fill(0);
+    return g;
+}
+
+DistanceBounds::Outlook DistanceBounds::outlook(const Gaps& g, int placed, int last, int r, int vmax) const {
+    // A greater last number changes the gap of pair placed-1 and lowers the greatest gap that
+    // the pairs still to come can reach.
+    const uint32_t changing = placed >= 2 ? recordsOf(placed - 1) : 0;
+    bool onward = true;
+    for (int k = 0; k < m_count; ++k) {
+        const Record& rec = m_records[static_cast<size_t>(k)];
+        const int least = g.least[static_cast<size_t>(k)], greatest = g.greatest[static_cast<size_t>(k)];
+        const bool changes = (changing >> k) & 1u;
+        if (rec.lastPair < placed) {
+            // 1. Every chosen pair is placed: the record's verdict is known.
+            if (rec.minOk[static_cast<size_t>(least)] && rec.maxOk[static_cast<size_t>(greatest)])
+                return Outlook::Open;
+            // A greater gap of the last pair can pass only at a greater greatest gap.
+            if (changes && maxAllowedWithin(rec, std::max(greatest, 1), 89)) onward = false;
+            continue;
+        }
+        // 2. Pairs still to come: the least gap can only fall, the greatest only rise, and no
+        //    gap to come exceeds what is left above the last number.
+        const int reach = std::clamp(vmax - last - (r - 1), 1, 89);
+        const bool minPart = rec.minUpTo[static_cast<size_t>(least)] > 0;
+        const int lo = std::max(greatest, 1), hi = std::max(greatest, reach);
+        if (minPart && maxAllowedWithin(rec, lo, hi)) return Outlook::Open;
+        if (changes && (!minPart || maxAllowedWithin(rec, lo, 89))) onward = false;
+    }
+    return onward ? Outlook::DeadOnward : Outlook::Dead;
+}
+
+Mask DistanceBounds::lastNumbers(const Gaps& g, int last) const {
+    const int pair = m_len - 1;
+    const uint32_t changing = recordsOf(pair);
+    Mask gaps;
+    for (int k = 0; k < m_count; ++k) {
+        const Record& rec = m_records[static_cast<size_t>(k)];
+        const int least = g.least[static_cast<size_t>(k)], greatest = g.greatest[static_cast<size_t>(k)];
+        if (((changing >> k) & 1u) == 0) {
+            if (rec.minOk[static_cast<size_t>(least)] && rec.maxOk[static_cast<size_t>(greatest)])
+                return Mask::range(last + 1, 127);
+            continue;
+        }
+        // The gap g of the last pair makes the least min(least, g) and the greatest max(greatest, g).
+        const Mask asLeast = (rec.minGaps & Mask::range(1, least - 1)) |
+                             (rec.minOk[static_cast<size_t>(least)] ? Mask::range(least, 89) : Mask{});
+        const Mask asGreatest =
+            (rec.maxGaps & Mask::range(greatest + 1, 89)) |
+            (rec.maxOk[static_cast<size_t>(greatest)] ? Mask::range(1, greatest) : Mask{});
+        gaps |= asLeast & asGreatest;
+    }
+    return gaps.shiftedUp(last);
+}
+
+} // namespace dv::engine

@@ -1,0 +1,62 @@
+// The distance conditions compiled for the walk of an ascending forecast: for each record, what
+// the pairs placed so far leave possible, and which last numbers can still pass.
+#pragma once
+
+#include "core/Corpo.h"
+#include "core/engine/Mask.h"
+
+#include <array>
+#include <cstdint>
+
+namespace dv::engine {
+
+class DistanceBounds {
+public:
+    // The smallest and greatest gap over a record's pairs placed so far (89 and 0 before any).
+    struct Gaps {
+        std::array<uint8_t, MaxCondizioniDistanza> least, greatest;
+    };
+    enum class Outlook { Open, Dead, DeadOnward };
+
+    DistanceBounds(const TabellaDistanze& table, int len);
+
+    int count() const { return m_count; }
+    static Gaps initial();
+    // The records that choose pair p (positions p and p+1), as bits.
+    uint32_t recordsOf(int pair) const { return m_recordsOf[static_cast<size_t>(pair)]; }
+    // Takes gap into every record that chooses pair.
+    void place(Gaps& g, int pair, int gap) const {
+        for (uint32_t bits = recordsOf(pair); bits != 0; bits &= bits - 1) {
+            const auto k = static_cast<size_t>(std::countr_zero(bits));
+            if (gap <= g.least[k]) g.least[k] = static_cast<uint8_t>(gap);
+            if (gap >= g.greatest[k]) g.greatest[k] = static_cast<uint8_t>(gap);
+        }
+    }
+    // Whether some record can still pass once `placed` numbers are placed, the last one being
+    // last, with r more to come, none above vmax. DeadOnward: neither can a prefix that differs
+    // only by a greater last number.
+    Outlook outlook(const Gaps& g, int placed, int last, int r, int vmax) const;
+    // The last numbers that some record can pass with, when len-1 numbers are placed, the last
+    // one being last. A record's tables read as true or false: a column in the set still goes
+    // through the exact match.
+    Mask lastNumbers(const Gaps& g, int last) const;
+
+private:
+    struct Record {
+        int lastPair = 0;                             // the highest chosen pair below len, 0 for none
+        std::array<bool, 90> minOk{};                 // d as the least gap passes (element 0 included)
+        std::array<bool, 90> maxOk{};                 // d as the greatest gap passes
+        std::array<uint8_t, 90> minUpTo{}, maxUpTo{}; // allowed d within 1..x
+        Mask minGaps, maxGaps;                        // allowed d within 1..89
+    };
+    bool maxAllowedWithin(const Record& rec, int lo, int hi) const {
+        return rec.maxUpTo[static_cast<size_t>(hi)] > rec.maxUpTo[static_cast<size_t>(lo - 1)];
+    }
+
+    int m_len;
+    int m_count;
+    std::array<Record, MaxCondizioniDistanza> m_records{};
+    std::array<uint32_t, MaxLenColonna + 1> m_recordsOf{};
+};
+
+} // namespace dv::engine
