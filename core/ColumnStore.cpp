@@ -40,6 +40,22 @@ void ColumnStore::erase() {
     m_used = 0;
 }
 
+void ColumnStore::getColumns(int32_t first, int32_t count, int len, uint8_t* out) const {
+    assert(first >= 1 && count >= 0 && first - 1 + count <= MaxColonne && len >= 0 && len <= StorePositions);
+    const auto stride = static_cast<size_t>(len);
+    if (!m_cells) {
+        std::memset(out, 0, static_cast<size_t>(count) * stride);
+        return;
+    }
+    // Position by position: each read runs along one contiguous position of the store.
+    for (int p = 1; p <= len; ++p) {
+        const uint8_t* from = &m_cells[index(first, p)];
+        uint8_t* to = out + (p - 1);
+        for (int32_t i = 0; i < count; ++i)
+            to[static_cast<size_t>(i) * stride] = from[i];
+    }
+}
+
 void ColumnStore::swapColumns(int32_t a, int32_t b, int len) {
     ensure();
     if (a > m_used) m_used = a;

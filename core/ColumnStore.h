@@ -60,6 +60,9 @@ public:
     void getColumn(int32_t c, uint8_t* out, int len) const {
         for (int p = 1; p <= len; ++p) out[p - 1] = get(c, p);
     }
+    // Columns first..first+count-1, each as positions 1..len one after the other, into
+    // out[0..count*len-1].
+    void getColumns(int32_t first, int32_t count, int len, uint8_t* out) const;
     // Fills every cell with 0.
     void erase();
     // Exchanges columns a and b over positions 1..len.
