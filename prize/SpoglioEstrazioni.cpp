@@ -99,44 +99,56 @@ std::string TestoOroMancante(Ui& ui, const Estrazione& e, bool doppio) {
     return s;
 }
 
+GiocataSpoglio GiocataSpoglio::da(const Corpo& c) {
+    GiocataSpoglio g;
+    g.len = c.LenColonna;
+    g.tipo = c.TipoGiocata;
+    g.importo = c.Importo;
+    g.costoColonna = c.CostoColonna;
+    g.numColonne = c.pronostico.NumColonne;
+    g.quanti = c.pronostico.Quanti;
+    g.numeri = c.pronostico.Numeri;
+    return g;
+}
+
 RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, Tratto tratto, AvanzamentoSpoglio& avanzamento) {
     PianiColonne piani;
     piani.daSistema(c.Colonne, c.pronostico.NumColonne, c.LenColonna, c.pronostico.Numeri.data(),
                     c.pronostico.Quanti);
-    return SpoglioArchivio(c, ui, piani, tratto, avanzamento);
+    RisultatoEstrazioni r =
+        SpoglioArchivio(GiocataSpoglio::da(c), c.mArrEstrazioni, piani, tratto, ui, avanzamento);
+    if (tratto.ultimo >= tratto.primo && tratto.ultimo <= UBound(c.mArrEstrazioni)) {
+        c.OroSpoglio = c.mArrEstrazioni[static_cast<size_t>(tratto.ultimo)].NumeroOro;
+        c.DoppioOroSpoglio = c.mArrEstrazioni[static_cast<size_t>(tratto.ultimo)].DoppioOro;
+    }
+    return r;
 }
 
-RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, const PianiColonne& piani, Tratto tratto,
+RisultatoEstrazioni SpoglioArchivio(const GiocataSpoglio& g, const ArrayEstrazioni& a,
+                                    const PianiColonne& piani, Tratto tratto, Ui& ui,
                                     AvanzamentoSpoglio& avanzamento) {
     RisultatoEstrazioni r;
-    const int len = c.LenColonna;
-    const ArrayEstrazioni& a = c.mArrEstrazioni;
+    const int len = g.len;
 
     // 1. The draws of the stretch; those skipped for their Oro number get their box now, in order.
     std::vector<RigaSpoglio>& righe = r.righe;
     std::vector<EstrazionePiani> estrazioni;
-    std::vector<size_t> daContare;
     for (int32_t i = tratto.primo; i <= tratto.ultimo; ++i) {
         const Estrazione& e = a[static_cast<size_t>(i)];
         RigaSpoglio riga;
         riga.indice = i;
-        if (c.TipoGiocata >= 2 && e.NumeroOro != 0 && !Estratto(e, e.NumeroOro)) {
+        if (g.tipo >= 2 && e.NumeroOro != 0 && !Estratto(e, e.NumeroOro)) {
             ui.messageBox(TestoOroMancante(ui, e, false), "", BoxIcon::Exclamation);
             riga.saltata = true;
-        } else if (c.TipoGiocata == 3 && e.DoppioOro != 0 && !Estratto(e, e.DoppioOro)) {
+        } else if (g.tipo == 3 && e.DoppioOro != 0 && !Estratto(e, e.DoppioOro)) {
             ui.messageBox(TestoOroMancante(ui, e, true), "", BoxIcon::Exclamation);
             riga.saltata = true;
         } else {
-            for (int q = 0; q < c.pronostico.Quanti; ++q)
-                riga.Base += Estratto(e, c.pronostico.Numeri[static_cast<size_t>(q)]) ? 1 : 0;
+            for (int q = 0; q < g.quanti; ++q)
+                riga.Base += Estratto(e, g.numeri[static_cast<size_t>(q)]) ? 1 : 0;
             estrazioni.emplace_back().imposta(piani, e.Numeri.data() + 1, 20, e.NumeroOro, e.DoppioOro);
-            daContare.push_back(righe.size());
         }
         righe.push_back(riga);
-    }
-    if (tratto.ultimo >= tratto.primo) {
-        c.OroSpoglio = a[static_cast<size_t>(tratto.ultimo)].NumeroOro;
-        c.DoppioOroSpoglio = a[static_cast<size_t>(tratto.ultimo)].DoppioOro;
     }
 
     // 2. The cell and the prize of each category. When every prize is a whole number the order of
@@ -148,8 +160,8 @@ RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, const PianiColonne& piani,
     for (int h = 0; h <= len; ++h)
         for (int k = 0; k < 4; ++k) {
             const size_t i = static_cast<size_t>(h * 4 + k);
-            cella[i] = Premio(ScegliTabella(c.TipoGiocata, k & 1, k & 2), len, h);
-            valore[i] = static_cast<double>(cella[i]) * static_cast<double>(c.Importo);
+            cella[i] = Premio(ScegliTabella(g.tipo, k & 1, k & 2), len, h);
+            valore[i] = static_cast<double>(cella[i]) * static_cast<double>(g.importo);
             if (cella[i] != 0 && valore[i] != std::nearbyint(valore[i])) ordinato = true;
         }
 
@@ -214,7 +226,7 @@ RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, const PianiColonne& piani,
 
     // 4. Each draw's row and the totals, in the order of the stretch.
     r.Totali[14] = 10;
-    const double costo = static_cast<double>(c.pronostico.NumColonne) * static_cast<double>(c.CostoColonna);
+    const double costo = static_cast<double>(g.numColonne) * static_cast<double>(g.costoColonna);
     size_t d = 0;
     for (RigaSpoglio& riga : righe) {
         r.TotGiocato = ArrotondaEuro(costo + r.TotGiocato);

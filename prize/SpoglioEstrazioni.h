@@ -60,7 +60,22 @@ struct RisultatoEstrazioni {
 // counts as played. Leaves the last draw's Oro numbers in OroSpoglio and DoppioOroSpoglio. The
 // length must be at most 10.
 RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, Tratto tratto, AvanzamentoSpoglio& avanzamento);
-RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, const PianiColonne& piani, Tratto tratto,
+
+// What the archive check reads of the state besides the columns, copied so that the check can run
+// on a thread of its own while the state goes on.
+struct GiocataSpoglio {
+    int len = 0;
+    int tipo = 1;
+    float importo = 1.0f, costoColonna = 1.0f;
+    int32_t numColonne = 0;
+    int quanti = 0;
+    std::array<uint8_t, 90> numeri{};
+    static GiocataSpoglio da(const Corpo& c);
+};
+// The same check on planes of the columns and an archive given apart; the caller then puts the
+// last draw's Oro numbers into OroSpoglio and DoppioOroSpoglio.
+RisultatoEstrazioni SpoglioArchivio(const GiocataSpoglio& g, const ArrayEstrazioni& a,
+                                    const PianiColonne& piani, Tratto tratto, Ui& ui,
                                     AvanzamentoSpoglio& avanzamento);
 
 // The box of a draw skipped for its Oro number.

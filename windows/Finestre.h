@@ -35,6 +35,8 @@ struct Finestre {
     // and DoppioOroSpoglio: init of frmSpoglio and, when it returns true, the window shown.
     std::function<bool()> initSpoglio;
     std::function<void()> mostraSpoglio;
+    // The system changed: an open single-draw check takes the new range of columns.
+    std::function<void()> aggiornaSpoglio;
     // The filter import into table 1 AND, 2 OR, 3 XOR, opened from the filter window.
     std::function<void(int tabella)> importaFiltri;
 };

@@ -106,6 +106,7 @@ void frmMAIN::ViewStatusBar() {
                            QString::fromStdString(FormatDecimale(CostoSistema(m_corpo), migliaia, SeparatoreDecimali(*m_ui))));
     m_pannelli[3]->setText(QString::fromStdString(m_corpo.pronostico.Descrizione));
     m_pannelli[3]->setToolTip(m_pannelli[3]->text());
+    if (m_finestre.aggiornaSpoglio) m_finestre.aggiornaSpoglio();
 }
 
 void frmMAIN::Sblocca_x_Ricalcolo() {
