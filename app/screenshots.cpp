@@ -29,6 +29,10 @@
 #include "windows/frmStatistiche.h"
 #include "windows/frmUpdate.h"
 #include "windows/frmVisualizza.h"
+#include "windows/frmPrnInCorso.h"
+#include "windows/frmStampa.h"
+#include "windows/frmTabulato.h"
+#include "windows/frmTaratura10eLotto.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
 
@@ -295,6 +299,26 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
     foto.scatta(main, "frmMAIN_avviso");
     main.mostraAvviso(QString());
     scattaDialogo<dv::frmVisualizza>(foto, main, "frmVisualizza");
+
+    // The printing windows over the system: listing, slips with their progress, calibration.
+    {
+        dv::SlipCalibration cal;
+        dv::frmTabulato tabulato(*corpo, main.ui(), main.impostazioni(), &main);
+        tabulato.show();
+        foto.scatta(tabulato, "frmTabulato");
+        dv::frmStampa schede(*corpo, main.ui(), dialogs, main.impostazioni(), cal);
+        schede.carica();
+        schede.show();
+        foto.scatta(schede, "frmStampa");
+        schede.progresso().mostraScheda(QString::fromStdString(main.ui().Lang("0030")) + " n.00012");
+        schede.progresso().show();
+        foto.scatta(schede.progresso(), "frmPrnInCorso");
+        schede.progresso().hide();
+        dv::frmTaratura10eLotto taratura(*corpo, main.ui(), main.impostazioni(), cal, "PDF", &schede);
+        taratura.carica();
+        taratura.show();
+        foto.scatta(taratura, "frmTaratura10eLotto");
+    }
 
     // The room a 1280x800 screen leaves at 150% scaling, less the desktop's panels.
     main.resize(853, 500);

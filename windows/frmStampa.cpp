@@ -88,7 +88,6 @@ void frmStampa::creaControlli() {
         auto* c = new QCheckBox(QString::fromLatin1(caption[i]), m_frameTipoEstrazione);
         c->setObjectName(QStringLiteral("chkTipoEstrazione"));
         c->setProperty("index", i);
-        c->setAutoFillBackground(true);
         tipi->addWidget(c);
         m_chkTipoEstrazione[i] = c;
         connect(c, &QCheckBox::clicked, this, [this, i] { chkTipoEstrazione_Click(i); });
@@ -160,14 +159,11 @@ void frmStampa::carica() {
 }
 
 void frmStampa::chkTipoEstrazione_Click(int) {
-    for (QCheckBox* c : m_chkTipoEstrazione) {
-        QPalette p = palette();
-        if (c->isChecked()) {
-            p.setColor(QPalette::Window, Qt::yellow);
-            p.setColor(QPalette::WindowText, Qt::black);
-        }
-        c->setPalette(p);
-    }
+    // A ticked box turns yellow with black text; the others take the window's colours.
+    for (QCheckBox* c : m_chkTipoEstrazione)
+        c->setStyleSheet(c->isChecked()
+                             ? QStringLiteral("QCheckBox { background-color: yellow; color: black; }")
+                             : QString());
 }
 
 OpzioniSchedine frmStampa::opzioni() const {

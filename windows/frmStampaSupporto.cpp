@@ -96,16 +96,21 @@ QPixmap DisegnoScheda(const SlipCalibration& cal, double pxPerMm) {
     p.setRenderHint(QPainter::Antialiasing);
     p.scale(pxPerMm, pxPerMm);
     const QColor rosso(200, 30, 60);
-    const auto casella = [&](double x, double y, const QString& testo, double corpo) {
+    QFont carattere(QStringLiteral("DejaVu Sans"));
+    // A box 5 mm wide around the mark's place; a number inside, any other label below it.
+    const auto casella = [&](double x, double y, const QString& testo, bool dentro) {
+        const QRectF r(x - 1.5, y - 1.5, 5, 5);
         p.setPen(QPen(rosso, 0.25));
         p.setBrush(Qt::white);
-        p.drawRect(QRectF(x - 1.5, y - 1.5, 5, 5));
+        p.drawRect(r);
         if (testo.isEmpty()) return;
-        QFont f(QStringLiteral("DejaVu Sans"));
-        f.setPixelSize(std::max(1, static_cast<int>(corpo)));
-        p.setFont(f);
+        carattere.setPixelSize(dentro ? 3 : 2);
+        p.setFont(carattere);
         p.setPen(rosso);
-        p.drawText(QRectF(x - 3, y + 3.6, 8, 3.5), Qt::AlignHCenter | Qt::AlignTop, testo);
+        if (dentro)
+            p.drawText(r, Qt::AlignCenter, testo);
+        else
+            p.drawText(QRectF(x - 5, y + 3.7, 12, 3), Qt::AlignHCenter | Qt::AlignTop, testo);
     };
     // Frame and title.
     p.setPen(QPen(rosso, 0.6));
@@ -121,22 +126,22 @@ QPixmap DisegnoScheda(const SlipCalibration& cal, double pxPerMm) {
     for (int n = 1; n <= 90; ++n) {
         const double x = cal.POSX_UNO + ((n - 1) % 10) * cal.DISX_UNO;
         const double y = cal.POSY_UNO + ((n - 1) / 10) * cal.DISY_UNO;
-        casella(x, y, QString::number(n), 2.4);
+        casella(x, y, QString::number(n), true);
     }
     // The ten stakes, the kinds of draw and the game options.
     for (size_t i = 0; i < ImportiGiocata.size(); ++i)
         casella(cal.POSX_IMPORTI + static_cast<double>(i) * cal.DISX_UNO, cal.POSY_IMPORTI,
-                QString::fromLatin1(ImportiGiocata[i].caption), 2.4);
+                QString::fromLatin1(ImportiGiocata[i].caption), false);
     const char* estrazioni[3] = {"5 MIN", "LOTTO", "IMMED."};
     double x = cal.POSX_ESTRAZIONI;
     for (int i = 0; i < 3; ++i) {
         x += (2 + i) * cal.DISX_UNO;
-        casella(x, cal.POSY_ESTRAZIONI, QString::fromLatin1(estrazioni[i]), 2.2);
+        casella(x, cal.POSY_ESTRAZIONI, QString::fromLatin1(estrazioni[i]), false);
     }
     const char* opzioni[4] = {"ORO", "D. ORO", "EXTRA", ""};
     x = cal.POSX_OPZIONIGIOCO;
     for (int i = 0; i < 4; ++i) {
-        casella(x, cal.POSY_OPZIONIGIOCO, QString::fromLatin1(opzioni[i]), 2.2);
+        casella(x, cal.POSY_OPZIONIGIOCO, QString::fromLatin1(opzioni[i]), false);
         x += 19 + i;
     }
     // The header's line.

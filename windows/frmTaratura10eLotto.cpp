@@ -44,6 +44,7 @@ frmTaratura10eLotto::frmTaratura10eLotto(Corpo& corpo, Ui& ui, Impostazioni& imp
       m_stampante(std::move(STAMPANTE)) {
     creaControlli();
     ApplyLanguage(*this, ui.languageFile());
+    adjustSize();
     if (const QScreen* screen = this->screen()) move(screen->availableGeometry().center() - rect().center());
 }
 
@@ -104,7 +105,6 @@ void frmTaratura10eLotto::creaControlli() {
         m_optColor[i] = new QRadioButton(QString::fromLatin1(captions[i]), m_frameQualitaStampa);
         m_optColor[i]->setObjectName(QStringLiteral("optColor"));
         m_optColor[i]->setProperty("index", i);
-        m_optColor[i]->setAutoFillBackground(true);
         quality->addWidget(m_optColor[i]);
         connect(m_optColor[i], &QRadioButton::clicked, this, [this, i] { optColor_Click(i); });
     }
@@ -159,18 +159,13 @@ void frmTaratura10eLotto::ReadBars() {
 }
 
 void frmTaratura10eLotto::optColor_Click(int index) {
+    // The chosen option bold on yellow with black text, the other in the window's colours.
     for (int i = 0; i < 2; ++i) {
-        QRadioButton* o = m_optColor[i];
-        QPalette p = palette();
-        QFont f = font();
-        if (i == index) {
-            o->setChecked(true);
-            p.setColor(QPalette::Window, Qt::yellow);
-            p.setColor(QPalette::WindowText, Qt::black);
-            f.setBold(true);
-        }
-        o->setPalette(p);
-        o->setFont(f);
+        if (i == index) m_optColor[i]->setChecked(true);
+        m_optColor[i]->setStyleSheet(
+            i == index ? QStringLiteral(
+                             "QRadioButton { background-color: yellow; color: black; font-weight: bold; }")
+                       : QString());
     }
     m_cal.INTENSITA_STAMPA = index > 0 ? 1111 : 9999;
 }
