@@ -24,6 +24,8 @@ DistanceBounds::DistanceBounds(const TabellaDistanze& table, int len)
             rec.maxOk[z] =
                 cd.NumDistanzeMax == 0 || DistanzaAmmessa(cd.DistanzaMax, cd.NumDistanzeMax, d) != 0;
             if (d == 0) continue;
+            for (int16_t v : {cd.DistanzaMin[z], cd.DistanzaMax[z]})
+                m_exact = m_exact && (v == 0 || v == Vero);
             rec.minUpTo[z] = static_cast<uint8_t>(rec.minUpTo[z - 1] + rec.minOk[z]);
             rec.maxUpTo[z] = static_cast<uint8_t>(rec.maxUpTo[z - 1] + rec.maxOk[z]);
             if (rec.minOk[z]) rec.minGaps |= Mask::bit(d);

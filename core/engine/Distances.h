@@ -21,6 +21,8 @@ public:
     DistanceBounds(const TabellaDistanze& table, int len);
 
     int count() const { return m_count; }
+    // Every table holds only true (-1) and false: the set of last numbers is exact.
+    bool exact() const { return m_exact; }
     static Gaps initial();
     // The records that choose pair p (positions p and p+1), as bits.
     uint32_t recordsOf(int pair) const { return m_recordsOf[static_cast<size_t>(pair)]; }
@@ -55,6 +57,7 @@ private:
 
     int m_len;
     int m_count;
+    bool m_exact = true;
     std::array<Record, MaxCondizioniDistanza> m_records{};
     std::array<uint32_t, MaxLenColonna + 1> m_recordsOf{};
 };

@@ -19,19 +19,14 @@ struct Mask {
         assert(i >= 0 && i < 128);
         return i < 64 ? Mask{uint64_t{1} << i, 0} : Mask{0, uint64_t{1} << (i - 64)};
     }
-    // The integers from..to (none when from > to).
-    static Mask range(int from, int to) {
-        Mask m;
-        for (int half = 0; half < 2; ++half) {
-            const int lo = std::max(from, 64 * half), hi = std::min(to, 64 * half + 63);
-            if (lo > hi) continue;
-            const int width = hi - lo + 1;
-            const uint64_t bits = (width == 64 ? ~uint64_t{0} : (uint64_t{1} << width) - 1)
-                                  << (lo - 64 * half);
-            (half == 0 ? m.lo : m.hi) = bits;
-        }
-        return m;
+    // The integers 0..k-1, k clamped to 0..128.
+    static Mask below(int k) {
+        k = std::clamp(k, 0, 128);
+        if (k < 64) return {(uint64_t{1} << k) - 1, 0};
+        return {~uint64_t{0}, k == 128 ? ~uint64_t{0} : (uint64_t{1} << (k - 64)) - 1};
     }
+    // The integers from..to within 0..127 (none when from > to).
+    static Mask range(int from, int to) { return below(to + 1) - below(from); }
     bool has(int i) const { return ((i < 64 ? lo >> i : hi >> (i - 64)) & 1u) != 0; }
     bool any() const { return (lo | hi) != 0; }
     Mask& operator|=(Mask o) {

@@ -66,7 +66,7 @@ private:
     Fit bounds(const Level& s, int start, int r) const;
     bool filters(Level& child, const Level& parent, int depth, int start, int r);
     Fit enter(int d, int j, int r);
-    bool leaf(int& d, Mask indices);
+    bool leaf(int& d, Mask indices, bool distancesPassed = false);
     bool plainLeaves(int& d);
     Mask lastNumbersAlone(const Level& p, int d) const;
     bool lastNumbers(int& d);
@@ -318,10 +318,11 @@ bool IntegralWalk::unwind(int& d, int to) {
 }
 
 // The last tests of a complete candidate (the prefix of depth d plus the number just entered,
-// `indices` as a set), then the store. False when the run ends.
-bool IntegralWalk::leaf(int& d, Mask indices) {
+// `indices` as a set), then the store; distancesPassed: the distance conditions are known to
+// pass. False when the run ends.
+bool IntegralWalk::leaf(int& d, Mask indices, bool distancesPassed) {
     const KeptIndex::Mode mode = m_kept.mode();
-    if (!m_cond.distancesPass(m_cand.data()) ||
+    if ((!distancesPassed && !m_cond.distancesPass(m_cand.data())) ||
         (!m_barring && mode != KeptIndex::Mode::Never && m_kept.fails(m_idx.data(), indices)))
         return m_progress.reject(1);
     m_c.Colonne.setColumn(m_progress.kept() + 1, m_cand.data(), m_len);
@@ -444,6 +445,8 @@ bool IntegralWalk::lastNumbers(int& d) {
     const Level& p = m_level[z];
     int j = m_next[z];
     const Mask allowed = j <= m_n ? lastNumbersAlone(p, d) & m_suffix[static_cast<size_t>(j)] : Mask{};
+    // With plain tables the set already holds exactly the numbers the distance conditions pass.
+    const bool exact = !m_distanceBounds || m_distances.exact();
     for (int half = 0; half < 2; ++half) {
         for (uint64_t w = half == 0 ? allowed.lo : allowed.hi; w != 0; w &= w - 1) {
             const int v = 64 * half + std::countr_zero(w);
@@ -454,7 +457,7 @@ bool IntegralWalk::lastNumbers(int& d) {
             m_cand[z] = static_cast<uint8_t>(v);
             m_idx[z] = static_cast<uint8_t>(k - 1);
             m_kept.prefixChanged(d);
-            if (!leaf(d, p.indices | Mask::bit(k - 1))) return false;
+            if (!leaf(d, p.indices | Mask::bit(k - 1), exact)) return false;
             if (d != m_len - 1) return true; // the reduction skipped the rest of this subtree
         }
     }
