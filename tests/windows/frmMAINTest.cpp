@@ -6,7 +6,7 @@
 #include "core/Sistema.h"
 #include "platform/ApplyLanguage.h"
 #include "tests/support/StateBuilder.h"
-#include "tests/windows/QueueDialogs.h"
+#include "tests/windows/FinestraPrincipaleProva.h"
 #include "windows/frmAbout.h"
 #include "windows/frmCalcolo.h"
 #include "windows/frmCalcoloWorker.h"
@@ -65,32 +65,15 @@ cmdSvilAnnulla.Caption="&Ferma"
 )";
 } // namespace
 
-class frmMAINTest : public QObject {
+class frmMAINTest : public QObject, test::FinestraPrincipaleProva {
     Q_OBJECT
 
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<Corpo> m_corpo;
-    std::unique_ptr<test::QueueDialogs> m_dialogs;
-    std::unique_ptr<frmMAIN> m_main;
-
-    QLabel* cella(int i) { return elementoArray<QLabel>(*m_main, QStringLiteral("grnum"), i); }
     QRadioButton* opzione(const char* name, int i) {
         return elementoArray<QRadioButton>(*m_main, QString::fromLatin1(name), i);
     }
-    QString pannello(int i) { return m_main->findChild<QLabel*>(QStringLiteral("StBar_%1").arg(i))->text(); }
-    QWidget* controllo(const char* name) { return m_main->findChild<QWidget*>(QString::fromLatin1(name)); }
-    bool abilitato(const char* name) {
-        if (QAction* a = m_main->azione(QString::fromLatin1(name))) return a->isEnabled();
-        return controllo(name)->isEnabled();
-    }
-    void clicca(int i) { QTest::mouseClick(cella(i), Qt::LeftButton); }
     void scegli(std::initializer_list<int> numbers) {
         for (int n : numbers)
             clicca(n - 1);
-    }
-    void scegliDa1A(int n) {
-        for (int i = 0; i < n; ++i)
-            clicca(i);
     }
     // Presses on cell from, sweeps over the cells of path with the button held, and releases.
     void trascina(int from, std::initializer_list<int> path) {
@@ -105,37 +88,12 @@ class frmMAINTest : public QObject {
         }
         QTest::mouseRelease(pressed, Qt::LeftButton);
     }
-    // Runs f on the modal window that the next action opens, once it is showing.
-    template <typename F> void sulModale(F f) {
-        QTimer::singleShot(0, [f] { f(QApplication::activeModalWidget()); });
-    }
-    void sviluppa() {
-        QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
-        QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdCalcolo")), Qt::LeftButton);
-        QVERIFY(spy.wait(120000));
-    }
 
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy)); }
 
-    void init() {
-        m_dir = std::make_unique<QTemporaryDir>();
-        m_corpo = std::make_unique<Corpo>();
-        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
-        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "prova.lng") << LinguaProva;
-        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini")
-            << "[IMPOSTAZIONI]\nLINGUA=prova\n";
-        m_dialogs = std::make_unique<test::QueueDialogs>();
-        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
-        m_main->carica();
-        m_main->show();
-    }
-
-    void cleanup() {
-        m_main.reset();
-        m_corpo.reset();
-        m_dir.reset();
-    }
+    void init() { apri({{"prova", LinguaProva}}); }
+    void cleanup() { chiudi(); }
 
     void startsEmptyWithTheFirstStakeAndKindOfPlay() {
         QCOMPARE(pannello(1), QStringLiteral("nuovo.dvs"));

@@ -3,7 +3,7 @@
 // dialogs against their titles.
 #include "core/Cartelle.h"
 #include "platform/ApplyLanguage.h"
-#include "tests/windows/QueueDialogs.h"
+#include "tests/windows/FinestraPrincipaleProva.h"
 #include "windows/frmCalcolo.h"
 #include "windows/frmCalcoloWorker.h"
 #include "windows/frmImpostazioni.h"
@@ -71,55 +71,14 @@ labnumeri.Caption="Numbers in play [00]"
 )";
 } // namespace
 
-class frmMAINUtenteTest : public QObject {
+class frmMAINUtenteTest : public QObject, test::FinestraPrincipaleProva {
     Q_OBJECT
 
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<Corpo> m_corpo;
-    std::unique_ptr<test::QueueDialogs> m_dialogs;
-    std::unique_ptr<frmMAIN> m_main;
-
-    QLabel* etichetta(const char* name) { return m_main->findChild<QLabel*>(QString::fromLatin1(name)); }
-    QString pannello(int i) {
-        return etichetta(QStringLiteral("StBar_%1").arg(i).toLatin1().constData())->text();
-    }
-    bool abilitato(const char* name) {
-        if (QAction* a = m_main->azione(QString::fromLatin1(name))) return a->isEnabled();
-        return m_main->findChild<QWidget*>(QString::fromLatin1(name))->isEnabled();
-    }
-    void scegliDa1A(int n) {
-        for (int i = 0; i < n; ++i)
-            QTest::mouseClick(elementoArray<QLabel>(*m_main, QStringLiteral("grnum"), i), Qt::LeftButton);
-    }
-    void sviluppa() {
-        QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
-        m_main->operazioni().calcolo();
-        QVERIFY(spy.wait(120000));
-    }
-    template <typename F> void sulModale(F f) {
-        QTimer::singleShot(0, [f] { f(QApplication::activeModalWidget()); });
-    }
     std::string sistemi(const char* name) { return (fs::path(m_corpo->AppDir) / "sistemi" / name).string(); }
 
 private slots:
-    void init() {
-        m_dir = std::make_unique<QTemporaryDir>();
-        m_corpo = std::make_unique<Corpo>();
-        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
-        std::ofstream(fs::path(m_corpo->AppDir) / "prova.lng") << Italiano;
-        std::ofstream(fs::path(m_corpo->AppDir) / "altra.lng") << Inglese;
-        std::ofstream(fs::path(m_corpo->AppDir) / "dorvantaqvn.ini") << "[IMPOSTAZIONI]\nLINGUA=prova\n";
-        m_dialogs = std::make_unique<test::QueueDialogs>();
-        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
-        m_main->carica();
-        m_main->show();
-    }
-
-    void cleanup() {
-        m_main.reset();
-        m_corpo.reset();
-        m_dir.reset();
-    }
+    void init() { apri({{"prova", Italiano}, {"altra", Inglese}}); }
+    void cleanup() { chiudi(); }
 
     void languageChosenInTheSettingsKeepsCountsAndTheLock() {
         scegliDa1A(12);

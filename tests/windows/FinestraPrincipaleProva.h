@@ -1,0 +1,82 @@
+// A main window on a data folder of its own for the window tests: the language files the test
+// gives, boxes and choosers answered from a queue, and the gestures of a user on it.
+#pragma once
+
+#include "core/Cartelle.h"
+#include "platform/ApplyLanguage.h"
+#include "tests/windows/QueueDialogs.h"
+#include "windows/frmCalcoloWorker.h"
+#include "windows/frmMAIN.h"
+#include "windows/frmMAINOperazioni.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <memory>
+#include <utility>
+
+namespace dv::test {
+
+class FinestraPrincipaleProva {
+protected:
+    // A new main window, loaded and shown. Each pair is a language file's name and text; the
+    // settings choose the first.
+    void apri(std::initializer_list<std::pair<const char*, const char*>> lingue) {
+        namespace fs = std::filesystem;
+        m_dir = std::make_unique<QTemporaryDir>();
+        m_corpo = std::make_unique<Corpo>();
+        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
+        for (const auto& [nome, testo] : lingue)
+            std::ofstream(fs::path(m_corpo->AppDir) / (std::string(nome) + ".lng")) << testo;
+        std::ofstream(fs::path(m_corpo->AppDir) / "dorvantaqvn.ini")
+            << "[IMPOSTAZIONI]\nLINGUA=" << lingue.begin()->first << "\n";
+        m_dialogs = std::make_unique<QueueDialogs>();
+        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
+        m_main->carica();
+        m_main->show();
+    }
+    void chiudi() {
+        m_main.reset();
+        m_corpo.reset();
+        m_dir.reset();
+    }
+
+    QLabel* cella(int i) { return elementoArray<QLabel>(*m_main, QStringLiteral("grnum"), i); }
+    QLabel* etichetta(const QString& name) { return m_main->findChild<QLabel*>(name); }
+    QString pannello(int i) { return etichetta(QStringLiteral("StBar_%1").arg(i))->text(); }
+    QWidget* controllo(const char* name) { return m_main->findChild<QWidget*>(QString::fromLatin1(name)); }
+    bool abilitato(const char* name) {
+        if (QAction* a = m_main->azione(QString::fromLatin1(name))) return a->isEnabled();
+        return controllo(name)->isEnabled();
+    }
+    void clicca(int i) { QTest::mouseClick(cella(i), Qt::LeftButton); }
+    void scegliDa1A(int n) {
+        for (int i = 0; i < n; ++i)
+            clicca(i);
+    }
+    // "Elabora Sistema", waiting for the run to end.
+    void sviluppa() {
+        QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
+        QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdCalcolo")), Qt::LeftButton);
+        QVERIFY(spy.wait(120000));
+    }
+    // Runs f on the modal window that the next action opens, once it is showing.
+    template <typename F> void sulModale(F f) {
+        QTimer::singleShot(0, [f] { f(QApplication::activeModalWidget()); });
+    }
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<Corpo> m_corpo;
+    std::unique_ptr<QueueDialogs> m_dialogs;
+    std::unique_ptr<frmMAIN> m_main;
+};
+
+} // namespace dv::test
