@@ -18,9 +18,21 @@
 #include <QApplication>
 #include <QTimer>
 
+#include <cstdio>
+#include <cstring>
 #include <memory>
 
 int main(int argc, char* argv[]) {
+    if (argc == 2 && (std::strcmp(argv[1], "--help") == 0 || std::strcmp(argv[1], "-h") == 0)) {
+        std::printf("Usage: dorvanta [FILE.dvs]\n\n"
+                    "The Dorvanta desktop program: mark a forecast, set the conditions and develop it\n"
+                    "into a system of 10eLotto columns; save, check, compare and print systems.\n\n"
+                    "  FILE.dvs    a system file to open at start\n"
+                    "  -h, --help  show this text and exit\n\n"
+                    "The data folder is ~/.local/share/Dorvanta. The same operations without windows:\n"
+                    "dorvanta-cli --help.\n");
+        return 0;
+    }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(dv::TitoloApplicazione));
 

@@ -18,11 +18,17 @@ extern "C" void Interrompi(int) {
     if (g_controllo) g_controllo->StopElaborazione.store(true);
 }
 
-// The Italian language file beside the program (where the build copies it), else in the sources.
+// The Italian language file beside the program (where the build copies it) or where an
+// installation puts it (../share/dorvanta/languages), else in the sources.
 std::string LinguaPredefinita(const char* argv0) {
     std::error_code ec;
-    const auto beside = std::filesystem::path(argv0).parent_path() / "languages" / "italiano.lng";
-    return std::filesystem::exists(beside, ec) ? beside.string() : std::string(DV_DEFAULT_LANGUAGE_FILE);
+    // The program's own folder, also when it was started through PATH.
+    const auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
+    const auto dir = ec ? std::filesystem::path(argv0).parent_path() : exe.parent_path();
+    for (const auto& file : {dir / "languages" / "italiano.lng",
+                             dir / ".." / "share" / "dorvanta" / "languages" / "italiano.lng"})
+        if (std::filesystem::exists(file, ec)) return file.lexically_normal().string();
+    return DV_DEFAULT_LANGUAGE_FILE;
 }
 
 // The first word of the command line that is neither an option nor the value of --language.
