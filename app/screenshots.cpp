@@ -75,7 +75,7 @@ public:
     }
     void beep() override {}
     bool openFolder(const std::string&) override { return true; }
-    void openDocument(const std::string&) override {}
+    bool openDocument(const std::string&) override { return true; }
 };
 
 class Fotografo {

@@ -75,8 +75,8 @@ bool QtDialogService::openFolder(const std::string& path) {
     return OpenPath(path);
 }
 
-void QtDialogService::openDocument(const std::string& path) {
-    OpenDocument(path);
+bool QtDialogService::openDocument(const std::string& path) {
+    return OpenDocument(path);
 }
 
 } // namespace dv

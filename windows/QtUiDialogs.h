@@ -32,8 +32,8 @@ public:
     virtual void beep() = 0;
     // Opens a folder in the desktop's file browser; false when nothing could open it.
     virtual bool openFolder(const std::string& path) = 0;
-    // Opens a file with the desktop's handler for its type.
-    virtual void openDocument(const std::string& path) = 0;
+    // Opens a file with the desktop's handler for its type; false when nothing could open it.
+    virtual bool openDocument(const std::string& path) = 0;
 };
 
 // Real boxes and choosers of the desktop.
@@ -49,7 +49,7 @@ public:
                                const std::string& defaultExtension, const std::string& proposedName) override;
     void beep() override;
     bool openFolder(const std::string& path) override;
-    void openDocument(const std::string& path) override;
+    bool openDocument(const std::string& path) override;
 
     // The box that messageBox (Ok) or questionBox (Yes and No) shows, at least as wide as its title.
     static std::unique_ptr<QMessageBox> box(QWidget* parent, const std::string& text, const std::string& title,

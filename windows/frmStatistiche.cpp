@@ -2,6 +2,7 @@
 
 #include "archive/Archivio.h"
 #include "core/Corpo.h"
+#include "core/Helpers.h"
 #include "platform/ApplyLanguage.h"
 #include "settings/Folders.h"
 #include "system_files/ErroreEsecuzione.h"
@@ -18,6 +19,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QStringList>
 #include <QVBoxLayout>
@@ -121,7 +123,11 @@ void frmStatistiche::costruisci() {
     connect(cmdTxtButton, &QPushButton::clicked, this, [this] { cmdTxt(); });
     piede->addWidget(cmdTxtButton);
     layout->addLayout(piede);
-    resize(900, 820);
+    // Room for twenty rows where the screen allows it; the chart scrolls otherwise.
+    QSize misura(900, 820);
+    if (const QScreen* schermo = screen())
+        misura = misura.boundedTo(schermo->availableGeometry().size() * 0.9);
+    resize(misura);
 }
 
 void frmStatistiche::carica() {
@@ -233,7 +239,9 @@ void frmStatistiche::optStat(int index) {
 }
 
 void frmStatistiche::cmdTxt() {
-    if (!m_csvPath.empty()) m_dialogs.openDocument(m_csvPath);
+    if (m_csvPath.empty() || m_dialogs.openDocument(m_csvPath)) return;
+    GenitoreBox genitore(m_ui, this);
+    m_ui.messageBox(TestoCon(m_ui.Lang("0140"), m_csvPath), "", BoxIcon::Exclamation);
 }
 
 void frmStatistiche::closeEvent(QCloseEvent* event) {

@@ -48,9 +48,27 @@ void MostraGraficoBarre(QChartView& view, const std::string& titolo, const std::
     chart->addAxis(righeAsse, Qt::AlignLeft);
     serie->attachAxis(righeAsse);
     auto* valori = new QValueAxis;
+    // Whole-number ticks every 1, 2 or 5 times a power of ten, no more than ten of them.
+    int passo = 1;
+    for (int decina = 1;; decina *= 10) {
+        if (massimo <= 10 * decina) {
+            passo = decina;
+            break;
+        }
+        if (massimo <= 20 * decina) {
+            passo = 2 * decina;
+            break;
+        }
+        if (massimo <= 50 * decina) {
+            passo = 5 * decina;
+            break;
+        }
+    }
     valori->setLabelFormat(QStringLiteral("%d"));
-    valori->setRange(0, std::max(1, massimo));
-    valori->applyNiceNumbers();
+    valori->setTickType(QValueAxis::TicksDynamic);
+    valori->setTickAnchor(0);
+    valori->setTickInterval(passo);
+    valori->setRange(0, std::max(1, (massimo + passo - 1) / passo) * passo);
     chart->addAxis(valori, Qt::AlignBottom);
     serie->attachAxis(valori);
 

@@ -57,7 +57,10 @@ public:
         folders.push_back(path);
         return folderOpens;
     }
-    void openDocument(const std::string& path) override { documents.push_back(path); }
+    bool openDocument(const std::string& path) override {
+        documents.push_back(path);
+        return true;
+    }
 
 private:
     std::string next() {
