@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <algorithm>
 #include <cstring>
 #include <fstream>
 #include <sstream>
@@ -80,11 +81,20 @@ int Lenient(const std::string& t, long& out) {
 
 ConversioneLetterale ConvertiLetterale(const std::string& sorgente) {
     ConversioneLetterale r;
-    std::string testo = Replace(Replace(sorgente, "\r\n", "\n"), "\r", "\n");
-    if (!testo.empty() && testo.back() == '\n') testo.pop_back();
     if (sorgente.empty()) return r;
+    // The lines, each ended by CR LF, LF or CR (the last one may have no end).
+    std::vector<std::string> righe;
+    for (size_t i = 0; i < sorgente.size();) {
+        const size_t fine = std::min(sorgente.find('\r', i), sorgente.find('\n', i));
+        if (fine == std::string::npos) {
+            righe.push_back(sorgente.substr(i));
+            break;
+        }
+        righe.push_back(sorgente.substr(i, fine - i));
+        i = fine + (sorgente.compare(fine, 2, "\r\n") == 0 ? 2 : 1);
+    }
     int64_t numeroRiga = 0;
-    for (std::string riga : Split(testo, '\n')) {
+    for (std::string riga : righe) {
         ++numeroRiga;
         riga = Replace(riga, "\t", " ");
         riga = Replace(riga, "-", " ");
