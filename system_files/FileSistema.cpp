@@ -28,7 +28,8 @@ int ConfrontaFirma(const uint8_t* firma, const char* altra) {
 // user's language under the text of "0058".
 struct Rifiuto {
     const char* chiave = nullptr;
-    std::string valore1, valore2;
+    std::string valore1 = {};
+    std::string valore2 = {};
 };
 
 bool BloccoCondizioniDovuto(const Corpo& c) {
