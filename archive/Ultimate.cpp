@@ -33,94 +33,92 @@ uint32_t C(int v, int i) {
     return Binomiali[static_cast<size_t>(v)][static_cast<size_t>(i)];
 }
 
-// The table of the search is indexed by a rank that falls by one at each step of the
-// lexicographic walk: for c1 < ... < cn, the sum over j of C(90 - cj, n + 1 - j). The first
-// combination of the walk has rank total - 1, the last rank 0.
-class TabellaViste {
+// The numbers that follow a prefix of n - 1 numbers in some draw: bit v (1..90) of a 128-bit mask.
+struct Maschera {
+    uint64_t lo = 0, hi = 0;
+};
+
+// For each prefix P of n - 1 numbers, the union of the draws that hold P. The combination P + {c}
+// (c above the last of P) was seen exactly when bit c of P's mask is set. Prefixes are indexed by
+// their colex rank, the sum over i of C(p_i - 1, i) for p_1 < ... < p_m.
+class TabellaPrefissi {
 public:
-    TabellaViste(int n) : m_n(n), m_total(C(90, n)), m_bits((m_total + 63) / 64, 0) {}
+    explicit TabellaPrefissi(int n) : m_m(n - 1), m_viste(C(90, n - 1)) {}
 
-    uint32_t total() const { return m_total; }
-    bool vista(uint32_t rank) const { return (m_bits[rank >> 6] >> (rank & 63)) & 1; }
-
-    // Marks every combination of n numbers that the draw holds in full.
+    // Adds a draw: its mask goes into the entry of every prefix it holds.
     void marca(const Estrazione& e) {
-        // The draw's distinct numbers of 1..90, ascending.
-        std::array<bool, 91> presente{};
+        // The draw's mask of its numbers 1..90 (a repeated number counts once).
+        Maschera maschera;
         for (int i = 1; i <= 20; ++i) {
             const uint8_t v = e.Numeri[static_cast<size_t>(i)];
-            if (v >= 1 && v <= 90) presente[v] = true;
+            if (v >= 1 && v <= 90) (v < 64 ? maschera.lo : maschera.hi) |= uint64_t{1} << (v & 63);
         }
-        int m = 0;
-        for (int v = 1; v <= 90; ++v)
-            if (presente[static_cast<size_t>(v)]) {
-                // The rank term of number v at each position j (1..n) of a combination.
-                for (int j = 1; j <= m_n; ++j)
-                    m_termini[static_cast<size_t>(j)][static_cast<size_t>(m)] = C(90 - v, m_n + 1 - j);
-                ++m;
+        // Its numbers ascending; a prefix of one number is ranked by the number alone.
+        std::array<uint8_t, 20> x{};
+        int k = 0;
+        for (int parte = 0; parte < 2; ++parte)
+            for (uint64_t bits = parte == 0 ? maschera.lo : maschera.hi; bits; bits &= bits - 1) {
+                const int v = parte * 64 + std::countr_zero(bits);
+                if (m_m == 1) {
+                    m_viste[static_cast<size_t>(v - 1)].lo |= maschera.lo;
+                    m_viste[static_cast<size_t>(v - 1)].hi |= maschera.hi;
+                } else {
+                    x[static_cast<size_t>(k++)] = static_cast<uint8_t>(v);
+                }
             }
-        switch (m_n) {
+        if (m_m == 1) return;
+        // The rank term of each number at each position of a prefix.
+        for (int i = 1; i <= m_m; ++i)
+            for (int j = 0; j < k; ++j)
+                m_termini[static_cast<size_t>(i)][static_cast<size_t>(j)] =
+                    C(x[static_cast<size_t>(j)] - 1, i);
+        switch (m_m) {
+        case 1:
+            marcaDa<1>(1, 0, k, 0, maschera);
+            break;
         case 2:
-            marcaDa<2>(1, 0, m, 0);
+            marcaDa<2>(1, 0, k, 0, maschera);
             break;
         case 3:
-            marcaDa<3>(1, 0, m, 0);
-            break;
-        case 4:
-            marcaDa<4>(1, 0, m, 0);
+            marcaDa<3>(1, 0, k, 0, maschera);
             break;
         default:
             assert(false);
         }
     }
 
-    // The combination of the given rank, ascending, into out[0..n-1].
-    void combinazione(uint32_t rank, uint8_t* out) const {
-        // Position j holds the least number above the one before whose term is not above what is
-        // left of the rank.
-        int v = 1;
-        for (int j = 1; j <= m_n; ++j) {
-            const int i = m_n + 1 - j;
-            while (C(90 - v, i) > rank)
-                ++v;
-            rank -= C(90 - v, i);
-            out[j - 1] = static_cast<uint8_t>(v);
-            ++v;
-        }
-    }
-
-    // The highest unmarked rank below `to` and at or above `from`; `from - 1` (wrapping) when none.
-    // Walking the ranks downwards is walking the combinations in lexicographic order.
-    int64_t ultimaNonVista(int64_t from, int64_t to) const {
-        while (to > from) {
-            const int64_t top = to - 1;
-            const int spare = 63 - static_cast<int>(top & 63);
-            const uint64_t liberi = (~m_bits[static_cast<size_t>(top >> 6)]) << spare;
-            if (liberi) {
-                const int64_t r = top - std::countl_zero(liberi);
-                return r >= from ? r : from - 1;
-            }
-            to = top - (top & 63);
-        }
-        return from - 1;
+    // The numbers above p[m - 1] that no draw holding the prefix p[0..m-1] holds, as a mask.
+    Maschera libere(const uint8_t* p) const {
+        uint32_t rank = 0;
+        for (int i = 1; i <= m_m; ++i)
+            rank += C(p[i - 1] - 1, i);
+        const Maschera& v = m_viste[rank];
+        // Bits 1..90 above the prefix's last number.
+        const int ultimo = p[m_m - 1];
+        Maschera sopra;
+        sopra.lo = ultimo >= 63 ? 0 : ~uint64_t{0} << (ultimo + 1);
+        sopra.hi =
+            (ultimo >= 64 ? ~uint64_t{0} << (ultimo - 63) : ~uint64_t{0}) & ((uint64_t{1} << (91 - 64)) - 1);
+        return {~v.lo & sopra.lo, ~v.hi & sopra.hi};
     }
 
 private:
-    template <int N> void marcaDa(int j, int start, int m, uint32_t rank) {
-        const auto& t = m_termini[static_cast<size_t>(j)];
-        for (int a = start; a <= m - (N - j) - 1; ++a) {
+    template <int M> void marcaDa(int i, int start, int k, uint32_t rank, const Maschera& maschera) {
+        const auto& t = m_termini[static_cast<size_t>(i)];
+        for (int a = start; a <= k - (M - i) - 1; ++a) {
             const uint32_t r = rank + t[static_cast<size_t>(a)];
-            if (j == N)
-                m_bits[r >> 6] |= uint64_t{1} << (r & 63);
-            else
-                marcaDa<N>(j + 1, a + 1, m, r);
+            if (i == M) {
+                m_viste[r].lo |= maschera.lo;
+                m_viste[r].hi |= maschera.hi;
+            } else {
+                marcaDa<M>(i + 1, a + 1, k, r, maschera);
+            }
         }
     }
 
-    int m_n;
-    uint32_t m_total;
-    std::vector<uint64_t> m_bits;
-    std::array<std::array<uint32_t, 20>, MaxN + 1> m_termini{};
+    int m_m;
+    std::vector<Maschera> m_viste;
+    std::array<std::array<uint32_t, 20>, MaxN> m_termini{};
 };
 
 } // namespace
@@ -139,64 +137,89 @@ RisultatoUltimate UltimateCerca(const ArrayEstrazioni& archivio, int n, int32_t 
     assert(n >= 2 && n <= MaxN);
     RisultatoUltimate r;
     r.n = n;
-    TabellaViste tabella(n);
-    const double total = tabella.total();
+    TabellaPrefissi tabella(n);
+    const double total = C(90, n);
 
-    // 1. Mark what each of the latest e draws holds, from the newest back, stopping at the first.
+    // 1. What each of the latest e draws holds, from the newest back, stopping at the first.
     const int32_t ultima = UBound(archivio);
     for (int32_t i = ultima; i >= 1 && i > ultima - e; --i)
         tabella.marca(archivio[static_cast<size_t>(i)]);
 
-    // 2. Walk the ranks from the first combination down, keeping the unmarked ones. The walk is
-    // cut at each of the 75 steps (where round(done / step) changes) to report progress and to
-    // see a stop.
-    ctl.StopElaborazione = false;
+    // 2. The combinations in lexicographic order: each prefix in that order, then its last number
+    // ascending. The walk is cut at each of the 75 steps (where round(done / step) changes) to
+    // report progress and to see a stop.
     obs.started(total);
     const double step = total / PassiUltimate;
     auto passo = [step](double done) { return static_cast<int>(std::nearbyint(done / step)); };
-    double done = 0;
     int ultimoPasso = 0;
-    while (done < total) {
-        // The last combination of this segment: the first at which the step changes, or the last.
+    // The first count done at which the step changes, or the total.
+    auto prossimoTaglio = [&](double done) {
         double fine = std::clamp(std::floor((ultimoPasso + 0.5) * step), done + 1, total);
         while (fine > done + 1 && passo(fine - 1) != ultimoPasso)
             --fine;
         while (fine < total && passo(fine) == ultimoPasso)
             ++fine;
-        // Ranks of the combinations done + 1 .. fine run from total - done - 1 down to total - fine.
-        const auto basso = static_cast<int64_t>(total - fine);
-        std::array<uint8_t, MaxN> c{};
-        for (int64_t alto = static_cast<int64_t>(total - done);;) {
-            const int64_t rank = tabella.ultimaNonVista(basso, alto);
-            if (rank < basso) break;
-            if (r.trovate() == MaxTrovate) {
-                r.overflow = true;
-                r.elaborate = total - static_cast<double>(rank) - 1;
-                return r;
+        return fine;
+    };
+    double done = 0;
+    double taglio = prossimoTaglio(0);
+    std::array<uint8_t, MaxN> c{};
+    const int m = n - 1;
+    for (int i = 0; i < m; ++i)
+        c[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
+    for (;;) {
+        const Maschera libere = tabella.libere(c.data());
+        // The last numbers of this prefix, from the one after its last, as far as the next cut.
+        for (int da = c[static_cast<size_t>(m - 1)] + 1; da <= 90;) {
+            const int a = std::min(90, da + static_cast<int>(taglio - done) - 1);
+            // The free numbers da..a, lowest first.
+            for (int parte = 0; parte < 2; ++parte) {
+                const int base = parte * 64;
+                uint64_t bits = parte == 0 ? libere.lo : libere.hi;
+                if (da > base) bits &= da - base >= 64 ? 0 : ~uint64_t{0} << (da - base);
+                if (a < base + 63) bits &= a < base ? 0 : ~uint64_t{0} >> (63 - (a - base));
+                for (; bits; bits &= bits - 1) {
+                    const int v = base + std::countr_zero(bits);
+                    if (r.trovate() == MaxTrovate) {
+                        r.overflow = true;
+                        r.elaborate = done + (v - da);
+                        return r;
+                    }
+                    c[static_cast<size_t>(m)] = static_cast<uint8_t>(v);
+                    r.numeri.insert(r.numeri.end(), c.begin(), c.begin() + n);
+                }
             }
-            tabella.combinazione(static_cast<uint32_t>(rank), c.data());
-            r.numeri.insert(r.numeri.end(), c.begin(), c.begin() + n);
-            alto = rank;
-        }
-        done = fine;
-        r.elaborate = done;
-        const int k = passo(done);
-        if (k != ultimoPasso) {
-            ultimoPasso = k;
-            ProgressInfo info;
-            info.step = k;
-            info.bar = static_cast<int16_t>(std::nearbyint(k * 100.0 / PassiUltimate));
-            info.total = total;
-            info.counter = done;
-            info.kept = r.trovate();
-            obs.progress(info);
-            if (ctl.StopElaborazione) {
-                r.interrotta = true;
-                return r;
+            done += a - da + 1;
+            da = a + 1;
+            r.elaborate = done;
+            if (done < taglio) continue;
+            const int k = passo(done);
+            if (k != ultimoPasso) {
+                ultimoPasso = k;
+                ProgressInfo info;
+                info.step = k;
+                info.bar = static_cast<int16_t>(std::nearbyint(k * 100.0 / PassiUltimate));
+                info.total = total;
+                info.counter = done;
+                info.kept = r.trovate();
+                obs.progress(info);
+                if (ctl.StopElaborazione) {
+                    r.interrotta = true;
+                    return r;
+                }
             }
+            if (done >= total) return r;
+            taglio = prossimoTaglio(done);
         }
+        // The next prefix: the last position that can still grow, and the ones after it in a row.
+        int j = m - 1;
+        while (j >= 0 && c[static_cast<size_t>(j)] >= 90 - n + j + 1)
+            --j;
+        if (j < 0) return r;
+        ++c[static_cast<size_t>(j)];
+        for (int p = j + 1; p < m; ++p)
+            c[static_cast<size_t>(p)] = static_cast<uint8_t>(c[static_cast<size_t>(p - 1)] + 1);
     }
-    return r;
 }
 
 std::string TestoUltimate(const RisultatoUltimate& r) {

@@ -47,8 +47,9 @@ struct RisultatoUltimate {
 // The search over the draws archivio[max(1, UBound - e + 1)..UBound]: every combination of n out
 // of 90, in lexicographic order, that none of those draws holds in full. Progress goes to obs at
 // the 75 steps of the walk (bar k * 100 / 75, counter the combinations walked, kept the ones
-// found); a stop asked through ctl is seen at the next step and keeps what was found. The count of
-// found combinations is 16-bit: the 32,768th ends the search with overflow set and 32,767 kept.
+// found); a stop asked through ctl (which the caller clears before) is seen at the next step and
+// keeps what was found. The count of found combinations is 16-bit: the 32,768th ends the search
+// with overflow set and 32,767 kept.
 // Numbers outside 1..90 in a draw are ignored.
 RisultatoUltimate UltimateCerca(const ArrayEstrazioni& archivio, int n, int32_t e, RunControl& ctl,
                                 EngineObserver& obs);

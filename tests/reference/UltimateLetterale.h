@@ -29,7 +29,6 @@ inline RisultatoUltimate UltimateCalcolaLetterale(const ArrayEstrazioni& archivi
     cCombinazioni gen;
     gen.create(90, static_cast<uint8_t>(n));
     obs.started(gen.size());
-    ctl.StopElaborazione = false;
     const double step = gen.size() / PassiUltimate;
     int16_t trovate = 0;
     double fatte = 0;

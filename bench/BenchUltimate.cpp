@@ -1,0 +1,81 @@
+// The Ultimate search over 30 days of five-minute draws (8,640): ambo, terno and quaterna with
+// Q = 1, the literal search and the program's in one run, their times, the ratio, and a signature
+// of each result (count and checksum of the combinations, in order). Exits with 1 when a
+// signature differs.
+#include "archive/Ultimate.h"
+#include "tests/reference/UltimateLetterale.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <numeric>
+#include <random>
+
+using namespace dv;
+
+namespace {
+
+ArrayEstrazioni Archivio() {
+    ArrayEstrazioni a(1);
+    std::mt19937 g(20261122);
+    std::array<uint8_t, 90> tutti{};
+    std::iota(tutti.begin(), tutti.end(), uint8_t{1});
+    for (int k = 0; k < 30 * 288; ++k) {
+        Estrazione e;
+        char data[24];
+        std::snprintf(data, sizeof data, "%02d/11/2026", 1 + k / 288);
+        std::copy_n(data, 10, e.Data.begin());
+        e.Concorso = static_cast<int16_t>(k % 288 + 1);
+        for (int i = 0; i < 20; ++i)
+            std::swap(tutti[static_cast<size_t>(i)], tutti[static_cast<size_t>(i + g() % (90 - i))]);
+        std::copy_n(tutti.begin(), 20, e.Numeri.begin() + 1);
+        a.push_back(e);
+    }
+    return a;
+}
+
+struct Firma {
+    int32_t trovate;
+    uint64_t somma;
+    bool operator==(const Firma&) const = default;
+};
+
+Firma FirmaDi(const RisultatoUltimate& r) {
+    uint64_t h = 1469598103934665603ull;
+    for (uint8_t v : r.numeri)
+        h = (h ^ v) * 1099511628211ull;
+    return {r.trovate(), h};
+}
+
+template <typename F> double Secondi(F f) {
+    const auto t0 = std::chrono::steady_clock::now();
+    f();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+}
+
+} // namespace
+
+int main() {
+    const ArrayEstrazioni a = Archivio();
+    bool uguali = true;
+    std::printf("Ultimate over %d five-minute draws, Q = 1\n", UBound(a));
+    for (int n : {2, 3, 4}) {
+        const int32_t e = UltimateEstrazioni(n, 1);
+        RisultatoUltimate letterale, nostra;
+        RunControl ctl;
+        EngineObserver obs;
+        const double tL = Secondi([&] { letterale = test::UltimateCalcolaLetterale(a, n, e, ctl, obs); });
+        // Ours is timed as the best of five runs: a single run is a few milliseconds.
+        double tN = 1e9;
+        for (int i = 0; i < 5; ++i)
+            tN = std::min(tN, Secondi([&] { nostra = UltimateCerca(a, n, e, ctl, obs); }));
+        const Firma fL = FirmaDi(letterale), fN = FirmaDi(nostra);
+        const char* nome = n == 2 ? "ambo" : n == 3 ? "terno" : "quaterna";
+        std::printf("%-9s E = %5d  literal %8.3f s  ours %9.6f s  ratio %8.1fx  signature literal %d/%016llx "
+                    "ours %d/%016llx%s\n",
+                    nome, e, tL, tN, tL / tN, fL.trovate, static_cast<unsigned long long>(fL.somma),
+                    fN.trovate, static_cast<unsigned long long>(fN.somma), fL == fN ? "" : "  DIFFERENT");
+        uguali = uguali && fL == fN;
+    }
+    return uguali ? 0 : 1;
+}
