@@ -160,14 +160,23 @@ bool frmStatistiche::populateCmbEstrazioni() {
     m_cmbDal->clear();
     m_cmbAl->clear();
     // 3. Every different date of the archive.
-    std::vector<std::string> date;
-    const bool ok = ElencoDateEstrazioni(m_corpo.mArrEstrazioni, date, m_ui);
-    QStringList voci;
-    voci.reserve(static_cast<qsizetype>(date.size()));
-    for (const std::string& d : date)
-        voci << QString::fromStdString(d);
-    m_cmbDal->addItems(voci);
-    m_cmbAl->addItems(voci);
+    bool ok = false;
+    try {
+        std::vector<std::string> date;
+        ok = ElencoDateEstrazioni(m_corpo.mArrEstrazioni, date, m_ui);
+        QStringList voci;
+        voci.reserve(static_cast<qsizetype>(date.size()));
+        for (const std::string& d : date)
+            voci << QString::fromStdString(d);
+        m_cmbDal->addItems(voci);
+        m_cmbAl->addItems(voci);
+    } catch (const std::bad_alloc&) {
+        // This message names the procedure as the archive check's window does.
+        setEnabled(true);
+        MostraErrore(m_ui, errori::MemoriaEsaurita(),
+                     ") in procedure populateCmbEstrazioni of Form frmSpoglioEstrazioni");
+        return false;
+    }
     if (!ok) {
         // The lists stay as they are and disabled; the window itself stays usable.
         setEnabled(true);
