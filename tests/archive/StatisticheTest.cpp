@@ -10,6 +10,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <numeric>
 #include <random>
 #include <sstream>
 
@@ -54,39 +55,19 @@ ArrayEstrazioni RandomArchive(std::mt19937& rng, int dates) {
         int16_t conc = 0;
         for (int k = 0; k < perDay; ++k) {
             conc = static_cast<int16_t>(conc + 1 + rng() % 60);
-            std::vector<int> pool(90);
-            for (int i = 0; i < 90; ++i)
-                pool[static_cast<size_t>(i)] = i + 1;
-            std::shuffle(pool.begin(), pool.end(), rng);
-            const int base = 1 + static_cast<int>(rng() % 70);
-            std::vector<int> n;
-            switch (rng() % 8) {
-            case 0: // one long run
-                for (int i = 0; i < 20; ++i)
-                    n.push_back(base + i);
-                break;
-            case 1: // zeros in place of some numbers
-                n.assign(pool.begin(), pool.begin() + 20);
-                std::sort(n.begin(), n.end());
-                for (int i = 0; i < 20; ++i)
-                    if (rng() % 3 == 0) n[static_cast<size_t>(i)] = 0;
-                break;
-            case 2: // a number twice, unsorted
-                n.assign(pool.begin(), pool.begin() + 20);
-                n[3] = n[7];
-                break;
-            case 3: // rarely a number the game does not have
-                n.assign(pool.begin(), pool.begin() + 20);
-                std::sort(n.begin(), n.end());
-                if (rng() % 10 == 0) n[19] = 91 + static_cast<int>(rng() % 165);
-                break;
-            default:
-                n.assign(pool.begin(), pool.begin() + 20);
-                std::sort(n.begin(), n.end());
-            }
+            std::vector<int> n(90);
+            std::iota(n.begin(), n.end(), 1);
+            std::shuffle(n.begin(), n.end(), rng);
+            n.resize(20);
+            const unsigned kind = rng() % 8;
+            if (kind != 2) std::sort(n.begin(), n.end()); // kind 2: unsorted, a number twice
+            if (kind == 2) n[3] = n[7];
+            if (kind == 0) std::iota(n.begin(), n.end(), 1 + static_cast<int>(rng() % 70)); // one long run
+            for (int& v : n)
+                if (kind == 1 && rng() % 3 == 0) v = 0; // zeros in place of numbers
+            if (kind == 3 && rng() % 10 == 0) n[19] = 91 + static_cast<int>(rng() % 165); // not of the game
             Estrazione e = Draw(DateOf(d), conc, {});
-            for (int i = 0; i < 20; ++i)
-                e.Numeri[static_cast<size_t>(i + 1)] = static_cast<uint8_t>(n[static_cast<size_t>(i)]);
+            std::copy(n.begin(), n.end(), e.Numeri.begin() + 1);
             a.push_back(e);
         }
     }
