@@ -17,38 +17,44 @@
 #include "windows/frmFiltri.h"
 #include "windows/frmFiltriDistanzaNumeri.h"
 #include "windows/frmFisse.h"
-#include "windows/frmMatr.h"
+#include "windows/frmImportFiltri.h"
 #include "windows/frmImpostazioni.h"
 #include "windows/frmMAIN.h"
+#include "windows/frmMatr.h"
 #include "windows/frmNewVersion.h"
 #include "windows/frmOrdinaPronostico.h"
 #include "windows/frmPari.h"
+#include "windows/frmPrnInCorso.h"
 #include "windows/frmRidotto.h"
 #include "windows/frmSomma.h"
 #include "windows/frmSplash.h"
-#include "windows/frmStatistiche.h"
-#include "windows/frmUpdate.h"
-#include "windows/frmVisualizza.h"
-#include "windows/frmPrnInCorso.h"
+#include "windows/frmSpoglio.h"
+#include "windows/frmSpoglioEstrazioni.h"
+#include "windows/frmSpoglioGriglia.h"
 #include "windows/frmStampa.h"
+#include "windows/frmStatistiche.h"
 #include "windows/frmTabulato.h"
 #include "windows/frmTaratura10eLotto.h"
+#include "windows/frmUltimate.h"
+#include "windows/frmUpdate.h"
+#include "windows/frmVerificaSistemi.h"
+#include "windows/frmVisualizza.h"
 #include "windows/QtUi.h"
 #include "windows/QtUiDialogs.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
-#include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QImage>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPixmap>
-#include <QListWidget>
 #include <QRadioButton>
 #include <QTemporaryDir>
 
@@ -113,8 +119,9 @@ private:
         p.setFont(font);
         p.setPen(Qt::white);
         const QRectF testo(28, 0, grab.width() / dpr - 28 - 84, barra);
-        p.drawText(testo, Qt::AlignVCenter | Qt::AlignLeft,
-                   QFontMetrics(font).elidedText(w.windowTitle(), Qt::ElideMiddle, static_cast<int>(testo.width())));
+        p.drawText(
+            testo, Qt::AlignVCenter | Qt::AlignLeft,
+            QFontMetrics(font).elidedText(w.windowTitle(), Qt::ElideMiddle, static_cast<int>(testo.width())));
         for (int i = 0; i < 3; ++i)
             p.drawRect(QRectF(grab.width() / dpr - 26.0 * (i + 1), 5, 18, barra - 10));
         p.drawPixmap(QPointF(0, barra), grab);
@@ -147,7 +154,8 @@ dv::ArrayEstrazioni ArchivioDimostrativo() {
         std::snprintf(e.Data.data(), 11, "%02d/%02d/2025", 1 + g % 28, 1 + g / 28);
         e.Concorso = 1;
         std::array<uint8_t, 90> tutti{};
-        for (int i = 0; i < 90; ++i) tutti[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
+        for (int i = 0; i < 90; ++i)
+            tutti[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
         std::shuffle(tutti.begin(), tutti.end(), rng);
         std::sort(tutti.begin(), tutti.begin() + 20);
         std::copy(tutti.begin(), tutti.begin() + 20, e.Numeri.begin() + 1);
@@ -166,15 +174,18 @@ void MatriciDimostrative(const std::string& appDir) {
         x.PICK_UP_NUMBERS_M = static_cast<uint8_t>(m);
         x.dimensiona(10, static_cast<int32_t>(colonne.size()));
         for (size_t c = 0; c < colonne.size(); ++c)
-            for (int p = 1; p <= 10; ++p) x.colum(p, static_cast<int32_t>(c + 1)) = colonne[c][static_cast<size_t>(p - 1)];
+            for (int p = 1; p <= 10; ++p)
+                x.colum(p, static_cast<int32_t>(c + 1)) = colonne[c][static_cast<size_t>(p - 1)];
         x.PERCENTAGE_COVER = "100%";
         x.AUTHOR = "Dorvanta";
-        x.DESCRIPTION = "20 numeri, colonne da 10, garanzia " + std::to_string(t) + " se escono " + std::to_string(m);
+        x.DESCRIPTION =
+            "20 numeri, colonne da 10, garanzia " + std::to_string(t) + " se escono " + std::to_string(m);
         x.VALID_FROM = dv::OggiSeriale() - 30;
         x.VALID_TO = dv::OggiSeriale() + 3650;
         x.MATRIX_READY = -1;
         x.MATRIX_SIGNATURE = dv::FirmaMatrice;
-        dv::ScriviMatrice(dv::PercorsoIn(appDir, {"matrici", m == 3 ? "V20K10T3M3.mqvn" : "V20K10T4M5.mqvn"}), x);
+        dv::ScriviMatrice(dv::PercorsoIn(appDir, {"matrici", m == 3 ? "V20K10T3M3.mqvn" : "V20K10T4M5.mqvn"}),
+                          x);
     }
 }
 
@@ -273,6 +284,19 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
         foto.scatta(stat, "frmStatistiche_150");
     }
 
+    // The filter import over the made-up archive with the latest 157 draws chosen, and the
+    // Ultimate window as it opens.
+    {
+        corpo->mArrEstrazioni = ArchivioDimostrativo();
+        dv::frmImportFiltri importa(*corpo, main.ui(), dv::TipoFiltro::AND, &main);
+        importa.mostraIntervallo(dv::UltimeEstrazioni(corpo->mArrEstrazioni, 157));
+        importa.show();
+        foto.scatta(importa, "frmImportFiltri");
+        dv::frmUltimate ultimate(*corpo, main.ui(), {}, &main);
+        ultimate.show();
+        foto.scatta(ultimate, "frmUltimate");
+    }
+
     // The archive window over the same made-up archive.
     {
         dv::frmUpdate archivio(*corpo, main.ui(), main.finestre(), {}, &main);
@@ -286,6 +310,25 @@ void fotografaLingua(const std::string& lingua, const QString& folder) {
     dv::EngineObserver silenzioso;
     dv::Elabora(*corpo, main.ui(), control, silenzioso);
     foto.scatta(main, "frmMAIN_sistema");
+    // The check windows over the developed system: a draw, the made-up archive, the comparison.
+    {
+        dv::frmSpoglio spoglio(*corpo, main.ui(), &main);
+        for (int i = 1; i <= 20; ++i)
+            corpo->NumeriSpoglio[static_cast<size_t>(i)] = static_cast<uint8_t>(i * 4);
+        spoglio.apri();
+        spoglio.cmdSpoglio_Click();
+        foto.scatta(spoglio, "frmSpoglio");
+        corpo->mArrEstrazioni = ArchivioDimostrativo();
+        dv::frmSpoglioEstrazioni estrazioni(*corpo, main.ui(), &main);
+        estrazioni.populateCmbEstrazioni();
+        estrazioni.show();
+        estrazioni.cmdSpoglioEstrazioni_Click();
+        estrazioni.lavoro().attendi();
+        foto.scatta(estrazioni, "frmSpoglioEstrazioni");
+        dv::frmVerificaSistemi verifica(*corpo, main.ui(), &main);
+        verifica.show();
+        foto.scatta(verifica, "frmVerificaSistemi");
+    }
     // The elapsed-time box and a question, as wide as their titles; the warning of a file whose
     // conditions are cut short.
     for (const auto& [testo, titolo, nome] :

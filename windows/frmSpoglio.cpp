@@ -126,7 +126,7 @@ void frmSpoglio::costruisci() {
         m_listVin[k]->setProperty("index", i);
         m_listVin[k]->setFont(courier);
         m_listVin[k]->setUniformItemSizes(true);
-        m_listVin[k]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("C. 0000000")) + 24);
+        m_listVin[k]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("C. 000000")) + 16);
         m_colonne[k] = new ModelloColonneVincenti(m_listVin[k]);
         m_listVin[k]->setModel(m_colonne[k]);
         vincite->addWidget(m_lblCategoria[k], 1, i);

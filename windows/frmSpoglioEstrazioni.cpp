@@ -1,11 +1,11 @@
 #include "windows/frmSpoglioEstrazioni.h"
 
 #include "platform/ApplyLanguage.h"
-#include "platform/Shell.h"
 #include "prize/Premi.h"
 #include "prize/Spoglio.h"
 #include "windows/frmSpoglioGriglia.h"
 #include "windows/QtUi.h"
+#include "windows/QtUiDialogs.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -235,7 +235,7 @@ void frmSpoglioEstrazioni::cmdCSV_Click() {
     std::error_code ec;
     std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ec);
     if (MSHFlexGridTocsv(GrigliaSpoglio(m_archivio, *m_risultato, sep ? sep : '.'), path, m_ui))
-        OpenDocument(path);
+        m_ui.dialogs().openDocument(path);
 }
 
 void frmSpoglioEstrazioni::closeEvent(QCloseEvent* event) {

@@ -37,7 +37,7 @@ void ModelloGriglia::azzera() {
     GrigliaTesti g;
     g.righe = 2;
     g.colonne = 1;
-    g.testo = [](int, int) { return std::string("-"); };
+    g.testo = [](int riga, int) { return std::string(riga == 0 ? "-" : ""); };
     imposta(std::move(g), 0, {});
 }
 
@@ -124,6 +124,10 @@ void GrigliaFiltri::azzera() {
 void GrigliaFiltri::mostra() {
     AdattaColonneFlex(*m_flexGrid);
     m_flexGrid->setMinimumWidth(0);
+    // A column is never narrower than its header.
+    const QHeaderView* h = m_flexGrid->horizontalHeader();
+    for (int c = 0; c < m_modello->columnCount(); ++c)
+        m_flexGrid->setColumnWidth(c, std::max(m_flexGrid->columnWidth(c), h->sectionSizeHint(c)));
 }
 
 QComboBox* GrigliaFiltri::filtro(int c) const {

@@ -1,10 +1,10 @@
 #include "windows/frmVerificaSistemi.h"
 
 #include "platform/ApplyLanguage.h"
-#include "platform/Shell.h"
 #include "prize/SpoglioEstrazioni.h"
 #include "windows/frmSpoglioGriglia.h"
 #include "windows/QtUi.h"
+#include "windows/QtUiDialogs.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -156,7 +156,8 @@ void frmVerificaSistemi::cmdCSV_Click() {
     const std::string path = percorsoCsv();
     std::error_code ec;
     std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ec);
-    if (MSHFlexGridTocsv(GrigliaVerifica(m_colonne[1], *m_risultato), path, m_ui)) OpenDocument(path);
+    if (MSHFlexGridTocsv(GrigliaVerifica(m_colonne[1], *m_risultato), path, m_ui))
+        m_ui.dialogs().openDocument(path);
 }
 
 void frmVerificaSistemi::closeEvent(QCloseEvent* event) {
@@ -164,10 +165,10 @@ void frmVerificaSistemi::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    m_griglia->azzera();
     m_colonne[0].clear();
     m_colonne[1].clear();
     m_risultato.reset();
-    m_griglia->azzera();
     for (int i = 0; i < 2; ++i)
         m_lblFile[i]->setText(i == 0 ? QStringLiteral("File1") : QStringLiteral("File2"));
     m_lblNumEstr->setText(QStringLiteral("0"));

@@ -1,0 +1,263 @@
+// The check windows driven through their controls on the offscreen platform: the single check
+// from the main window and from the archive window's hand-over, the archive check with its grid,
+// filters and CSV, the comparison of two files.
+#include "windows/frmSpoglio.h"
+#include "core/Cartelle.h"
+#include "platform/ApplyLanguage.h"
+#include "tests/prize/SupportoSpoglio.h"
+#include "tests/windows/LanguageSectionCheck.h"
+#include "tests/windows/QueueDialogs.h"
+#include "windows/Aree.h"
+#include "windows/frmMAIN.h"
+#include "windows/frmSpoglioEstrazioni.h"
+#include "windows/frmSpoglioGriglia.h"
+#include "windows/frmVerificaSistemi.h"
+#include "windows/QtUi.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+
+using namespace dv;
+using namespace dv::test;
+
+namespace {
+
+// A box typed into and then left, as the user's next click leaves it.
+void Digita(QLineEdit* box, const QString& text) {
+    box->setText(text);
+    QFocusEvent lasciata(QEvent::FocusOut);
+    QApplication::sendEvent(box, &lasciata);
+}
+
+class FinestreSpoglio : public ::testing::Test {
+protected:
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<Corpo> m_corpo;
+    std::unique_ptr<QueueDialogs> m_dialogs;
+    std::unique_ptr<frmMAIN> m_main;
+
+    template <typename T> T* ctl(QWidget* w, const char* name) {
+        return w->findChild<T*>(QString::fromLatin1(name));
+    }
+    template <typename T> T* elem(QWidget* w, const char* name, int i) {
+        return elementoArray<T>(*w, QString::fromLatin1(name), i);
+    }
+    QString testo(QWidget* w, const char* name) { return ctl<QLabel>(w, name)->text(); }
+
+    void SetUp() override {
+        m_dir = std::make_unique<QTemporaryDir>();
+        m_corpo = std::make_unique<Corpo>();
+        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
+        std::filesystem::copy_file(DV_SOURCE_DIR "/languages/italiano.lng",
+                                   std::filesystem::path(m_corpo->AppDir) / "italiano.lng");
+        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini")
+            << "[IMPOSTAZIONI]\nLINGUA=italiano\n";
+        m_dialogs = std::make_unique<QueueDialogs>();
+        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
+        m_main->carica();
+        CollegaSpoglio(*m_main);
+        // The system and the archive of the golden CSV, played as Numero ORO at 2,5.
+        ImpostaSistema(*m_corpo, 3, {{1, 2, 3}, {1, 2, 40}, {41, 42, 43}, {3, 5, 7}});
+        SetForecast(*m_corpo, {1, 2, 3, 5, 7, 40, 41, 42, 43});
+        ImpostaGiocata(*m_corpo, 2, 2.5f);
+        m_corpo->TitoloFile = "prova.dvs";
+        m_corpo->mArrEstrazioni = ArrayEstrazioni{Estrazione{}, Draw("28/02/2024", 0, Range(1, 20), 3, 4),
+                                                  Draw("01/03/2024", 12, Range(30, 49), 90, 0),
+                                                  Draw("01/03/2024", 13, Range(2, 21), 0, 0),
+                                                  Draw("02/03/2024", 288, Range(41, 60), 41, 42)};
+        m_main->LockGUI();
+    }
+    void TearDown() override {
+        m_corpo->ChiusuraInCorso = Vero;
+        m_main.reset();
+        m_corpo.reset();
+        m_dir.reset();
+    }
+};
+
+TEST_F(FinestreSpoglio, SingleCheckFromTheMainWindowValidatesSortsAndListsTheWinners) {
+    auto* f = m_main->findChild<frmSpoglio*>();
+    ASSERT_TRUE(f);
+    QPushButton* cmd = m_main->pulsante("cmdSpoglio");
+    ASSERT_TRUE(cmd->isVisibleTo(m_main.get()) && cmd->isEnabled());
+    // Columns longer than 10: the menu entry does nothing.
+    m_corpo->LenColonna = 11;
+    m_main->azione("menuSpoglio")->trigger();
+    EXPECT_FALSE(f->isVisible());
+    m_corpo->LenColonna = 3;
+    m_corpo->NumeriSpoglio[1] = 7;
+    cmd->click();
+    ASSERT_TRUE(f->isVisible());
+    EXPECT_EQ(elem<QLineEdit>(f, "meSpoglio", 0)->text(), "07");
+    EXPECT_EQ(ctl<QLineEdit>(f, "meA")->text(), "4");
+    EXPECT_EQ(elem<QLabel>(f, "lblCategoria", 3)->text(), "Punti 3");
+    // Numero ORO: a category for each count of hits up to the length.
+    EXPECT_TRUE(elem<QListView>(f, "listVin", 0)->isEnabled());
+    EXPECT_FALSE(elem<QListView>(f, "listVin", 4)->isEnabled());
+    EXPECT_EQ(elem<QLabel>(f, "lblCategoria", 4)->text(), "-");
+    // An emptied box cannot clear its number: it comes back at the next init.
+    Digita(elem<QLineEdit>(f, "meSpoglio", 0), "");
+    EXPECT_EQ(m_corpo->NumeriSpoglio[1], 7);
+
+    // The draw 20 down to 1, Oro 3, typed box after box: sorted, then checked.
+    for (int i = 0; i < 20; ++i)
+        Digita(elem<QLineEdit>(f, "meSpoglio", i), QString::number(20 - i));
+    Digita(ctl<QLineEdit>(f, "meNumORO"), "03");
+    ctl<QPushButton>(f, "cmdSpoglio")->click();
+    EXPECT_EQ(elem<QLineEdit>(f, "meSpoglio", 0)->text(), "01");
+    EXPECT_EQ(elem<QLineEdit>(f, "meSpoglio", 19)->text(), "20");
+    EXPECT_EQ(elem<QLabel>(f, "labVincite", 3)->text(), "2");
+    EXPECT_EQ(elem<QListView>(f, "listVin", 3)->model()->index(1, 0).data().toString(), "C. 4");
+    EXPECT_EQ(testo(f, "lblMaxPunti"), " 3");
+    EXPECT_EQ(testo(f, "labTot"), QLocale().toString(655.0, 'f', 2));
+
+    // A repeated number: the box, the focus on the first of the two.
+    Digita(elem<QLineEdit>(f, "meSpoglio", 5), "01");
+    ctl<QPushButton>(f, "cmdSpoglio")->click();
+    EXPECT_EQ(m_dialogs->boxes.back().text, m_main->ui().Lang("0025"));
+    ctl<QPushButton>(f, "cmdCancella")->click();
+    EXPECT_EQ(m_corpo->NumeriSpoglio[1], 0);
+    EXPECT_EQ(testo(f, "labTot"), "-");
+}
+
+TEST_F(FinestreSpoglio, ArchiveWindowHandsItsDrawOver) {
+    auto* f = m_main->findChild<frmSpoglio*>();
+    m_corpo->NumeriSpoglio[1] = 41;
+    m_corpo->OroSpoglio = 41;
+    ASSERT_TRUE(m_main->finestre().initSpoglio());
+    m_main->finestre().mostraSpoglio();
+    EXPECT_TRUE(f->isVisible());
+    EXPECT_EQ(elem<QLineEdit>(f, "meSpoglio", 0)->text(), "41");
+    EXPECT_EQ(ctl<QLineEdit>(f, "meNumORO")->text(), "41");
+    m_corpo->LenColonna = 11;
+    EXPECT_FALSE(m_main->finestre().initSpoglio());
+}
+
+TEST_F(FinestreSpoglio, ArchiveCheckFillsTheGridFiltersItAndWritesTheCsv) {
+    auto* f = m_main->findChild<frmSpoglioEstrazioni*>();
+    m_main->azione("menuSpoglioEstrazioni")->trigger();
+    ASSERT_TRUE(f->isVisible());
+    EXPECT_EQ(ctl<QComboBox>(f, "cmbDal")->count(), 3);
+    EXPECT_FALSE(ctl<QComboBox>(f, "cmbConcDal")->isVisibleTo(f)); // the evening archive
+    ctl<QPushButton>(f, "cmdSpoglioEstrazioni")->click();
+    EXPECT_FALSE(ctl<QWidget>(f, "cmdSpoglioEstrazioni")->isEnabled() && f->lavoro().inCorso());
+    f->lavoro().attendi();
+    QTableView* grid = ctl<QTableView>(f, "flexGrid");
+    ASSERT_EQ(grid->model()->rowCount(), 5);
+    EXPECT_EQ(grid->model()->headerData(19, Qt::Horizontal).toString(), "Euro");
+    EXPECT_EQ(grid->model()->index(0, 0).data().toString(), "TOTALE");
+    EXPECT_TRUE(grid->model()->index(0, 5).data(Qt::FontRole).value<QFont>().bold());
+    EXPECT_EQ(grid->model()->index(1, 4).data(Qt::BackgroundRole).value<QColor>(), QColor(0x80, 0xff, 0x80));
+    EXPECT_EQ(testo(f, "lblNumEstr"), "4");
+    EXPECT_EQ(m_dialogs->boxes.back().text, m_main->ui().Lang("0026") + " Numero ORO [90] del 01/03/2024");
+
+    // A filter on the Euro column keeps the totals row and the draws that won 325.
+    ctl<QCheckBox>(f, "chkFiltri")->setChecked(true);
+    QComboBox* euro = f->griglia().filtro(19);
+    ASSERT_TRUE(euro);
+    euro->setCurrentIndex(euro->findText("325"));
+    EXPECT_EQ(grid->model()->rowCount(), 2);
+
+    // The CSV holds every row, also those a filter hides, and is handed to the desktop.
+    ctl<QPushButton>(f, "cmdCSV")->click();
+    ASSERT_EQ(m_dialogs->documents.size(), 1u);
+    std::ifstream got(m_dialogs->documents[0], std::ios::binary),
+        want(DV_SOURCE_DIR "/tests/prize/data/spoglio_estrazioni.csv");
+    std::stringstream g, w;
+    g << got.rdbuf();
+    w << want.rdbuf();
+    EXPECT_EQ(g.str(), w.str());
+    EXPECT_EQ(m_dialogs->documents[0], m_corpo->AppDir + "/csv/prova.csv");
+
+    f->close();
+    EXPECT_FALSE(f->isVisible());
+    EXPECT_TRUE(m_main->findChild<frmSpoglioEstrazioni*>());
+}
+
+TEST_F(FinestreSpoglio, AStretchOfThirtyThousandDrawsShowsAtOnce) {
+    ArrayEstrazioni a(1);
+    for (int i = 0; i < 30000; ++i) {
+        char d[16];
+        std::snprintf(d, sizeof d, "%02d/%02d/%04d", i % 28 + 1, i / 28 % 12 + 1, 1900 + i / 336);
+        a.push_back(Draw(d, 1, Range(1 + i % 70, 20 + i % 70)));
+    }
+    m_corpo->mArrEstrazioni = a;
+    m_corpo->TipoGiocata = 1;
+    auto* f = m_main->findChild<frmSpoglioEstrazioni*>();
+    m_main->azione("menuSpoglioEstrazioni")->trigger();
+    ctl<QPushButton>(f, "cmdSpoglioEstrazioni")->click();
+    f->lavoro().attendi();
+    EXPECT_EQ(ctl<QTableView>(f, "flexGrid")->model()->rowCount(), 30001);
+}
+
+TEST_F(FinestreSpoglio, ComparisonAsksForBothFilesThenCountsAndCopies) {
+    auto* f = m_main->findChild<frmVerificaSistemi*>();
+    m_main->azione("menuVerificaSistema")->trigger();
+    ASSERT_TRUE(f->isVisible());
+    ctl<QPushButton>(f, "cmdVerificaSistema")->click();
+    EXPECT_EQ(m_dialogs->boxes.back().text, m_main->ui().Lang("0120"));
+
+    const std::string uno = m_corpo->AppDir + "/txt/uno.txt", due = m_corpo->AppDir + "/txt/due.txt";
+    std::filesystem::create_directories(m_corpo->AppDir + "/txt");
+    std::ofstream(uno) << " 01 02 03 \r\n 01 02 04 \r\n";
+    std::ofstream(due) << "1-2-3\r\n7 8 9\r\n";
+    m_dialogs->setNextFileName(uno);
+    ctl<QPushButton>(f, "cmdLoad1")->click();
+    ctl<QPushButton>(f, "cmdVerificaSistema")->click();
+    EXPECT_EQ(m_dialogs->boxes.back().text, m_main->ui().Lang("0121"));
+    m_dialogs->setNextFileName(due);
+    ctl<QPushButton>(f, "cmdLoad2")->click();
+    EXPECT_EQ(testo(f, "lblFile2"), "due.txt");
+    ctl<QPushButton>(f, "cmdVerificaSistema")->click();
+    f->lavoro().attendi();
+    QTableView* grid = ctl<QTableView>(f, "flexGrid");
+    ASSERT_EQ(grid->model()->rowCount(), 3);
+    EXPECT_EQ(grid->model()->index(2, 0).data().toString(), "TOT");
+    EXPECT_EQ(testo(f, "lblNumEstr"), "2");
+    // The totals row is an ordinary row: a filter hides it.
+    ctl<QCheckBox>(f, "chkFiltri")->setChecked(true);
+    QComboBox* n = f->griglia().filtro(0);
+    n->setCurrentIndex(n->findText("1"));
+    EXPECT_EQ(grid->model()->rowCount(), 1);
+    grid->setCurrentIndex(grid->model()->index(0, 1));
+    grid->selectionModel()->select(grid->model()->index(0, 1), QItemSelectionModel::ClearAndSelect);
+    QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "01-02-03\r\n");
+    f->close();
+    EXPECT_EQ(testo(f, "lblFile1"), "File1");
+}
+
+TEST_F(FinestreSpoglio, LanguageSectionsNameRealControls) {
+    for (const char* lng : {"italiano.lng", "english.lng"})
+        for (QWidget* w : std::initializer_list<QWidget*>{m_main->findChild<frmSpoglio*>(),
+                                                          m_main->findChild<frmSpoglioEstrazioni*>(),
+                                                          m_main->findChild<frmVerificaSistemi*>()})
+            controllaSezione(*w, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(lng));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    return RUN_ALL_TESTS();
+}
