@@ -119,9 +119,8 @@ private:
         p.setFont(font);
         p.setPen(Qt::white);
         const QRectF testo(28, 0, grab.width() / dpr - 28 - 84, barra);
-        p.drawText(
-            testo, Qt::AlignVCenter | Qt::AlignLeft,
-            QFontMetrics(font).elidedText(w.windowTitle(), Qt::ElideMiddle, static_cast<int>(testo.width())));
+        p.drawText(testo, Qt::AlignVCenter | Qt::AlignLeft,
+                   QFontMetrics(font).elidedText(w.windowTitle(), Qt::ElideMiddle, static_cast<int>(testo.width())));
         for (int i = 0; i < 3; ++i)
             p.drawRect(QRectF(grab.width() / dpr - 26.0 * (i + 1), 5, 18, barra - 10));
         p.drawPixmap(QPointF(0, barra), grab);
@@ -154,8 +153,7 @@ dv::ArrayEstrazioni ArchivioDimostrativo() {
         std::snprintf(e.Data.data(), 11, "%02d/%02d/2025", 1 + g % 28, 1 + g / 28);
         e.Concorso = 1;
         std::array<uint8_t, 90> tutti{};
-        for (int i = 0; i < 90; ++i)
-            tutti[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
+        for (int i = 0; i < 90; ++i) tutti[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
         std::shuffle(tutti.begin(), tutti.end(), rng);
         std::sort(tutti.begin(), tutti.begin() + 20);
         std::copy(tutti.begin(), tutti.begin() + 20, e.Numeri.begin() + 1);
@@ -174,18 +172,15 @@ void MatriciDimostrative(const std::string& appDir) {
         x.PICK_UP_NUMBERS_M = static_cast<uint8_t>(m);
         x.dimensiona(10, static_cast<int32_t>(colonne.size()));
         for (size_t c = 0; c < colonne.size(); ++c)
-            for (int p = 1; p <= 10; ++p)
-                x.colum(p, static_cast<int32_t>(c + 1)) = colonne[c][static_cast<size_t>(p - 1)];
+            for (int p = 1; p <= 10; ++p) x.colum(p, static_cast<int32_t>(c + 1)) = colonne[c][static_cast<size_t>(p - 1)];
         x.PERCENTAGE_COVER = "100%";
         x.AUTHOR = "Dorvanta";
-        x.DESCRIPTION =
-            "20 numeri, colonne da 10, garanzia " + std::to_string(t) + " se escono " + std::to_string(m);
+        x.DESCRIPTION = "20 numeri, colonne da 10, garanzia " + std::to_string(t) + " se escono " + std::to_string(m);
         x.VALID_FROM = dv::OggiSeriale() - 30;
         x.VALID_TO = dv::OggiSeriale() + 3650;
         x.MATRIX_READY = -1;
         x.MATRIX_SIGNATURE = dv::FirmaMatrice;
-        dv::ScriviMatrice(dv::PercorsoIn(appDir, {"matrici", m == 3 ? "V20K10T3M3.mqvn" : "V20K10T4M5.mqvn"}),
-                          x);
+        dv::ScriviMatrice(dv::PercorsoIn(appDir, {"matrici", m == 3 ? "V20K10T3M3.mqvn" : "V20K10T4M5.mqvn"}), x);
     }
 }
 
