@@ -26,6 +26,7 @@
 #include <QThread>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -293,7 +294,14 @@ void frmUpdate::evidenziaOpzione(int index) {
 }
 
 void frmUpdate::OptArchivio_Click(int index) {
-    if (m_occupato || index < 0 || index > 2) return;
+    if (index < 0 || index > 2) return;
+    if (m_occupato) {
+        // During an update the options stay as they were: the archive in memory is still theirs.
+        QRadioButton* attuale = m_OptArchivio[std::clamp(m_corpo.TipoArchivio, 0, 2)];
+        const QSignalBlocker blocca(attuale);
+        attuale->setChecked(true);
+        return;
+    }
     protetto("OptArchivio_Click", [this, index] {
         // 1. and 2. The button and the options off, the busy flag; the option marked.
         m_cmdUpdate->setEnabled(false);

@@ -5,6 +5,7 @@
 
 #include "archive/Archivio.h"
 #include "core/Cartelle.h"
+#include "platform/Shell.h"
 #include "server/ServerProcess.h"
 #include "tests/windows/LanguageSectionCheck.h"
 #include "tests/windows/QueueDialogs.h"
@@ -157,6 +158,14 @@ TEST_F(FinestraArchivio, AnOptionLoadsItsArchiveOffTheWindowThreadAndACloseMeanw
     EXPECT_FALSE(ctl<QTableView>("flexGrid")->isVisibleTo(m_win));
     EXPECT_EQ(ctl<QLabel>("lbLast")->text(), QString());
     EXPECT_EQ(ctl<QLabel>("lbTotale")->text(), QStringLiteral("0"));
+
+    // The manual import: a file of one's own, chosen starting on the desktop.
+    m_dialogs->setNextFileName(DV_SOURCE_DIR "/tests/archive/data/separatori.txt");
+    ctl<QPushButton>("cmdUpdate")->click();
+    m_win->attendi();
+    EXPECT_EQ(m_dialogs->folders.back(), GetSpecialFolder(CartellaDesktop));
+    EXPECT_EQ(m_win->modello().rowCount(), 6);
+    EXPECT_TRUE(ctl<QTableView>("flexGrid")->isVisibleTo(m_win));
 }
 
 TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive) {
@@ -171,6 +180,8 @@ TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive)
 
     m_main->impostazioni().Server = server.base();
     ctl<QPushButton>("cmdUpdate")->click();
+    opzione(1)->click(); // refused while the update runs
+    EXPECT_TRUE(opzione(0)->isChecked());
     m_win->attendi();
     EXPECT_EQ(m_dialogs->boxes.size(), 1u);
     EXPECT_EQ(m_win->modello().rowCount(), 12);
