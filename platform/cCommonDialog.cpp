@@ -37,8 +37,15 @@ std::string cCommonDialog::ShowSave(QWidget* parent, const std::string& folder, 
                                     const std::string& defaultExtension, const std::string& proposedName,
                                     const std::string& title) {
     const QString start = QDir(QString::fromStdString(folder)).filePath(QString::fromStdString(proposedName));
-    const QString chosen =
-        QFileDialog::getSaveFileName(parent, QString::fromStdString(title), start, FiltroQt(filter));
+    QFileDialog dialog(parent, QString::fromStdString(title), start, FiltroQt(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // The chooser adds the extension itself, so that it also asks before replacing the file that
+    // a name typed without extension comes to name.
+    QString suffix = QString::fromStdString(defaultExtension);
+    if (suffix.startsWith(QLatin1Char('.'))) suffix.remove(0, 1);
+    dialog.setDefaultSuffix(suffix);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    const QString chosen = dialog.selectedFiles().constFirst();
     if (chosen.isEmpty()) return {};
     return ConEstensione(QDir::toNativeSeparators(chosen).toStdString(), defaultExtension);
 }

@@ -13,6 +13,14 @@
 #include <QTemporaryDir>
 #include <QFile>
 #include <QWidget>
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTimer>
+
+#include <fstream>
 
 #include <gtest/gtest.h>
 
@@ -114,6 +122,28 @@ TEST(ApplyLanguage, NoLanguageChangesNothingAndAMissingFileOnlyEmptiesTabs) {
     EXPECT_EQ(w.form.windowTitle(), "Prova");
     EXPECT_EQ(w.cmdSalva->text(), "Salva");
     EXPECT_EQ(w.tabs->tabText(0), "");
+}
+
+TEST(cCommonDialog, SaveAsksBeforeReplacingTheFileANameWithoutExtensionComesToName) {
+    QTemporaryDir dir;
+    std::ofstream(dir.filePath(QStringLiteral("prova.dvs")).toStdString()) << "old";
+    bool asked = false;
+    QTimer::singleShot(0, [&asked] {
+        auto* chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(chooser, nullptr);
+        chooser->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("prova"));
+        QTimer::singleShot(0, [&asked, chooser = QPointer<QFileDialog>(chooser)] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            asked = box != nullptr;
+            if (box) box->button(QMessageBox::No)->click();
+            if (chooser) chooser->reject();
+        });
+        QMetaObject::invokeMethod(chooser, "accept"); // the button "Save"
+    });
+    EXPECT_EQ(dv::cCommonDialog::ShowSave(nullptr, dir.path().toStdString(), "File Dorvanta (*.dvs)|*.dvs", ".dvs",
+                                          "nuovo.dvs"),
+              "");
+    EXPECT_TRUE(asked);
 }
 
 TEST(cCommonDialog, FiltersAndDefaultExtension) {
