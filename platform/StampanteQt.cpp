@@ -10,7 +10,12 @@
 #include <QPrinterInfo>
 
 #include <filesystem>
+#include <mutex>
 #include <system_error>
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
 
 namespace dv {
 
@@ -28,6 +33,19 @@ QString Espandi(std::string_view s) {
             out += ch;
     }
     return out;
+}
+
+// Qt's PDF engine allocates and frees large buffers on every page. With the C library's default
+// thresholds each of them is mapped from the system and given back at once, which costs ten
+// times the painting; past 64 MB the heap is trimmed as before.
+void ImpostaAllocatore() {
+#if defined(__GLIBC__)
+    static std::once_flag once;
+    std::call_once(once, [] {
+        mallopt(M_MMAP_THRESHOLD, 64 << 20);
+        mallopt(M_TRIM_THRESHOLD, 64 << 20);
+    });
+#endif
 }
 
 } // namespace
@@ -50,6 +68,7 @@ QImage ImmagineStampa(const std::string& nome) {
 }
 
 StampanteQt::StampanteQt(QPagedPaintDevice& device) : m_device(device) {
+    ImpostaAllocatore();
     m_dpi = device.logicalDpiY() > 0 ? device.logicalDpiY() : 600;
     suUnita(UnitaStampa::Twips);
     suFont(fontCorrente());
@@ -70,7 +89,7 @@ QPainter* StampanteQt::pittore() {
         }
         m_painter->setPen(QPen(Qt::black, 1));
         m_painter->setBrush(Qt::black);
-        m_painter->setFont(m_font);
+        m_painter->setFont(m_corrente->font);
         m_pagine = 1;
         m_paginaInAttesa = false;
     } else if (m_paginaInAttesa) {
@@ -97,12 +116,19 @@ void StampanteQt::suUnita(UnitaStampa u) {
 
 void StampanteQt::suFont(const FontStampa& f) {
     scriviRiga();
-    m_font = QFont();
-    m_font.setFamilies(FamiglieFont(f.nome));
-    m_font.setPointSizeF(f.punti);
-    m_font.setBold(f.grassetto);
-    m_metriche.emplace(m_font, &m_device);
-    if (m_painter) m_painter->setFont(m_font);
+    const QString chiave = QString::fromStdString(f.nome) + QLatin1Char('/') + QString::number(f.punti) +
+                           (f.grassetto ? "/b" : "/r");
+    auto it = m_fonts.find(chiave);
+    if (it == m_fonts.end()) {
+        QFont font;
+        font.setFamilies(FamiglieFont(f.nome));
+        font.setPointSizeF(f.punti);
+        font.setBold(f.grassetto);
+        it = m_fonts.insert(
+            chiave, std::make_shared<FontPronto>(FontPronto{font, QFontMetricsF(font, &m_device), {}}));
+    }
+    m_corrente = it->get();
+    if (m_painter) m_painter->setFont(m_corrente->font);
 }
 
 void StampanteQt::suPosizione(double, double) {
@@ -121,7 +147,7 @@ void StampanteQt::suTesto(double x, double y, std::string_view s, bool aCapo) {
 void StampanteQt::scriviRiga() {
     if (m_riga.isEmpty()) return;
     if (QPainter* p = pittore())
-        p->drawText(QPointF(px(m_rigaX), px(m_rigaY) + m_metriche->ascent()), m_riga);
+        p->drawText(QPointF(px(m_rigaX), px(m_rigaY) + m_corrente->metriche.ascent()), m_riga);
     m_riga.clear();
 }
 
@@ -167,11 +193,16 @@ void StampanteQt::suFine() {
 }
 
 double StampanteQt::altezzaRiga() {
-    return m_metriche->lineSpacing() / m_fattore;
+    return m_corrente->metriche.lineSpacing() / m_fattore;
 }
 
 double StampanteQt::larghezzaTesto(std::string_view s) {
-    return m_metriche->horizontalAdvance(Espandi(s)) / m_fattore;
+    const QString t = Espandi(s);
+    if (t.size() > 8) return m_corrente->metriche.horizontalAdvance(t) / m_fattore;
+    auto it = m_corrente->larghezze.find(t);
+    if (it == m_corrente->larghezze.end())
+        it = m_corrente->larghezze.insert(t, m_corrente->metriche.horizontalAdvance(t));
+    return *it / m_fattore;
 }
 
 LavoroStampa::~LavoroStampa() {

@@ -78,8 +78,15 @@ private:
     int m_pagine = 0;
     double m_dpi = 600;
     double m_fattore = 600.0 / 1440.0;
-    QFont m_font;
-    std::optional<QFontMetricsF> m_metriche;
+    // Fonts and their metrics on the device, made once for each name, size and weight: a job
+    // switches fonts on every slip. Widths of the short texts a listing repeats are kept too.
+    struct FontPronto {
+        QFont font;
+        QFontMetricsF metriche;
+        QHash<QString, double> larghezze;
+    };
+    QHash<QString, std::shared_ptr<FontPronto>> m_fonts;
+    FontPronto* m_corrente = nullptr;
     // Consecutive texts of one line are drawn as one run.
     QString m_riga;
     double m_rigaX = 0;
