@@ -38,6 +38,21 @@ struct Maschera {
     uint64_t lo = 0, hi = 0;
 };
 
+// BitNumero[v]: the mask of number v, empty for a byte outside 1..90.
+constexpr auto BitNumero = [] {
+    std::array<Maschera, 256> t{};
+    for (int v = 1; v <= 90; ++v)
+        (v < 64 ? t[static_cast<size_t>(v)].lo : t[static_cast<size_t>(v)].hi) = uint64_t{1} << (v & 63);
+    return t;
+}();
+
+// x rounded to the nearest integer, halves to even, for 0 <= x < 2^31.
+int ArrotondaPari(double x) {
+    const int i = static_cast<int>(x);
+    const double resto = x - i;
+    return resto > 0.5 || (resto == 0.5 && (i & 1)) ? i + 1 : i;
+}
+
 // For each prefix P of n - 1 numbers, the union of the draws that hold P. The combination P + {c}
 // (c above the last of P) was seen exactly when bit c of P's mask is set. Prefixes are indexed by
 // their colex rank, the sum over i of C(p_i - 1, i) for p_1 < ... < p_m.
@@ -50,8 +65,9 @@ public:
         // The draw's mask of its numbers 1..90 (a repeated number counts once).
         Maschera maschera;
         for (int i = 1; i <= 20; ++i) {
-            const uint8_t v = e.Numeri[static_cast<size_t>(i)];
-            if (v >= 1 && v <= 90) (v < 64 ? maschera.lo : maschera.hi) |= uint64_t{1} << (v & 63);
+            const Maschera& bit = BitNumero[e.Numeri[static_cast<size_t>(i)]];
+            maschera.lo |= bit.lo;
+            maschera.hi |= bit.hi;
         }
         // Its numbers ascending; a prefix of one number is ranked by the number alone.
         std::array<uint8_t, 20> x{};
@@ -150,11 +166,12 @@ RisultatoUltimate UltimateCerca(const ArrayEstrazioni& archivio, int n, int32_t 
     // report progress and to see a stop.
     obs.started(total);
     const double step = total / PassiUltimate;
-    auto passo = [step](double done) { return static_cast<int>(std::nearbyint(done / step)); };
+    auto passo = [step](double done) { return ArrotondaPari(done / step); };
     int ultimoPasso = 0;
     // The first count done at which the step changes, or the total.
     auto prossimoTaglio = [&](double done) {
-        double fine = std::clamp(std::floor((ultimoPasso + 0.5) * step), done + 1, total);
+        double fine = std::clamp(static_cast<double>(static_cast<int64_t>((ultimoPasso + 0.5) * step)),
+                                 done + 1, total);
         while (fine > done + 1 && passo(fine - 1) != ultimoPasso)
             --fine;
         while (fine < total && passo(fine) == ultimoPasso)
@@ -198,7 +215,7 @@ RisultatoUltimate UltimateCerca(const ArrayEstrazioni& archivio, int n, int32_t 
                 ultimoPasso = k;
                 ProgressInfo info;
                 info.step = k;
-                info.bar = static_cast<int16_t>(std::nearbyint(k * 100.0 / PassiUltimate));
+                info.bar = static_cast<int16_t>(ArrotondaPari(k * 100.0 / PassiUltimate));
                 info.total = total;
                 info.counter = done;
                 info.kept = r.trovate();
