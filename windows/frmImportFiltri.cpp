@@ -80,6 +80,8 @@ void frmImportFiltri::costruisci() {
         auto* c = new QComboBox(m_frameDateArchivio);
         c->setObjectName(QString::fromLatin1(nome));
         c->setEditable(modificabile);
+        c->setMinimumContentsLength(modificabile ? 4 : 10);
+        c->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         return c;
     };
     m_cmbDal = combo("cmbDal", false);
