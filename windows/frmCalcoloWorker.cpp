@@ -44,6 +44,7 @@ frmCalcoloWorker::~frmCalcoloWorker() {
         // The worker may be waiting for the window thread (a box, the status line): keep serving
         // it until it has ended.
         m_control.StopElaborazione = true;
+        m_control.resume();
         while (!m_threadFinito)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
         m_thread.join();
