@@ -5,6 +5,7 @@
 #include "archive/Archivio.h"
 #include "archive/Conversione.h"
 #include "reference/ArchivioLetterale.h"
+#include "tests/archive/LeggiFile.h"
 #include "tests/support/FakeUi.h"
 
 #include <algorithm>
@@ -47,11 +48,6 @@ uint64_t Firma(const ArrayEstrazioni& a) {
     for (size_t i = 1; i < a.size(); ++i)
         tutto.append(RecordEstrazione(a[i]).data(), DimensioneRecordEstrazione);
     return Firma(tutto.data(), tutto.size());
-}
-
-std::string Leggi(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 // The server's text: a heading, then 500,000 five-minute draws, tab-separated, CR LF.
@@ -113,12 +109,12 @@ int main() {
     reference::ConversioneLetterale letterale;
     Risultato conv{"convert 500,000 lines", 0, 0, 1.0, 0, 0};
     conv.letterale = Secondi([&] {
-        letterale = reference::ConvertiLetterale(Leggi(txt));
+        letterale = reference::ConvertiLetterale(dv::test::LeggiFile(txt));
         std::ofstream(dir / "letterale.dat", std::ios::binary) << letterale.records;
     });
     conv.firmaLetterale = Firma(letterale.records.data(), letterale.records.size());
     conv.nostro = Migliore([&] { ConvertArchivioTmpToDat(txt, dat); });
-    const std::string scritto = Leggi(dat);
+    const std::string scritto = dv::test::LeggiFile(dat);
     conv.firmaNostra = Firma(scritto.data(), scritto.size());
     Stampa(conv);
     uguali = uguali && conv.firmaLetterale == conv.firmaNostra;

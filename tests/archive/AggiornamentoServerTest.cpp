@@ -8,6 +8,7 @@
 #include "server/ServerProcess.h"
 #include "settings/TempDir.h"
 #include "support/FakeUi.h"
+#include "tests/archive/LeggiFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -20,11 +21,6 @@
 
 namespace dv {
 namespace {
-
-std::string Leggi(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 struct Server : ::testing::Test {
     test::TempDir dir;
@@ -56,9 +52,9 @@ TEST_F(Server, DemoDrawsFillTheEveningAndFiveMinuteArchivesFromTheirDate) {
     EXPECT_GE(UBound(sera), 365 * 3 - 1);
     EXPECT_LE(UBound(sera), 365 * 3);
     ControllaEstrazioni(sera);
-    const std::string primo = Leggi(c.PathArchivioSerale).substr(0, DimensioneRecordEstrazione);
+    const std::string primo = test::LeggiFile(c.PathArchivioSerale).substr(0, DimensioneRecordEstrazione);
     ASSERT_EQ(AggiornaArchivioSerale(c, ui, server(p)), EsitoAggiornamento::Aggiornato);
-    EXPECT_EQ(Leggi(c.PathArchivioSerale).substr(0, DimensioneRecordEstrazione),
+    EXPECT_EQ(test::LeggiFile(c.PathArchivioSerale).substr(0, DimensioneRecordEstrazione),
               primo); // the same draws again
 
     ASSERT_EQ(AggiornaArchivio5Minuti(-30, c, ui, server(p)), EsitoAggiornamento::Aggiornato);
@@ -84,7 +80,7 @@ TEST_F(Server, TheServersOwnFilesInTheTextFormatAndAFailingServerLeaveTheArchive
     const ArrayEstrazioni a = LoadArchivioDAT(c.PathArchivioSerale, "", ui);
     EXPECT_EQ(UBound(a), 12);
     EXPECT_EQ(a[1].dataTesto(), "02/01/2026");
-    const std::string prima = Leggi(c.PathArchivioSerale);
+    const std::string prima = test::LeggiFile(c.PathArchivioSerale);
 
     // A server without the archive answers 404; one that is gone does not answer at all.
     QTemporaryDir vuota;
@@ -96,7 +92,7 @@ TEST_F(Server, TheServersOwnFilesInTheTextFormatAndAFailingServerLeaveTheArchive
     ASSERT_EQ(ui.boxes.size(), 3u);
     for (const auto& b : ui.boxes)
         EXPECT_EQ(b.text, "<0049>");
-    EXPECT_EQ(Leggi(c.PathArchivioSerale), prima);
+    EXPECT_EQ(test::LeggiFile(c.PathArchivioSerale), prima);
 }
 
 } // namespace

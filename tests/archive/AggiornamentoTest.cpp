@@ -5,6 +5,7 @@
 #include "core/Helpers.h"
 #include "settings/TempDir.h"
 #include "support/FakeUi.h"
+#include "tests/archive/LeggiFile.h"
 
 #include <gtest/gtest.h>
 
@@ -15,11 +16,6 @@ namespace dv {
 namespace {
 
 const std::string Dati = DV_ARCHIVE_TEST_DATA;
-
-std::string Leggi(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 struct Fixture : ::testing::Test {
     test::TempDir dir;
@@ -43,7 +39,7 @@ struct Fixture : ::testing::Test {
 TEST_F(Fixture, EveningUpdateFetchesTheWholeArchiveAndDeletesTheDownload) {
     EXPECT_EQ(AggiornaArchivioSerale(c, ui, server()), EsitoAggiornamento::Aggiornato);
     EXPECT_EQ(urls, std::vector<std::string>{"http://127.0.0.1:1/public/10elotto/archivioro2.asp"});
-    EXPECT_EQ(Leggi(c.PathArchivioSerale), Leggi(Dati + "/separatori.dat"));
+    EXPECT_EQ(test::LeggiFile(c.PathArchivioSerale), test::LeggiFile(Dati + "/separatori.dat"));
     EXPECT_FALSE(std::filesystem::exists(c.PathArchivioDownload));
     EXPECT_TRUE(ui.boxes.empty());
 }
@@ -53,7 +49,7 @@ TEST_F(Fixture, FiveMinuteUpdateAsksFromTodayPlusTheDaysGiven) {
     EXPECT_EQ(AggiornaArchivio5Minuti(-120, c, ui, server(), quindiciMarzo2024),
               EsitoAggiornamento::Aggiornato);
     EXPECT_EQ(urls.at(0), "http://127.0.0.1:1/public/10elotto5min/archivioro2.asp?dal=20231116");
-    EXPECT_EQ(Leggi(c.PathArchivio5Min), Leggi(Dati + "/separatori.dat"));
+    EXPECT_EQ(test::LeggiFile(c.PathArchivio5Min), test::LeggiFile(Dati + "/separatori.dat"));
     EXPECT_EQ(DataToYYYYMMDD(DataOdierna()).size(), 8u);
 }
 
@@ -69,17 +65,17 @@ TEST_F(Fixture, AFailedDownloadShows0049AndAFailedConversionNamesTheLineBothKeep
     EXPECT_EQ(AggiornaArchivioSerale(c, ui, server()), EsitoAggiornamento::ConversioneFallita);
     ASSERT_EQ(ui.boxes.size(), 2u);
     EXPECT_NE(ui.boxes[1].text.find(" 3, "), std::string::npos) << ui.boxes[1].text;
-    EXPECT_EQ(Leggi(c.PathArchivioSerale), "old");
+    EXPECT_EQ(test::LeggiFile(c.PathArchivioSerale), "old");
     EXPECT_TRUE(std::filesystem::exists(c.PathArchivioDownload)); // left for a look at what came
 }
 
 TEST_F(Fixture, ManualImportConvertsThePickedFileAndACancelChangesNothing) {
     EXPECT_EQ(ImportaArchivioManuale(c, ui, "/desk"), EsitoAggiornamento::Annullato);
     EXPECT_FALSE(std::filesystem::exists(c.PathArchivioManuale));
-    const std::string source = dir.write("mine.dat", Leggi(Dati + "/separatori.txt"));
+    const std::string source = dir.write("mine.dat", test::LeggiFile(Dati + "/separatori.txt"));
     ui.setNextFileName(source);
     EXPECT_EQ(ImportaArchivioManuale(c, ui, "/desk"), EsitoAggiornamento::Aggiornato);
-    EXPECT_EQ(Leggi(c.PathArchivioManuale), Leggi(Dati + "/separatori.dat"));
+    EXPECT_EQ(test::LeggiFile(c.PathArchivioManuale), test::LeggiFile(Dati + "/separatori.dat"));
     EXPECT_TRUE(std::filesystem::exists(source));
 }
 

@@ -5,6 +5,7 @@
 #include "reference/ArchivioLetterale.h"
 #include "settings/TempDir.h"
 #include "support/FakeUi.h"
+#include "tests/archive/LeggiFile.h"
 
 #include <gtest/gtest.h>
 
@@ -14,11 +15,6 @@
 namespace dv {
 namespace {
 
-std::string Leggi(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 const std::string Dati = DV_ARCHIVE_TEST_DATA;
 
 TEST(ConvertArchivioTmpToDat, GoldenFileWithEverySeparatorHeadingsAndWrongFieldCounts) {
@@ -27,13 +23,13 @@ TEST(ConvertArchivioTmpToDat, GoldenFileWithEverySeparatorHeadingsAndWrongFieldC
     const EsitoConversione e = ConvertArchivioTmpToDat(Dati + "/separatori.txt", out);
     ASSERT_TRUE(e.completata());
     EXPECT_EQ(e.estrazioni, 7);
-    EXPECT_EQ(Leggi(out), Leggi(Dati + "/separatori.dat"));
+    EXPECT_EQ(test::LeggiFile(out), test::LeggiFile(Dati + "/separatori.dat"));
     EXPECT_FALSE(dir.exists("a.dat.new"));
 }
 
 TEST(ConvertArchivioTmpToDat, LineEndsOfEveryKindAndNoneAtTheEndGiveTheSameRecords) {
     test::TempDir dir;
-    std::string crlf = Leggi(Dati + "/separatori.txt");
+    std::string crlf = test::LeggiFile(Dati + "/separatori.txt");
     std::string lf, cr;
     for (size_t i = 0; i < crlf.size(); ++i) {
         if (crlf[i] == '\r') continue;
@@ -43,7 +39,7 @@ TEST(ConvertArchivioTmpToDat, LineEndsOfEveryKindAndNoneAtTheEndGiveTheSameRecor
     lf.pop_back(); // no line end after the last line
     for (const std::string& testo : {lf, cr}) {
         ASSERT_TRUE(ConvertArchivioTmpToDat(dir.write("in.txt", testo), dir.file("a.dat")).completata());
-        EXPECT_EQ(dir.read("a.dat"), Leggi(Dati + "/separatori.dat"));
+        EXPECT_EQ(dir.read("a.dat"), test::LeggiFile(Dati + "/separatori.dat"));
     }
 }
 

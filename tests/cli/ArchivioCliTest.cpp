@@ -1,4 +1,5 @@
 // Runs `dorvanta-cli archive ...` as a process on small files and checks output, files and exit codes.
+#include "tests/archive/LeggiFile.h"
 #include "tests/settings/TempDir.h"
 
 #include <gtest/gtest.h>
@@ -32,21 +33,16 @@ Esecuzione Archive(const std::string& args, const dv::test::TempDir& dir) {
     return e;
 }
 
-std::string Leggi(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 TEST(ArchiveCli, ConvertWritesTheRecordsOrRefusesNamingTheLineAndLeavesTheOutputAlone) {
     dv::test::TempDir dir;
     Esecuzione e = Archive("convert '" + Dati + "/separatori.txt' -o '" + dir.file("a.dat") + "'", dir);
     EXPECT_EQ(e.rc, 0) << e.err;
-    EXPECT_EQ(dir.read("a.dat"), Leggi(Dati + "/separatori.dat"));
+    EXPECT_EQ(dir.read("a.dat"), dv::test::LeggiFile(Dati + "/separatori.dat"));
 
     e = Archive("convert '" + Dati + "/campo_non_valido.txt' -o '" + dir.file("a.dat") + "'", dir);
     EXPECT_EQ(e.rc, 1);
     EXPECT_NE(e.err.find("riga 3, campo 6 (\"x7\")"), std::string::npos) << e.err;
-    EXPECT_EQ(dir.read("a.dat"), Leggi(Dati + "/separatori.dat"));
+    EXPECT_EQ(dir.read("a.dat"), dv::test::LeggiFile(Dati + "/separatori.dat"));
 }
 
 TEST(ArchiveCli, ShowPrintsTheWindowsRowsOrJsonInArchiveOrder) {
@@ -80,7 +76,8 @@ TEST(ArchiveCli, ImportAndUpdateWorkInTheDataFolderGivenAndAFailedDownloadChange
     Esecuzione e = Archive("import-manual '" + Dati + "/separatori.txt' " + data, dir);
     EXPECT_EQ(e.rc, 0) << e.err;
     EXPECT_NE(e.out.find("6 draws"), std::string::npos) << e.out;
-    EXPECT_EQ(dir.read("data/archivio/dorvantaqvnmanuale2.dat"), Leggi(Dati + "/separatori.dat"));
+    EXPECT_EQ(dir.read("data/archivio/dorvantaqvnmanuale2.dat"),
+              dv::test::LeggiFile(Dati + "/separatori.dat"));
 
     std::ofstream(dir.file("data/archivio/dorvantaqvn2.dat")) << "old";
     // Port 9 (discard) on the loopback: nothing answers there.
