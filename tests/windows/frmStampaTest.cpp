@@ -1,7 +1,10 @@
 // frmTabulato, frmStampa with frmPrnInCorso, and frmTaratura10eLotto on the offscreen platform,
 // printing through the "PDF" entry into files of a temporary folder.
 #include "windows/frmStampa.h"
+#include "core/Cartelle.h"
 #include "print/StampantePdf.h"
+#include "windows/Aree.h"
+#include "windows/frmMAIN.h"
 #include "windows/frmPrnInCorso.h"
 #include "windows/frmTabulato.h"
 #include "windows/frmTaratura10eLotto.h"
@@ -10,13 +13,16 @@
 #include "windows/LanguageSectionCheck.h"
 #include "windows/QueueDialogs.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -171,6 +177,51 @@ TEST_F(Finestre, CalibrationBarsTextsAndTheSavedFile) {
     ui.setNextFileName(file("test.pdf"));
     f.cmdTest_Click();
     EXPECT_EQ(Pagine(file("test.pdf")), 1);
+}
+
+TEST(FinestraPrincipale, PrintingEntriesShowAndFollowTheLockedSystem) {
+    QTemporaryDir dir;
+    auto corpo = std::make_unique<Corpo>();
+    ImpostaAppDir(*corpo, dir.path().toStdString());
+    std::filesystem::copy_file(DV_SOURCE_DIR "/languages/italiano.lng",
+                               std::filesystem::path(corpo->AppDir) / "italiano.lng");
+    std::ofstream(std::filesystem::path(corpo->AppDir) / "dorvantaqvn.ini")
+        << "[IMPOSTAZIONI]\nLINGUA=italiano\n";
+    test::QueueDialogs dialogs;
+    frmMAIN main(*corpo, dialogs);
+    main.carica();
+    CollegaStampa(main);
+    for (const char* name : {"cmdTabulato", "cmdSchedine"})
+        EXPECT_TRUE(main.pulsante(QString::fromLatin1(name))->isVisibleTo(&main)) << name;
+    for (const char* name : {"menuTabulato", "menuSchedine"})
+        EXPECT_TRUE(main.azione(QString::fromLatin1(name))->isVisible()) << name;
+    EXPECT_FALSE(main.pulsante(QStringLiteral("cmdSchedine"))->isEnabled());
+
+    corpo->pronostico.NumColonne = 2;
+    corpo->Colonne.set(2, 1, 5);
+    main.LockGUI();
+    ASSERT_TRUE(main.pulsante(QStringLiteral("cmdSchedine"))->isEnabled());
+    // The listing is modal over the main window.
+    bool modale = false;
+    QTimer::singleShot(0, [&] {
+        QWidget* w = QApplication::activeModalWidget();
+        modale = w && w->objectName() == QStringLiteral("frmTabulato");
+        if (w) w->close();
+    });
+    main.azione(QStringLiteral("menuTabulato"))->trigger();
+    EXPECT_TRUE(modale);
+    // The slips disable the main window until they close.
+    main.pulsante(QStringLiteral("cmdSchedine"))->click();
+    frmStampa* schede = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (auto* s = qobject_cast<frmStampa*>(w)) schede = s;
+    ASSERT_TRUE(schede);
+    EXPECT_TRUE(schede->isVisible());
+    EXPECT_FALSE(main.isEnabled());
+    EXPECT_EQ(trova<QLineEdit>(*schede, "meA")->text(), QStringLiteral("2"));
+    schede->close();
+    EXPECT_TRUE(main.isEnabled());
+    corpo->ChiusuraInCorso = Vero;
 }
 
 } // namespace
