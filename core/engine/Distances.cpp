@@ -32,6 +32,13 @@ DistanceBounds::DistanceBounds(const TabellaDistanze& table, int len)
             if (rec.maxOk[z]) rec.maxGaps |= Mask::bit(d);
         }
     }
+    for (int p = 1; p < len; ++p) {
+        bool allowed = m_count == 0;
+        for (int k = 0; k < m_count && !allowed; ++k)
+            allowed = ((m_recordsOf[static_cast<size_t>(p)] >> k) & 1u) == 0 ||
+                      m_records[static_cast<size_t>(k)].minOk[1];
+        m_consecutive[static_cast<size_t>(p)] = allowed;
+    }
 }
 
 DistanceBounds::Gaps DistanceBounds::initial() {

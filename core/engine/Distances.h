@@ -26,6 +26,9 @@ public:
     static Gaps initial();
     // The records that choose pair p (positions p and p+1), as bits.
     uint32_t recordsOf(int pair) const { return m_recordsOf[static_cast<size_t>(pair)]; }
+    // A gap of 1 at pair (positions pair and pair+1) leaves some record able to pass: false when
+    // every record chooses the pair and refuses 1 as the least gap.
+    bool consecutiveAllowed(int pair) const { return m_consecutive[static_cast<size_t>(pair)]; }
     // Takes gap into every record that chooses pair.
     void place(Gaps& g, int pair, int gap) const {
         for (uint32_t bits = recordsOf(pair); bits != 0; bits &= bits - 1) {
@@ -60,6 +63,7 @@ private:
     bool m_exact = true;
     std::array<Record, MaxCondizioniDistanza> m_records{};
     std::array<uint32_t, MaxLenColonna + 1> m_recordsOf{};
+    std::array<bool, MaxLenColonna + 1> m_consecutive{};
 };
 
 } // namespace dv::engine

@@ -97,6 +97,12 @@ private:
     std::array<Mask, MaxN + 2> m_suffix{};
     std::array<Mask, MaxN + 2> m_from{}; // per index 0..n: the indices from it to n-1
     std::array<int, MaxN + 2> m_sufFixed{}, m_sufEven{};
+    // Per count of numbers placed: how far the run at the end can still grow, and the longest
+    // run the numbers still to come can form, as the distance conditions let gaps of 1 fall.
+    std::array<int, MaxLenColonna + 1> m_runGrowth{}, m_runAhead{};
+    // Per index of an ascending forecast: how many of the next numbers each exceed the one
+    // before by 1, and the most of that from the index on (any forecast: no limit).
+    std::array<int, MaxN + 2> m_chain{}, m_chainAhead{};
     std::array<std::array<int, MaxLenColonna + 1>, MaxN + 2> m_minSum{}, m_maxSum{};
 
     std::array<Level, MaxLenColonna + 1> m_level{};
@@ -161,6 +167,24 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
                 m_maxSum[z][static_cast<size_t>(r - 1)] + sorted[static_cast<size_t>(count - r)];
         }
     }
+    for (int i = n; i >= 0; --i) {
+        const auto z = static_cast<size_t>(i);
+        m_chain[z] = !m_ascending                                          ? MaxLenColonna
+                     : i >= 1 && i < n && m_value[z + 1] == m_value[z] + 1 ? m_chain[z + 1] + 1
+                                                                           : 0;
+        m_chainAhead[z] = std::max(m_chain[z], m_chainAhead[z + 1]);
+    }
+    for (int placed = 0; placed <= m_len; ++placed) {
+        int growth = 0, stretch = 0, longest = 0;
+        for (int p = placed; placed > 0 && p < m_len && m_distances.consecutiveAllowed(p); ++p)
+            ++growth;
+        for (int p = placed + 1; p < m_len; ++p) {
+            stretch = m_distances.consecutiveAllowed(p) ? stretch + 1 : 0;
+            longest = std::max(longest, stretch);
+        }
+        m_runGrowth[static_cast<size_t>(placed)] = growth;
+        m_runAhead[static_cast<size_t>(placed)] = placed < m_len ? longest + 1 : 0;
+    }
     m_tables = {&m_cond.andTable, &m_cond.orTable, &m_cond.xorTable};
     for (size_t t = 0; t < 3; ++t)
         m_lists[t].resize(m_tables[t]->groups.size() * static_cast<size_t>(m_len + 1));
@@ -194,7 +218,10 @@ IntegralWalk::Fit IntegralWalk::bounds(const Level& s, int start, int r) const {
         if ((m_cond.pariAmmessi & RangeBits(lo, hi)) == 0) return Fit::Dead;
     }
     if (m_cond.consecutivi) {
-        const int hi = std::max(s.runMax, s.runTail + r);
+        const auto placed = static_cast<size_t>(m_len - r);
+        const int growth = std::min({r, m_runGrowth[placed], m_chain[z - 1]});
+        const int ahead = std::min(m_runAhead[placed], r == 0 ? 0 : 1 + m_chainAhead[z]);
+        const int hi = std::max({s.runMax, s.runTail + growth, ahead});
         if ((m_cond.consecutiviAmmessi & RangeBits(s.runMax, hi)) == 0) return Fit::Dead;
     }
     if (m_distanceBounds && start >= 2) {
