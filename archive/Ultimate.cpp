@@ -33,7 +33,7 @@ uint32_t C(int v, int i) {
     return Binomiali[static_cast<size_t>(v)][static_cast<size_t>(i)];
 }
 
-// The numbers that follow a prefix of n - 1 numbers in some draw: bit v (1..90) of a 128-bit mask.
+// A set of numbers 1..90 as a 128-bit mask: bit v for number v.
 struct Maschera {
     uint64_t lo = 0, hi = 0;
 };
@@ -89,9 +89,6 @@ public:
                 m_termini[static_cast<size_t>(i)][static_cast<size_t>(j)] =
                     C(x[static_cast<size_t>(j)] - 1, i);
         switch (m_m) {
-        case 1:
-            marcaDa<1>(1, 0, k, 0, maschera);
-            break;
         case 2:
             marcaDa<2>(1, 0, k, 0, maschera);
             break;
