@@ -7,6 +7,7 @@
 #include "print/RegistroStampa.h"
 #include "print/Schedine.h"
 #include "print/Tabulato.h"
+#include "support/FakeUi.h"
 
 #include <QGuiApplication>
 
@@ -22,27 +23,6 @@
 namespace {
 
 using namespace dv;
-
-class UiMuta : public Ui {
-public:
-    std::string Lang(std::string_view key) override { return std::string(key); }
-    void LockGUI() override {}
-    void UnlockGUI() override {}
-    void UnlockMenuConditions() override {}
-    void ViewStatusBar() override {}
-    void Sblocca_x_Ricalcolo() override {}
-    void gridChanged() override {}
-    void lenColonnaChanged() override {}
-    void conditionMarksChanged() override {}
-    void setBusy(bool) override {}
-    void messageBox(const std::string&, const std::string&, BoxIcon) override {}
-    bool questionBox(const std::string&, const std::string&, BoxIcon) override { return true; }
-    std::string chooseOpenFile(const std::string&, const std::string&) override { return {}; }
-    std::string chooseSaveFile(const std::string&, const std::string&, const std::string&,
-                               const std::string&) override {
-        return {};
-    }
-};
 
 struct Continua : AvanzamentoSchedine {
     bool fermata() override { return false; }
@@ -171,7 +151,7 @@ int main(int argc, char** argv) {
     for (int32_t j = 1; j <= 100'000; ++j)
         for (int p = 1; p <= 10; ++p)
             c->Colonne.set(j, p, static_cast<uint8_t>((j * 7 + p * 9) % 90 + 1));
-    UiMuta ui;
+    test::FakeUi ui;
     bool uguali = true;
 
     std::printf("Printing into PDF files (A4, 600 dpi)\n");

@@ -3,4 +3,4 @@
 find_package(Qt6 REQUIRED COMPONENTS Gui PrintSupport)
 add_executable(dorvanta-bench-stampa ${CMAKE_CURRENT_LIST_DIR}/BenchStampa.cpp)
 target_link_libraries(dorvanta-bench-stampa PRIVATE dv_platform_stampa)
-target_include_directories(dorvanta-bench-stampa PRIVATE ${PROJECT_SOURCE_DIR})
+target_include_directories(dorvanta-bench-stampa PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
