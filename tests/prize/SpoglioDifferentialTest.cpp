@@ -133,9 +133,10 @@ TEST_F(SpoglioDifferenziale, ComparisonMatchesTheLiteralLoop) {
         std::vector<RecordNumeri> f1(1), f2(1);
         const int len = r.tra(1, 25);
         std::vector<int> pool = r.distinti(r.tra(len, 60), {}, 0);
-        const int n1 = r.tra(1, caso % 10 == 0 ? 5000 : 150), n2 = r.tra(1, 6);
+        const int n1 = r.tra(1, caso % 10 == 0 ? 5000 : 150), n2 = r.tra(1, 12);
         for (int j = 0; j < n1; ++j) {
-            // Lines longer or shorter than the first, repeated numbers now and then.
+            // Lines longer or shorter than the first, repeated numbers now and then; few lines in the
+            // second file or many, which take different ways.
             std::vector<int> line =
                 r.distinti(j == 0 ? len : std::clamp(len + r.tra(-2, 2), 1, 25), pool, 25);
             if (r.tra(0, 30) == 0) line.back() = line.front();
