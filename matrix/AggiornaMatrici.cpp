@@ -13,14 +13,21 @@ namespace dv {
 namespace fs = std::filesystem;
 
 std::optional<EsitoAggiornamentoMatrici> AggiornaMatrici(const Impostazioni& imp, const std::string& appDir,
-                                                         const Scaricatore& download) {
+                                                         const Scaricatore& download,
+                                                         const AvanzamentoMatrici& avanzamento) {
     const std::string temp = GetTempFolder(appDir);
     const std::string lista = temp + "10elottomatrici.txt";
     if (!download(ServerUrl(imp, "/public/10elotto/lista.asp"), lista)) return std::nullopt;
     EsitoAggiornamentoMatrici esito;
     const std::string cartella = PercorsoIn(appDir, {"matrici"});
     MakeFolder(cartella);
-    for (std::string name : RigheListaServer(lista)) {
+    const std::vector<std::string> righe = RigheListaServer(lista);
+    for (size_t i = 0; i < righe.size(); ++i) {
+        if (avanzamento && !avanzamento(i + 1, righe.size())) {
+            esito.interrotto = true;
+            break;
+        }
+        std::string name = righe[i];
         std::transform(name.begin(), name.end(), name.begin(),
                        [](unsigned char ch) { return static_cast<char>(std::toupper(ch)); });
         const bool dat = name.size() > 4 && name.compare(name.size() - 4, 4, ".DAT") == 0;

@@ -3,6 +3,7 @@
 
 #include "settings/Online.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,7 +15,12 @@ namespace dv {
 struct EsitoAggiornamentoMatrici {
     std::vector<std::string> installate;
     std::vector<std::string> saltate;
+    bool interrotto = false; // stopped by the caller before the end of the list
 };
+
+// Told before each name of the list is handled (1-based, of the list's count); false stops the
+// update there, the files installed so far staying in place.
+using AvanzamentoMatrici = std::function<bool(size_t numero, size_t totale)>;
 
 // Fetches "/public/10elotto/lista.asp" into the temporary folder as "10elottomatrici.txt"; each of
 // its lines, upper-cased, names a matrix "NAME.DAT" on the server. A name that is not a plain file
@@ -22,6 +28,7 @@ struct EsitoAggiornamentoMatrici {
 // and moved to "matrici" as "NAME.mqvn" in place of any older file. A failed download skips that
 // file. Nothing when the list could not be fetched.
 std::optional<EsitoAggiornamentoMatrici> AggiornaMatrici(const Impostazioni& imp, const std::string& appDir,
-                                                         const Scaricatore& download);
+                                                         const Scaricatore& download,
+                                                         const AvanzamentoMatrici& avanzamento = {});
 
 } // namespace dv

@@ -18,8 +18,9 @@ struct LimitiDownload {
 // Fetches url into the file at path and returns true only when the whole body is there. Never
 // takes a cached copy (removeCache asks for that as well; every caller passes true). The body is
 // written beside path and put in its place once complete, so a failed, refused or interrupted
-// download leaves path as it was. Runs its own event loop until done: call it from the thread of
-// a QCoreApplication, with the window that asked for it disabled. Shows nothing; on failure
+// download leaves path as it was. Runs its own event loop until done, on the thread that calls it:
+// the application's thread (with the window that asked for it disabled) or a QThread of the
+// program, which is how windows keep working while files arrive. Shows nothing; on failure
 // *error, when given, says why.
 bool DownloadFile(const std::string& url, const std::string& path, bool removeCache,
                   const LimitiDownload& limiti = {}, std::string* error = nullptr);

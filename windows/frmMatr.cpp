@@ -1,6 +1,7 @@
 #include "windows/frmMatr.h"
 
 #include "core/Cartelle.h"
+#include "core/Helpers.h"
 #include "matrix/AggiornaMatrici.h"
 #include "platform/ApplyLanguage.h"
 #include "platform/DownloadFile.h"
@@ -11,7 +12,9 @@
 #include "windows/QtUiDialogs.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QEvent>
+#include <QEventLoop>
 #include <QFont>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -21,6 +24,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QThread>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -60,6 +64,57 @@ frmMatr::frmMatr(Corpo& corpo, Ui& ui, const Impostazioni& impostazioni, Modo mo
     m_catalogo = BuildMatrixCatalog(m_corpo.AppDir, filtro, m_corpo.LenColonna, OggiSeriale());
     ApplyLanguage(*this, m_ui.languageFile());
     riempiLista();
+}
+
+frmMatr::~frmMatr() {
+    if (m_thread) {
+        // The window goes while an update runs: it stops before its next file, unheard.
+        m_ferma->store(true);
+        disconnect(m_thread, nullptr, this, nullptr);
+        m_thread->wait();
+        delete m_thread;
+        m_ui.setBusy(false);
+    }
+    delete m_avanzamento;
+}
+
+namespace {
+
+// The progress window during an update closes as its stop button does.
+class FinestraAvanzamento : public QWidget {
+public:
+    explicit FinestraAvanzamento(std::function<void()> chiudi)
+        : QWidget(nullptr, Qt::Dialog), m_chiudi(std::move(chiudi)) {}
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        event->ignore();
+        m_chiudi();
+    }
+
+private:
+    std::function<void()> m_chiudi;
+};
+
+} // namespace
+
+void frmMatr::creaAvanzamento() {
+    // Without a parent, since this window is disabled while the update runs; modal, so that it
+    // stays reachable above this modal window.
+    m_avanzamento = new FinestraAvanzamento([this] { interrompiAggiornamento(); });
+    m_avanzamento->setObjectName(QStringLiteral("frmMatrAvanzamento"));
+    m_avanzamento->setWindowModality(Qt::ApplicationModal);
+    m_avanzamento->setWindowTitle(windowTitle());
+    auto* layout = new QVBoxLayout(m_avanzamento);
+    m_lblAvanzamento = new QLabel(m_avanzamento);
+    m_lblAvanzamento->setObjectName(QStringLiteral("lblAvanzamento"));
+    m_lblAvanzamento->setMinimumWidth(
+        m_lblAvanzamento->fontMetrics().horizontalAdvance(QString(40, QLatin1Char('0'))));
+    layout->addWidget(m_lblAvanzamento);
+    m_cmdInterrompi = new QPushButton(QString::fromStdString(m_ui.Lang("0191")), m_avanzamento);
+    m_cmdInterrompi->setObjectName(QStringLiteral("cmdInterrompi"));
+    connect(m_cmdInterrompi, &QPushButton::clicked, this, &frmMatr::interrompiAggiornamento);
+    layout->addWidget(m_cmdInterrompi, 0, Qt::AlignRight);
 }
 
 QLineEdit* frmMatr::campo(const char* nome, const QString& etichetta) {
@@ -278,12 +333,67 @@ void frmMatr::cmdMatriceTXT_Click() {
 }
 
 void frmMatr::cmdUpdateMatrix_Click() {
+    if (m_occupato) return;
+    m_occupato = true;
     m_ui.setBusy(true);
     m_frameInfo->hide();
-    repaint();
     setEnabled(false);
+    if (!m_avanzamento) creaAvanzamento();
+    m_testoElaborazione = m_lbElaborazione->text();
+    m_lblAvanzamento->setText(m_testoElaborazione);
+    m_cmdInterrompi->setEnabled(true);
+    m_avanzamento->adjustSize();
+    m_avanzamento->move(geometry().center() - m_avanzamento->rect().center());
+    m_avanzamento->show();
+    repaint();
+
+    // The list and each file are fetched on a thread of their own; the window hears of each file
+    // before it is fetched and answers whether to go on.
+    m_ferma = std::make_shared<std::atomic<bool>>(false);
+    auto errore = std::make_shared<std::optional<std::string>>();
+    const Impostazioni imp = m_imp;
+    const std::string appDir = m_corpo.AppDir;
+    const Scaricatore download = m_servizi.download;
+    const AvanzamentoMatrici avanzamento = [this, ferma = m_ferma](size_t numero, size_t totale) {
+        if (ferma->load()) return false;
+        QMetaObject::invokeMethod(
+            this, [this, numero, totale] { mostraAvanzamento(numero, totale); }, Qt::QueuedConnection);
+        return true;
+    };
+    m_thread = QThread::create([imp, appDir, download, avanzamento, errore] {
+        try {
+            AggiornaMatrici(imp, appDir, download, avanzamento);
+        } catch (const std::exception& e) {
+            *errore = e.what();
+        }
+    });
+    connect(m_thread, &QThread::finished, this, [this, errore] { concludiAggiornamento(*errore); });
+    m_thread->start();
+}
+
+void frmMatr::mostraAvanzamento(size_t numero, size_t totale) {
+    if (!m_occupato || m_ferma->load()) return;
+    const QString testo =
+        QString::fromStdString(TestoCon(m_ui.Lang("0190"), std::to_string(numero), std::to_string(totale)));
+    m_lblAvanzamento->setText(testo);
+    m_lbElaborazione->setText(testo);
+}
+
+void frmMatr::interrompiAggiornamento() {
+    if (!m_occupato) return;
+    m_ferma->store(true);
+    m_cmdInterrompi->setEnabled(false);
+}
+
+void frmMatr::concludiAggiornamento(const std::optional<std::string>& errore) {
+    m_thread->wait();
+    delete m_thread;
+    m_thread = nullptr;
+    m_avanzamento->hide();
+    if (errore)
+        m_ui.messageBox("Error 0 (" + *errore + ") in procedure cmdUpdateMatrix_Click of Form frmMatr", "",
+                        BoxIcon::None);
     try {
-        AggiornaMatrici(m_imp, m_corpo.AppDir, m_servizi.download);
         m_catalogo = BuildMatrixCatalog(m_corpo.AppDir, 0, m_corpo.LenColonna, OggiSeriale());
         riempiLista();
     } catch (const std::exception& e) {
@@ -291,9 +401,27 @@ void frmMatr::cmdUpdateMatrix_Click() {
                             ") in procedure cmdUpdateMatrix_Click of Form frmMatr",
                         "", BoxIcon::None);
     }
+    m_lbElaborazione->setText(m_testoElaborazione);
     m_ui.setBusy(false);
     m_frameInfo->show();
     setEnabled(true);
+    m_occupato = false;
+    emit aggiornamentoConcluso();
+}
+
+void frmMatr::attendi() {
+    if (!m_occupato) return;
+    QEventLoop loop;
+    connect(this, &frmMatr::aggiornamentoConcluso, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void frmMatr::reject() {
+    if (m_occupato) {
+        m_ui.messageBox(m_ui.Lang("0192"), "", BoxIcon::Information);
+        return;
+    }
+    QDialog::reject();
 }
 
 void frmMatr::cmdOpenDir_Click() {

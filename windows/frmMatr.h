@@ -14,8 +14,12 @@
 #include "settings/Online.h"
 
 #include <QDialog>
+#include <QString>
 
+#include <atomic>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <vector>
 
 class QFrame;
@@ -23,6 +27,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
+class QThread;
 
 namespace dv {
 
@@ -41,6 +46,7 @@ public:
 
     frmMatr(Corpo& corpo, Ui& ui, const Impostazioni& impostazioni, Modo modo, QWidget* parent = nullptr,
             ServiziMatrici servizi = {});
+    ~frmMatr() override;
 
     const std::vector<MATRIX_CATALOG_ENTRY>& catalogo() const { return m_catalogo; }
     // Shows row i of the catalogue, as a click on flQVN does.
@@ -50,6 +56,22 @@ public:
     void cmdMatriceTXT_Click();
     void cmdUpdateMatrix_Click();
     void cmdOpenDir_Click();
+
+    // True while an update runs on its thread; the window is disabled meanwhile and the progress
+    // window, with its stop button, is shown.
+    bool occupato() const { return m_occupato; }
+    // Waits, serving events, until no update runs.
+    void attendi();
+    // The stop button of the progress window: the update ends before its next file.
+    void interrompiAggiornamento();
+    QWidget* finestraAvanzamento() const { return m_avanzamento; }
+
+    // A close or Escape during an update is refused with a message.
+    void reject() override;
+
+signals:
+    // An update has ended and the window is ready again.
+    void aggiornamentoConcluso();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -62,6 +84,11 @@ private:
     void etichetta(QLabel* l, bool rossa, const std::string& testo);
     // Runs an adaptation with the window disabled; an error is shown and the window stays open.
     void adatta(const std::function<void()>& f);
+    void creaAvanzamento();
+    // "Downloading matrix n of totale" in the progress window and under the list.
+    void mostraAvanzamento(size_t numero, size_t totale);
+    // Back on the window thread once the update's thread has ended.
+    void concludiAggiornamento(const std::optional<std::string>& errore);
 
     Corpo& m_corpo;
     Ui& m_ui;
@@ -71,6 +98,13 @@ private:
     std::vector<MATRIX_CATALOG_ENTRY> m_catalogo;
     std::vector<int> m_righe; // catalogue index of each row of flQVN
     FisseMatrice m_fisse;
+    bool m_occupato = false;
+    QThread* m_thread = nullptr;
+    std::shared_ptr<std::atomic<bool>> m_ferma;
+    QWidget* m_avanzamento = nullptr;
+    QLabel* m_lblAvanzamento = nullptr;
+    QPushButton* m_cmdInterrompi = nullptr;
+    QString m_testoElaborazione; // the caption of lbElaborazione, given back after an update
 
     QListWidget* m_flQVN = nullptr;
     QFrame* m_frameInfo = nullptr;

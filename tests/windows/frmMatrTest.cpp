@@ -20,11 +20,14 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
+#include <condition_variable>
 #include <filesystem>
 #include <fstream>
+#include <mutex>
 
 namespace dv {
 namespace {
@@ -168,6 +171,48 @@ TEST_F(frmMatrTest, TheMainWindowShowsItsMatrixEntriesAndSaveAsMatrixOnlyChecks)
               3);
 }
 
+TEST_F(frmMatrTest, UpdateRunsOffTheWindowThreadWithTheWindowDisabledAndStopsBeforeTheNextFile) {
+    std::mutex m;
+    std::condition_variable cv;
+    bool via = false;
+    std::vector<std::string> chiesti;
+    auto s = servizi();
+    s.download = [&](const std::string& url, const std::string& path) {
+        std::unique_lock lock(m);
+        chiesti.push_back(url);
+        if (url.find("lista.asp") != std::string::npos) {
+            std::ofstream(path) << "UNO.DAT\r\nDUE.DAT\r\n";
+            return true;
+        }
+        cv.wait(lock, [&] { return via; }); // the first file hangs until the test lets it go
+        ScriviMatrice(path, MatriceDi(7, 2, 2, {{1, 2, 3, 4, 5, 6, 7}}));
+        return true;
+    };
+    ui.texts["0190"] = "%1/%2";
+    frmMatr f(corpo, ui, imp, frmMatr::Modo::Elenco, nullptr, s);
+    trova<QPushButton>(f, "cmdUpdateMatrix")->click();
+    EXPECT_FALSE(f.isEnabled());
+    ASSERT_TRUE(f.finestraAvanzamento() && f.finestraAvanzamento()->isVisible());
+    auto* lbl = f.finestraAvanzamento()->findChild<QLabel*>(QStringLiteral("lblAvanzamento"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return lbl->text() == "1/2"; })) << lbl->text().toStdString();
+    f.reject(); // a close during the update is refused
+    EXPECT_EQ(ui.boxes.back().text, "<0192>");
+    EXPECT_EQ(ui.busyDepth, 1);
+    f.finestraAvanzamento()->findChild<QPushButton*>(QStringLiteral("cmdInterrompi"))->click();
+    {
+        std::lock_guard lock(m);
+        via = true;
+    }
+    cv.notify_all();
+    f.attendi();
+    EXPECT_TRUE(f.isEnabled());
+    EXPECT_FALSE(f.finestraAvanzamento()->isVisible());
+    EXPECT_EQ(chiesti.size(), 2u); // the list and UNO, not DUE
+    EXPECT_TRUE(std::filesystem::exists(matrice("UNO.mqvn")));
+    EXPECT_EQ(f.catalogo().size(), 4u);
+    EXPECT_EQ(ui.busyDepth, 0);
+}
+
 #ifdef DV_SERVER_BINARY
 TEST_F(frmMatrTest, UpdateFromTheServerSkipsHostileNamesAndListsEverything) {
     QTemporaryDir dati;
@@ -187,6 +232,7 @@ TEST_F(frmMatrTest, UpdateFromTheServerSkipsHostileNamesAndListsEverything) {
     EXPECT_TRUE(trova<QPushButton>(f, "cmdAdatta")->isHidden());
     EXPECT_EQ(f.catalogo().size(), 3u); // no custom row without a filter
     trova<QPushButton>(f, "cmdUpdateMatrix")->click();
+    f.attendi();
     EXPECT_TRUE(f.isEnabled());
     EXPECT_TRUE(trova<QWidget>(f, "frameInfo")->isVisibleTo(&f));
     ASSERT_EQ(f.catalogo().size(), 4u);
