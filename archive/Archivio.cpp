@@ -100,8 +100,9 @@ Estrazione EstrazioneDaRecord(const char* r) {
 }
 
 ArrayEstrazioni LoadArchivioDAT(const std::string& path, const std::string& archivioDir, Ui& ui) {
-    // 1. The result: element 0 unused, the draws from 1 on.
-    ArrayEstrazioni risultato(1);
+    constexpr size_t Passo = 5000;
+    // 1. The result with bounds 1..5000 (element 0 unused).
+    ArrayEstrazioni risultato(Passo + 1);
     std::FILE* f = nullptr;
     try {
         // 2. The archive folder, made where missing.
@@ -121,11 +122,13 @@ ArrayEstrazioni LoadArchivioDAT(const std::string& path, const std::string& arch
                         : "Path not found"};
         }
         ui.setBusy(true);
-        // Room for every whole record of the file at once: no copy while the array grows, and
-        // no memory cleared only to be written over.
+        // Room for every whole record of the file at once, so that the steps of growth below
+        // never copy the array.
         if (const auto size = std::filesystem::file_size(path, ec); !ec)
-            risultato.reserve(static_cast<size_t>(size / DimensioneRecordEstrazione) + 2);
-        // 5. Record by record; only the date is tested, the numbers are taken as they stand.
+            risultato.reserve(static_cast<size_t>(size / DimensioneRecordEstrazione) + Passo + 1);
+        // 5. Record by record; only the date is tested, the numbers are taken as they stand. The
+        // array grows by 5000 elements whenever the count reaches its upper bound.
+        size_t conta = 0;
         std::vector<char> blocco(DimensioneRecordEstrazione * 4096);
         size_t resto = 0;
         for (;;) {
@@ -134,18 +137,22 @@ ArrayEstrazioni LoadArchivioDAT(const std::string& path, const std::string& arch
             size_t pos = 0;
             for (; pos + DimensioneRecordEstrazione <= disponibili; pos += DimensioneRecordEstrazione) {
                 const char* r = blocco.data() + pos;
-                if (IsDate({r, 10})) risultato.push_back(EstrazioneDaRecord(r));
+                if (!IsDate({r, 10})) continue;
+                ++conta;
+                risultato[conta] = EstrazioneDaRecord(r);
+                if (conta == risultato.size() - 1) risultato.resize(risultato.size() + Passo);
             }
             resto = disponibili - pos;
             std::memmove(blocco.data(), blocco.data() + pos, resto);
             if (letti == 0) break;
         }
         if (std::ferror(f)) throw errori::AccessoNegato();
-        // 6. and 7. The pointer back, the file closed; an archive without a draw holds one blank.
+        // 6. and 7. The pointer back, the file closed, the array cut to the count (one blank at least).
         ui.setBusy(false);
         std::fclose(f);
         f = nullptr;
-        if (risultato.size() == 1) risultato.emplace_back();
+        risultato.resize(std::max<size_t>(conta, 1) + 1);
+        if (conta == 0) risultato[1] = Estrazione{};
         return risultato;
     } catch (const ErroreEsecuzione& e) {
         ui.setBusy(false);
