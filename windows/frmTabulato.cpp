@@ -145,6 +145,11 @@ void frmTabulato::stampa(std::unique_ptr<LavoroStampa> job) {
         });
 }
 
+void frmTabulato::reject() {
+    if (m_lavoro->inCorso()) return;
+    QDialog::reject();
+}
+
 void frmTabulato::attendi() {
     m_lavoro->attendi();
 }

@@ -43,6 +43,10 @@ public:
     // Waits for a job still running (tests).
     void attendi();
 
+protected:
+    // The window stays while its job is printing.
+    void reject() override;
+
 private:
     void creaControlli();
     void stampa(std::unique_ptr<LavoroStampa> job);
