@@ -100,31 +100,7 @@ void frmSpoglioEstrazioni::costruisci() {
 
     // The grid, and under it the text seen while it is hidden.
     m_lblElaborazione = etichetta("lblElaborazione", QString());
-    m_lblElaborazione->setAlignment(Qt::AlignCenter);
-    auto* sotto = new QWidget(m_controlli);
-    auto* pila = new QStackedLayout(sotto);
-    pila->setStackingMode(QStackedLayout::StackAll);
-    pila->addWidget(m_griglia);
-    pila->addWidget(m_lblElaborazione);
-
-    auto* interno = new QVBoxLayout(m_controlli);
-    interno->setContentsMargins(0, 0, 0, 0);
-    interno->addLayout(scelta);
-    interno->addWidget(sotto, 1);
-    interno->addLayout(totali);
-
-    m_pbElaborazione = new QProgressBar(this);
-    m_pbElaborazione->setObjectName(QStringLiteral("pbElaborazione"));
-    m_cmdStop = new QPushButton(QStringLiteral("Stop"), this);
-    m_cmdStop->setObjectName(QStringLiteral("cmdStop"));
-    m_lavoro = std::make_unique<LavoroSpoglio>(*m_pbElaborazione, *m_cmdStop);
-    auto* avanzamento = new QHBoxLayout;
-    avanzamento->addWidget(m_pbElaborazione, 1);
-    avanzamento->addWidget(m_cmdStop);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_controlli, 1);
-    layout->addLayout(avanzamento);
+    m_lavoro = ComponiFinestraSpoglio(*this, *m_controlli, scelta, *m_griglia, *m_lblElaborazione, totali);
     resize(1100, 600);
 }
 

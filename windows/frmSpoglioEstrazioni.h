@@ -59,8 +59,6 @@ private:
     QLabel* m_lblTotVinto = nullptr;
     QLabel* m_lblElaborazione = nullptr;
     GrigliaFiltri* m_griglia = nullptr;
-    QProgressBar* m_pbElaborazione = nullptr;
-    QPushButton* m_cmdStop = nullptr;
     std::unique_ptr<LavoroSpoglio> m_lavoro;
     // The result shown and the archive it was checked against, kept apart from the state.
     std::unique_ptr<RisultatoEstrazioni> m_risultato;

@@ -7,11 +7,14 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QFont>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStackedLayout>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -252,6 +255,34 @@ void LavoroSpoglio::attendi() {
     while (m_inCorso)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     if (m_thread.joinable()) m_thread.join();
+}
+
+std::unique_ptr<LavoroSpoglio> ComponiFinestraSpoglio(QWidget& form, QWidget& controlli, QLayout* sopra,
+                                                      GrigliaFiltri& griglia, QLabel& lblElaborazione,
+                                                      QLayout* sotto) {
+    lblElaborazione.setAlignment(Qt::AlignCenter);
+    auto* centro = new QWidget(&controlli);
+    auto* pila = new QStackedLayout(centro);
+    pila->setStackingMode(QStackedLayout::StackAll);
+    pila->addWidget(&griglia);
+    pila->addWidget(&lblElaborazione);
+    auto* interno = new QVBoxLayout(&controlli);
+    interno->setContentsMargins(0, 0, 0, 0);
+    interno->addLayout(sopra);
+    interno->addWidget(centro, 1);
+    interno->addLayout(sotto);
+
+    auto* barra = new QProgressBar(&form);
+    barra->setObjectName(QStringLiteral("pbElaborazione"));
+    auto* stop = new QPushButton(QStringLiteral("Stop"), &form);
+    stop->setObjectName(QStringLiteral("cmdStop"));
+    auto* avanzamento = new QHBoxLayout;
+    avanzamento->addWidget(barra, 1);
+    avanzamento->addWidget(stop);
+    auto* layout = new QVBoxLayout(&form);
+    layout->addWidget(&controlli, 1);
+    layout->addLayout(avanzamento);
+    return std::make_unique<LavoroSpoglio>(*barra, *stop);
 }
 
 } // namespace dv

@@ -11,11 +11,14 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <thread>
 #include <vector>
 
 class QCheckBox;
 class QComboBox;
+class QLabel;
+class QLayout;
 class QProgressBar;
 class QPushButton;
 class QTableView;
@@ -114,5 +117,12 @@ private:
     std::thread m_thread;
     bool m_inCorso = false;
 };
+
+// Lays out a check window: in controlli the row sopra, the grid with lblElaborazione under it (seen
+// while the grid is hidden) and the row sotto; under controlli the progress bar and cmdStop.
+// Returns the runner of the window's checks.
+std::unique_ptr<LavoroSpoglio> ComponiFinestraSpoglio(QWidget& form, QWidget& controlli, QLayout* sopra,
+                                                      GrigliaFiltri& griglia, QLabel& lblElaborazione,
+                                                      QLayout* sotto);
 
 } // namespace dv

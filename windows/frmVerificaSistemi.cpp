@@ -68,37 +68,13 @@ void frmVerificaSistemi::costruisci() {
     file->addWidget(m_cmdCSV);
 
     m_lblElaborazione = etichetta("lblElaborazione", QString());
-    m_lblElaborazione->setAlignment(Qt::AlignCenter);
-    auto* sotto = new QWidget(m_controlli);
-    auto* pila = new QStackedLayout(sotto);
-    pila->setStackingMode(QStackedLayout::StackAll);
-    pila->addWidget(m_griglia);
-    pila->addWidget(m_lblElaborazione);
-
     auto* conta = new QHBoxLayout;
     m_lblNumEstr = etichetta("lblNumEstr", QStringLiteral("0"));
     conta->addWidget(etichetta("lbNumeroEstrazioni", QStringLiteral("Numero Colonne")));
     conta->addWidget(m_lblNumEstr);
     conta->addStretch();
 
-    auto* interno = new QVBoxLayout(m_controlli);
-    interno->setContentsMargins(0, 0, 0, 0);
-    interno->addLayout(file);
-    interno->addWidget(sotto, 1);
-    interno->addLayout(conta);
-
-    m_pbElaborazione = new QProgressBar(this);
-    m_pbElaborazione->setObjectName(QStringLiteral("pbElaborazione"));
-    m_cmdStop = new QPushButton(QStringLiteral("Stop"), this);
-    m_cmdStop->setObjectName(QStringLiteral("cmdStop"));
-    m_lavoro = std::make_unique<LavoroSpoglio>(*m_pbElaborazione, *m_cmdStop);
-    auto* avanzamento = new QHBoxLayout;
-    avanzamento->addWidget(m_pbElaborazione, 1);
-    avanzamento->addWidget(m_cmdStop);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_controlli, 1);
-    layout->addLayout(avanzamento);
+    m_lavoro = ComponiFinestraSpoglio(*this, *m_controlli, file, *m_griglia, *m_lblElaborazione, conta);
     resize(800, 560);
 }
 

@@ -52,8 +52,6 @@ private:
     QLabel* m_lblNumEstr = nullptr;
     QLabel* m_lblElaborazione = nullptr;
     GrigliaFiltri* m_griglia = nullptr;
-    QProgressBar* m_pbElaborazione = nullptr;
-    QPushButton* m_cmdStop = nullptr;
     std::unique_ptr<LavoroSpoglio> m_lavoro;
     std::vector<RecordNumeri> m_colonne[2]; // Colonne1 and Colonne2; empty until a file is read
     std::unique_ptr<RisultatoVerifica> m_risultato;
