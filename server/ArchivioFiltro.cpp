@@ -2,6 +2,7 @@
 
 #include "settings/Online.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace dv::server {
@@ -51,16 +52,46 @@ std::optional<int> DataParametro(std::string_view dal) {
 
 std::string FiltraArchivioDal(std::string_view archivio, int dal) {
     std::string out;
-    size_t pos = 0;
-    while (pos < archivio.size()) {
-        size_t nl = archivio.find('\n', pos);
-        const size_t next = nl == std::string_view::npos ? archivio.size() : nl + 1;
-        const std::string_view line = archivio.substr(pos, next - pos);
-        const auto data = DataRigaEstrazione(line);
-        if (!data || *data >= dal) out += line;
-        pos = next;
-    }
+    FiltroArchivioDal filtro(dal);
+    filtro.aggiungi(archivio, out);
+    filtro.fine(out);
     return out;
+}
+
+namespace {
+// A date field is at most "dd/mm/yyyy" before its separator: a line's first bytes decide it.
+constexpr size_t InizioDecisivo = 16;
+} // namespace
+
+void FiltroArchivioDal::decidi(std::string& out) {
+    const auto data = DataRigaEstrazione(m_inizio);
+    m_tieni = !data || *data >= m_dal;
+    m_deciso = true;
+    if (m_tieni) out += m_inizio;
+    m_inizio.clear();
+}
+
+void FiltroArchivioDal::aggiungi(std::string_view pezzo, std::string& out) {
+    while (!pezzo.empty()) {
+        const size_t nl = pezzo.find('\n');
+        const size_t fineRiga = nl == std::string_view::npos ? pezzo.size() : nl + 1;
+        std::string_view parte = pezzo.substr(0, fineRiga);
+        pezzo.remove_prefix(fineRiga);
+        if (!m_deciso) {
+            const size_t presi = std::min(parte.size(), InizioDecisivo - m_inizio.size());
+            m_inizio.append(parte.substr(0, presi));
+            parte.remove_prefix(presi);
+            if (m_inizio.size() < InizioDecisivo && m_inizio.back() != '\n') continue;
+            decidi(out);
+        }
+        if (m_tieni) out += parte;
+        if (nl != std::string_view::npos) m_deciso = false;
+    }
+}
+
+void FiltroArchivioDal::fine(std::string& out) {
+    if (!m_deciso && !m_inizio.empty()) decidi(out);
+    m_deciso = false;
 }
 
 std::optional<std::string> PercorsoRelativoSicuro(std::string_view requestPath) {
@@ -71,7 +102,7 @@ std::optional<std::string> PercorsoRelativoSicuro(std::string_view requestPath) 
         size_t slash = requestPath.find('/', pos);
         if (slash == std::string_view::npos) slash = requestPath.size();
         const std::string_view segment = requestPath.substr(pos, slash - pos);
-        if (!NomeFileSicuro(segment)) return std::nullopt;
+        if (!NomeFileSicuro(segment) || segment.front() == '.') return std::nullopt;
         if (!out.empty()) out += '/';
         out += segment;
         pos = slash + 1;

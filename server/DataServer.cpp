@@ -2,16 +2,17 @@
 
 #include "server/ArchivioDemo.h"
 #include "server/ArchivioFiltro.h"
+#include "server/Connessione.h"
 #include "settings/Online.h"
 
 #include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QHttpServerRequest>
-#include <QHttpServerResponder>
-#include <QMetaEnum>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTime>
+#include <QUrl>
 #include <QUrlQuery>
 
 namespace {
@@ -19,7 +20,6 @@ namespace {
 constexpr const char* ArchivioSerale = "/public/10elotto/archivioro2.asp";
 constexpr const char* Archivio5Min = "/public/10elotto5min/archivioro2.asp";
 constexpr const char* DownloadMatrice = "/public/10elotto/matrici/download.aspx";
-constexpr qint64 MaxFile = 256ll * 1024 * 1024;
 
 QByteArray tipoDi(const QString& path) {
     if (path.endsWith(QLatin1String(".html"))) return "text/html; charset=windows-1252";
@@ -38,34 +38,81 @@ int minutiOra() {
 } // namespace
 
 DataServer::DataServer(QString dataDir, QObject* parent)
-    : QAbstractHttpServer(parent), m_dataDir(QFileInfo(dataDir).canonicalFilePath()) {}
+    : QObject(parent), m_server(new QTcpServer(this)), m_dataDir(QFileInfo(dataDir).canonicalFilePath()) {
+    connect(m_server, &QTcpServer::newConnection, this, [this] { nuoveConnessioni(); });
+}
 
-bool DataServer::leggiFile(const QString& relative, QByteArray& body) const {
-    if (m_dataDir.isEmpty()) return false;
+quint16 DataServer::listen(const QHostAddress& address, quint16 port) {
+    return m_server->listen(address, port) ? m_server->serverPort() : 0;
+}
+
+void DataServer::nuoveConnessioni() {
+    while (QTcpSocket* socket = m_server->nextPendingConnection()) {
+        if (m_connessioni >= MaxConnessioni) {
+            socket->abort();
+            socket->deleteLater();
+            continue;
+        }
+        ++m_connessioni;
+        auto* c = new Connessione(socket, *this);
+        connect(c, &QObject::destroyed, this, [this] { --m_connessioni; });
+    }
+}
+
+void DataServer::registra(const QByteArray& method, const QByteArray& target, int status,
+                          const QString& detail) const {
+    if (!log) return;
+    QByteArray shown = target.left(MaxLog);
+    for (char& c : shown)
+        if (static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) > 0x7e) c = '?';
+    if (target.size() > MaxLog) shown += "...";
+    log(QStringLiteral("%1 %2 -> %3 (%4)")
+            .arg(QString::fromLatin1(method.left(16)).toUpper(), QString::fromLatin1(shown),
+                 status > 0 ? QString::number(status) : QStringLiteral("dropped"), detail));
+}
+
+QString DataServer::fileDentro(const QString& relative) const {
+    if (m_dataDir.isEmpty()) return {};
     const QFileInfo info(QDir(m_dataDir).filePath(relative));
     const QString real = info.canonicalFilePath(); // links resolved: the real place must be inside
     if (real.isEmpty() || !real.startsWith(m_dataDir + QLatin1Char('/')) || !QFileInfo(real).isFile())
-        return false;
-    QFile file(real);
-    if (file.size() > MaxFile || !file.open(QIODevice::ReadOnly)) return false;
-    body = file.readAll();
-    return true;
+        return {};
+    return real;
 }
 
-DataServer::Risposta DataServer::rispondi(const QHttpServerRequest& request) const {
+QByteArray DataServer::demoSerale() const {
+    const QString chiave = QStringLiteral("%1 %2").arg(oggi()).arg(minutiOra());
+    if (chiave != m_chiaveSerale) {
+        m_demoSerale = QByteArray::fromStdString(dv::server::ArchivioDemoSerale(oggi(), minutiOra()));
+        m_chiaveSerale = chiave;
+    }
+    return m_demoSerale;
+}
+
+QByteArray DataServer::demo5Minuti(int dal) const {
+    const QString chiave = QStringLiteral("%1 %2 %3").arg(oggi()).arg(minutiOra()).arg(dal);
+    if (chiave != m_chiave5Minuti) {
+        m_demo5Minuti = QByteArray::fromStdString(dv::server::ArchivioDemo5Minuti(oggi(), minutiOra(), dal));
+        m_chiave5Minuti = chiave;
+    }
+    return m_demo5Minuti;
+}
+
+DataServer::Risposta DataServer::rispondi(const QByteArray& method, const QByteArray& target) const {
     Risposta r;
-    if (request.method() != QHttpServerRequest::Method::Get) {
+    if (method != "GET") {
         r.status = 405;
         r.body = "Only GET is served\n";
         return r;
     }
-    const QString path = request.url().path(QUrl::FullyDecoded);
-    const QUrlQuery query = request.query();
+    const qsizetype mark = target.indexOf('?');
+    const QString path = QUrl::fromPercentEncoding(target.left(mark < 0 ? target.size() : mark));
+    const QUrlQuery query(mark < 0 ? QString() : QString::fromLatin1(target.mid(mark + 1)));
 
     if (m_demo && path == QLatin1String(ArchivioSerale)) {
         r.status = 200;
         r.mime = tipoDi(path);
-        r.body = QByteArray::fromStdString(dv::server::ArchivioDemoSerale(oggi(), minutiOra()));
+        r.body = demoSerale();
         r.demo = true;
         return r;
     }
@@ -76,59 +123,40 @@ DataServer::Risposta DataServer::rispondi(const QHttpServerRequest& request) con
             r.body = "Expected ?dal=YYYYMMDD\n";
             return r;
         }
+        r.mime = tipoDi(path);
         if (m_demo) {
             r.status = 200;
-            r.mime = tipoDi(path);
-            r.body = QByteArray::fromStdString(dv::server::ArchivioDemo5Minuti(oggi(), minutiOra(), *dal));
+            r.body = demo5Minuti(*dal);
             r.demo = true;
             return r;
         }
-        QByteArray all;
-        if (!leggiFile(path.mid(1), all)) return r;
-        r.status = 200;
-        r.mime = tipoDi(path);
-        r.body = QByteArray::fromStdString(dv::server::FiltraArchivioDal(all.toStdString(), *dal));
+        r.file = fileDentro(path.mid(1));
+        if (!r.file.isEmpty()) {
+            r.status = 200;
+            r.dal = dal;
+        }
         return r;
     }
     if (path == QLatin1String(DownloadMatrice)) {
         const QString name = query.queryItemValue(QStringLiteral("file"), QUrl::FullyDecoded);
-        if (!query.hasQueryItem(QStringLiteral("file")) || !dv::NomeFileSicuro(name.toStdString())) {
+        if (!query.hasQueryItem(QStringLiteral("file")) || !dv::NomeFileSicuro(name.toStdString()) ||
+            name.startsWith(QLatin1Char('.'))) {
             r.status = 400;
             r.body = "Expected ?file=NAME, a plain file name\n";
             return r;
         }
-        if (!leggiFile(QStringLiteral("public/10elotto/matrici/") + name, r.body)) return r;
-        r.status = 200;
-        r.mime = tipoDi(name);
+        r.file = fileDentro(QStringLiteral("public/10elotto/matrici/") + name);
+        if (!r.file.isEmpty()) {
+            r.status = 200;
+            r.mime = tipoDi(name);
+        }
         return r;
     }
     const auto relative = dv::server::PercorsoRelativoSicuro(path.toStdString());
-    if (relative && leggiFile(QString::fromStdString(*relative), r.body)) {
+    if (relative) r.file = fileDentro(QString::fromStdString(*relative));
+    if (!r.file.isEmpty()) {
         r.status = 200;
         r.mime = tipoDi(path);
     }
     return r;
-}
-
-bool DataServer::handleRequest(const QHttpServerRequest& request, QTcpSocket* socket) {
-    Risposta r = rispondi(request);
-    if (r.status == 404) r.body = "Not found\n";
-    if (log)
-        log(QStringLiteral("%1 %2 -> %3 (%4 bytes%5)")
-                .arg(QString::fromLatin1(QMetaEnum::fromType<QHttpServerRequest::Method>().valueToKey(
-                                             static_cast<int>(request.method())))
-                         .toUpper(),
-                     request.url().toString(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::FullyEncoded))
-                .arg(r.status)
-                .arg(r.body.size())
-                .arg(r.demo ? QStringLiteral(", synthetic demo draws") : QString()));
-    makeResponder(request, socket)
-        .write(r.body, {{"Content-Type", r.mime}, {"Cache-Control", "no-store"}},
-               static_cast<QHttpServerResponder::StatusCode>(r.status));
-    return true;
-}
-
-void DataServer::missingHandler(const QHttpServerRequest& request, QTcpSocket* socket) {
-    makeResponder(request, socket)
-        .write(QByteArray("Not found\n"), "text/plain", QHttpServerResponder::StatusCode::NotFound);
 }

@@ -1,4 +1,4 @@
-// dorvanta-server --data DIR [--demo] [--listen ADDRESS] [--port PORT]
+// dorvanta-server --data DIR [--demo] [--listen ADDRESS] [--port PORT] [--timeout SECONDS]
 // Serves the program's files from DIR. Prints the address it listens on, then one line a request.
 // --demo answers the two archive paths with synthetic draws made up from the date (DIR is then
 // optional): a fresh machine sees every archive window work without any real archive.
@@ -30,7 +30,11 @@ int main(int argc, char** argv) {
     const QCommandLineOption demo(
         QStringLiteral("demo"),
         QStringLiteral("Serve synthetic demo draws (not real results) for the two archives."));
-    parser.addOptions({data, listen, port, demo});
+    const QCommandLineOption timeout(
+        QStringLiteral("timeout"),
+        QStringLiteral("Seconds a client may take to send its request or to take a piece of its answer (5)."),
+        QStringLiteral("SECONDS"), QStringLiteral("5"));
+    parser.addOptions({data, listen, port, demo, timeout});
     parser.process(app);
 
     QTextStream err(stderr);
@@ -52,8 +56,15 @@ int main(int argc, char** argv) {
         return 2;
     }
 
+    const double seconds = parser.value(timeout).toDouble(&ok);
+    if (!ok || seconds < 0.1 || seconds > 3600) {
+        err << "dorvanta-server: not a timeout in seconds (0.1 to 3600): " << parser.value(timeout) << "\n";
+        return 2;
+    }
+
     DataServer server(parser.isSet(data) ? parser.value(data) : QString());
     server.setDemo(demoMode);
+    server.setTimeoutMs(static_cast<int>(seconds * 1000));
     QTextStream out(stdout);
     server.log = [&out](const QString& line) { out << line << Qt::endl; };
     const quint16 actual = server.listen(address, static_cast<quint16>(wanted));
