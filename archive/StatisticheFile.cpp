@@ -60,8 +60,8 @@ EsitoStatistiche Statistiche(const ArrayEstrazioni& a, int32_t tipoArchivio, con
     PulisciCsvStatistiche(tempFolder);
     // The lines go straight into the file as they are made; it takes its name once complete.
     struct UscitaFile : UscitaCsv {
-        std::ofstream& out;
-        explicit UscitaFile(std::ofstream& o) : out(o) {}
+        std::ostream& out;
+        explicit UscitaFile(std::ostream& o) : out(o) {}
         void scrivi(const char* p, size_t n) override { out.write(p, static_cast<std::streamsize>(n)); }
     };
     try {

@@ -32,6 +32,8 @@ inline ErroreEsecuzione TipoNonCorrispondente() { return {13, "Type mismatch"}; 
 inline ErroreEsecuzione FileNonTrovato() { return {53, "File not found"}; }
 inline ErroreEsecuzione DiscoPieno() { return {61, "Disk full"}; }
 inline ErroreEsecuzione AccessoNegato() { return {75, "Path/File access error"}; }
+// The same fault with what went wrong in words, e.g. "permission denied".
+inline ErroreEsecuzione AccessoNegato(const std::string& motivo) { return {75, "Path/File access error: " + motivo}; }
 } // namespace errori
 
 // "Error 13 (Type mismatch" followed by the closing part, e.g. ") in procedure X of Modulo corpo".

@@ -81,42 +81,11 @@ std::string MotivoNonScrivibile(const std::string& target) {
 #endif
     const auto stato = fs::status(target, ec);
     if (!ec && fs::exists(stato)) {
+        if (fs::is_directory(stato)) return "a folder, not a file";
         if (!fs::is_regular_file(stato)) return "not a file";
         if (!ScrivibileSulPosto(target, stato.permissions())) return "the file is read-only";
     }
     return {};
-}
-
-ScrittoreSicuro::ScrittoreSicuro(const std::string& target, std::ios::openmode mode)
-    : m_target(target), m_temp(target + ".tmp") {
-    std::error_code ec;
-    const auto stato = std::filesystem::status(target, ec);
-    if (!ec && std::filesystem::exists(stato)) {
-        if (!std::filesystem::is_regular_file(stato) || !ScrivibileSulPosto(target, stato.permissions()))
-            throw errori::AccessoNegato();
-        m_permessi = stato.permissions();
-    }
-    m_out.open(m_temp, mode | std::ios::out | std::ios::trunc);
-    if (!m_out) throw errori::AccessoNegato();
-}
-
-ScrittoreSicuro::~ScrittoreSicuro() {
-    if (m_confermato) return;
-    m_out.close();
-    std::error_code ec;
-    std::filesystem::remove(m_temp, ec);
-}
-
-void ScrittoreSicuro::conferma() {
-    m_out.flush();
-    const bool scritto = m_out.good();
-    m_out.close();
-    if (!scritto || m_out.fail()) throw errori::DiscoPieno();
-    std::error_code ec;
-    if (m_permessi != std::filesystem::perms::unknown) std::filesystem::permissions(m_temp, m_permessi, ec);
-    std::filesystem::rename(m_temp, m_target, ec);
-    if (ec) throw errori::AccessoNegato();
-    m_confermato = true;
 }
 
 } // namespace dv

@@ -7,6 +7,8 @@
 #include <fstream>
 #include <string>
 
+#include "system_files/ScrittoreSicuro.h"
+
 namespace dv {
 
 // Reads fields from a file of known size. A read past the end yields zeros (and what part of
@@ -32,30 +34,6 @@ private:
     std::ifstream m_in;
     uint64_t m_size = 0;
     uint64_t m_pos = 0;
-};
-
-// Writes into a temporary file beside the target; conferma() renames it over the target, which
-// keeps the permissions the old file had. Destroyed without conferma(), it removes the temporary
-// file and leaves the target as it was.
-class ScrittoreSicuro {
-public:
-    // Throws ErroreEsecuzione 75 when the target exists but could not be written in place (a
-    // read-only file is never replaced), or when the temporary file cannot be created.
-    ScrittoreSicuro(const std::string& target, std::ios::openmode mode);
-    ~ScrittoreSicuro();
-    ScrittoreSicuro(const ScrittoreSicuro&) = delete;
-    ScrittoreSicuro& operator=(const ScrittoreSicuro&) = delete;
-
-    std::ofstream& stream() { return m_out; }
-    // Flushes, closes and renames; throws ErroreEsecuzione 61 or 75 on failure.
-    void conferma();
-
-private:
-    std::string m_target;
-    std::string m_temp;
-    std::ofstream m_out;
-    std::filesystem::perms m_permessi = std::filesystem::perms::unknown; // of the old file
-    bool m_confermato = false;
 };
 
 // Why target could not be written (beside it, then renamed over it), or empty when it can: its

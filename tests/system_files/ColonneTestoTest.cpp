@@ -1,5 +1,6 @@
 // Columns as text: export, tolerant import, and the parsing of one line.
 #include "system_files/ColonneTesto.h"
+#include "system_files/ScrittoreSicuro.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
 #include "tests/system_files/SupportoFile.h"
@@ -88,10 +89,14 @@ TEST_F(ColonneTesto, ExportWritesCrlfLinesAndLeavesZeroOut) {
 
 TEST_F(ColonneTesto, AFailedExportReportsAndKeepsTheOldFile) {
     Bytes{}.text("old").save(path);
-    std::filesystem::create_directory(path + ".tmp");
+    c.LenColonna = 3;
+    c.pronostico.NumColonne = 1;
+    const uint8_t a[] = {1, 20, 90};
+    c.Colonne.setColumn(1, a, 3);
+    GuastoScrittura guasto(5);
     EXPECT_FALSE(SalvaColonneTxt(c, ui, path));
     ASSERT_EQ(ui.boxes.size(), 1u);
-    EXPECT_EQ(ui.boxes[0].text, "Error 75 (Path/File access error) in procedure SalvaColonneTxt of Modulo corpo");
+    EXPECT_EQ(ui.boxes[0].text, "Error 61 (Disk full) in procedure SalvaColonneTxt of Modulo corpo");
     EXPECT_EQ(ReadText(path), "old");
     EXPECT_EQ(ui.busyDepth, 0);
 }

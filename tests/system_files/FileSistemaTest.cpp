@@ -2,6 +2,7 @@
 #include "core/Sistema.h"
 #include "system_files/ColonneTesto.h"
 #include "system_files/FileSistema.h"
+#include "system_files/ScrittoreSicuro.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
 #include "tests/system_files/SupportoFile.h"
@@ -225,19 +226,31 @@ TEST(FileSistemaWriter, SavingAgainWithFewerColumnsLeavesOnlyTheSecondContent) {
     EXPECT_EQ(StoredColumns(back), (std::vector<std::vector<int>>{{1, 2}}));
 }
 
-TEST(FileSistemaWriter, AFailedSaveLeavesTheOldFileIntact) {
+TEST(FileSistemaWriter, ASaveCutAtAnyByteLeavesTheOldFileAndNoTemporaryFile) {
+    namespace fs = std::filesystem;
     CartellaTemporanea dir;
-    const std::string path = dir.file("keep.dvs");
+    const std::string path = dir.file("keep.dvs"), victim = dir.file("victim");
     Bytes{}.text("old content").save(path);
-    std::filesystem::create_directory(path + ".tmp"); // the file beside it cannot be written
+    Bytes{}.text("victim").save(victim);
+    fs::create_symlink(victim, path + ".tmp"); // a link planted beside the target is never followed
     Corpo c;
     FakeUi ui;
     SetForecast(c, Range(1, 10));
-    EXPECT_FALSE(SalvaFile(c, ui, path));
-    ASSERT_EQ(ui.boxes.size(), 1u);
-    EXPECT_EQ(ui.boxes[0].text, "Error 75 (Path/File access error) in procedure SalvaFile of Modulo corpo");
-    EXPECT_EQ(ReadText(path), "old content");
+    ASSERT_TRUE(SalvaFile(c, ui, dir.file("full.dvs")));
+    const uint64_t size = fs::file_size(dir.file("full.dvs"));
+    fs::remove(dir.file("full.dvs"));
+    for (const uint64_t cut : {uint64_t{0}, uint64_t{1}, uint64_t{11}, size / 2, size - 1}) {
+        GuastoScrittura guasto(cut);
+        EXPECT_FALSE(SalvaFile(c, ui, path)) << cut;
+        EXPECT_EQ(ReadText(path), "old content") << cut;
+        EXPECT_EQ(std::distance(fs::directory_iterator(dir.file("")), fs::directory_iterator{}), 3) << cut;
+    }
+    ASSERT_EQ(ui.boxes.size(), 5u);
+    EXPECT_EQ(ui.boxes[0].text, "Error 61 (Disk full) in procedure SalvaFile of Modulo corpo");
     EXPECT_EQ(ui.busyDepth, 0);
+    ASSERT_TRUE(SalvaFile(c, ui, path));
+    EXPECT_EQ(ReadText(victim), "victim");
+    EXPECT_TRUE(fs::is_symlink(path + ".tmp"));
 }
 
 TEST(FileSistemaWriter, AReadOnlyFileStaysAsItWasAndAReplacedFileKeepsItsPermissions) {
@@ -256,7 +269,8 @@ TEST(FileSistemaWriter, AReadOnlyFileStaysAsItWasAndAReplacedFileKeepsItsPermiss
         EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::group_read) << name;
     }
     ASSERT_EQ(ui.boxes.size(), 2u);
-    EXPECT_EQ(ui.boxes[0].text, "Error 75 (Path/File access error) in procedure SalvaFile of Modulo corpo");
+    EXPECT_EQ(ui.boxes[0].text,
+              "Error 75 (Path/File access error: the file is read-only) in procedure SalvaFile of Modulo corpo");
 
     const std::string path = dir.file("ro.dvs");
     const auto bits = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
