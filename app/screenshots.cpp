@@ -61,6 +61,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -150,7 +151,9 @@ dv::ArrayEstrazioni ArchivioDimostrativo() {
     std::mt19937 rng(2025);
     for (int g = 0; g < 336; ++g) {
         dv::Estrazione e;
-        std::snprintf(e.Data.data(), 11, "%02d/%02d/2025", 1 + g % 28, 1 + g / 28);
+        char data[32];
+        std::snprintf(data, sizeof data, "%02d/%02d/2025", 1 + g % 28, 1 + g / 28);
+        std::memcpy(e.Data.data(), data, e.Data.size());
         e.Concorso = 1;
         std::array<uint8_t, 90> tutti{};
         for (int i = 0; i < 90; ++i) tutti[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
