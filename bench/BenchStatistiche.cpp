@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -29,8 +30,10 @@ ArrayEstrazioni Archivio() {
     for (int k = 0; k < Estrazioni; ++k) {
         Estrazione e;
         const int giorno = k / 288;
-        std::snprintf(e.Data.data(), 11, "%02d/%02d/%04d", 1 + giorno % 28, 1 + giorno / 28 % 12,
+        char data[32];
+        std::snprintf(data, sizeof data, "%02d/%02d/%04d", 1 + giorno % 28, 1 + giorno / 28 % 12,
                       2000 + giorno / 336);
+        std::memcpy(e.Data.data(), data, e.Data.size());
         e.Concorso = static_cast<int16_t>(k % 288 + 1);
         for (int i = 0; i < 20; ++i)
             std::swap(tutti[static_cast<size_t>(i)], tutti[static_cast<size_t>(i + g() % (90 - i))]);

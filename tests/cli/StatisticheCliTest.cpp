@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -57,7 +58,9 @@ protected:
         for (int g = 1; g <= 3; ++g)
             for (int c = 1; c <= 6; ++c) {
                 Estrazione e;
-                std::snprintf(e.Data.data(), 11, "%02d/05/2025", g);
+                char data[32];
+                std::snprintf(data, sizeof data, "%02d/05/2025", g);
+                std::memcpy(e.Data.data(), data, e.Data.size());
                 e.Concorso = static_cast<int16_t>(c);
                 for (int k = 1; k <= 20; ++k)
                     e.Numeri[static_cast<size_t>(k)] = static_cast<uint8_t>((k * (g + c) + c) % 90 + 1);

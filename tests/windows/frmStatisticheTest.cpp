@@ -36,7 +36,9 @@ ArrayEstrazioni Archivio() {
     for (int g = 1; g <= 4; ++g)
         for (int c = 1; c <= 5; ++c) {
             Estrazione e;
-            std::snprintf(e.Data.data(), 11, "%02d/06/2025", g);
+            char data[32];
+            std::snprintf(data, sizeof data, "%02d/06/2025", g);
+            std::memcpy(e.Data.data(), data, e.Data.size());
             e.Concorso = static_cast<int16_t>(c);
             for (int k = 1; k <= 20; ++k)
                 e.Numeri[static_cast<size_t>(k)] = static_cast<uint8_t>(g + c + 3 * k);
