@@ -2,11 +2,16 @@
 // a signature of each result. Exits with 1 when a signature differs.
 //  - the catalogue of 100 matrices of 100,000 columns of 10 (every tenth damaged by one byte):
 //    literally, each seal checked while the file is read byte by byte; ours, whole buffers;
-//  - the guarantee of 1,000 random columns of 10 of 30 numbers, M = 6, T = 5 (593,775 subsets).
+//  - the guarantee of 1,000 random columns of 10 of 30 numbers, M = 6, T = 5 (593,775 subsets);
+//  - the adaptation of a matrix of 4,000,000 columns of 10 of 20 indices to a forecast of 20
+//    numbers: literally, index by index and each column sorted by swaps; ours, AdaptMatrix into the
+//    system's store. The reading of that matrix from its file is timed beside it.
 #include "core/Corpo.h"
+#include "matrix/Adatta.h"
 #include "matrix/Catalogo.h"
 #include "matrix/Garanzia.h"
 #include "reference/MatriciLetterale.h"
+#include "support/FakeUi.h"
 
 #include <chrono>
 #include <cstdio>
@@ -131,10 +136,61 @@ bool Garanzia() {
     return Riga("guarantee V=30 M=6 T=5, 1,000 columns of 10", tl, tn, fl.h, fn.h, 2);
 }
 
+bool Adattamento() {
+    constexpr int k = 10, v = 20;
+    constexpr int32_t colonne = MaxColonne;
+    std::mt19937 rng(7);
+    MATRIX_STRUCTURE m;
+    m.NUMBERS_OF_MATRIX_V = v;
+    m.dimensiona(k, colonne);
+    for (auto& b : m.COLUMS)
+        b = static_cast<uint8_t>(1 + rng() % v);
+    m.MATRIX_SIGNATURE = FirmaMatrice;
+    Corpo c;
+    c.LenColonna = k;
+    c.pronostico.Quanti = v;
+    for (int i = 0; i < v; ++i)
+        c.pronostico.Numeri[static_cast<size_t>(i)] = static_cast<uint8_t>(90 - 4 * i);
+
+    namespace fs = std::filesystem;
+    const fs::path file =
+        fs::temp_directory_path() / ("dv-bench-adatta-" + std::to_string(::getpid()) + ".mqvn");
+    const std::vector<uint8_t> bytes = SerializzaMatrice(m);
+    std::ofstream(file.string(), std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    MATRIX_STRUCTURE letta;
+    const double tr = Tempo([&] { letta = ReadMatrix(file.string()); });
+    fs::remove(file);
+    std::printf("  ReadMatrix of %d columns of %d (%zu bytes): %.4f s\n", colonne, k, bytes.size(), tr);
+
+    std::vector<uint8_t> letterale(static_cast<size_t>(colonne) * k);
+    const double tl = Tempo([&] {
+        for (int32_t j = 1; j <= colonne; ++j) {
+            uint8_t* col = &letterale[static_cast<size_t>(j - 1) * k];
+            for (int p = 1; p <= k; ++p)
+                col[p - 1] = c.pronostico.Numeri[static_cast<size_t>(letta.colum(p, j) - 1)];
+            for (int i = 0; i < k; ++i)
+                for (int h = i + 1; h < k; ++h)
+                    if (col[i] > col[h]) std::swap(col[i], col[h]);
+        }
+    });
+    test::FakeUi ui;
+    FisseMatrice fisse(k);
+    const double tn = Tempo([&] { AdaptMatrix(c, ui, letta, fisse, {}); });
+    Firma fl, fn;
+    for (uint8_t x : letterale)
+        fl.add(x);
+    for (int32_t j = 1; j <= c.pronostico.NumColonne; ++j)
+        for (int p = 1; p <= k; ++p)
+            fn.add(c.Colonne.get(j, p));
+    return Riga("adaptation of 4,000,000 columns of 10", tl, tn, fl.h, fn.h, 1);
+}
+
 } // namespace
 
 int main() {
     bool ok = Catalogo();
     ok = Garanzia() && ok;
+    ok = Adattamento() && ok;
     return ok ? 0 : 1;
 }

@@ -65,8 +65,8 @@ void ChiediFisse(Corpo& c, Ui& ui, int f, FisseMatrice& fisse, const ChiediNumer
 FisseMatrice::FisseMatrice(int lenColonna)
     : consentite(std::max(0, lenColonna - 1)), numeri(static_cast<size_t>(consentite) + 1, 0) {}
 
-bool AdaptMatrix(Corpo& c, Ui& ui, const MATRIX_STRUCTURE& m, FisseMatrice& fisse,
-                 const ChiediNumero& chiedi) {
+bool AdaptMatrix(Corpo& c, Ui& ui, const MATRIX_STRUCTURE& m, FisseMatrice& fisse, const ChiediNumero& chiedi,
+                 const AvanzamentoAdattamento& avanzamento) {
     const int f = m.FIXED_NUMBERS_OF_MATRIX_F;
     if (f > 0) ChiediFisse(c, ui, f, fisse, chiedi);
 
@@ -89,6 +89,7 @@ bool AdaptMatrix(Corpo& c, Ui& ui, const MATRIX_STRUCTURE& m, FisseMatrice& fiss
     const int len = std::clamp<int>(c.LenColonna, 0, StorePositions);
     uint8_t col[StorePositions];
     for (int32_t j = 1; j <= colonne; ++j) {
+        if (avanzamento && (j & 0xFFFF) == 1 && !avanzamento(j - 1, colonne)) return false;
         std::fill(std::begin(col), std::end(col), uint8_t{0});
         for (int p = 1; p <= k; ++p)
             col[p - 1] = c.pronostico.Numeri[static_cast<size_t>(m.colum(p, j) - 1)];
@@ -108,9 +109,9 @@ void ConcludiAdattamento(Corpo& c, Ui& ui) {
 }
 
 void AdattaMatriceCatalogo(Corpo& c, Ui& ui, const std::string& path, FisseMatrice& fisse,
-                           const ChiediNumero& chiedi) {
+                           const ChiediNumero& chiedi, const AvanzamentoAdattamento& avanzamento) {
     const MATRIX_STRUCTURE m = ReadMatrix(path);
-    if (!AdaptMatrix(c, ui, m, fisse, chiedi)) return;
+    if (!AdaptMatrix(c, ui, m, fisse, chiedi, avanzamento)) return;
     c.pronostico.Descrizione = ui.Lang("0017");
     auto& cond = c.condizioni;
     if (m.FIXED_NUMBERS_OF_MATRIX_F != 0) {
@@ -137,8 +138,8 @@ MATRIX_STRUCTURE ImportaMatricePerAdattare(Corpo& c, Ui& ui, const std::string& 
 }
 
 void AdattaMatriceTesto(Corpo& c, Ui& ui, const MATRIX_STRUCTURE& m, bool fileScelto, FisseMatrice& fisse,
-                        const ChiediNumero& chiedi) {
-    if (!AdaptMatrix(c, ui, m, fisse, chiedi)) return;
+                        const ChiediNumero& chiedi, const AvanzamentoAdattamento& avanzamento) {
+    if (!AdaptMatrix(c, ui, m, fisse, chiedi, avanzamento)) return;
     if (fileScelto) c.pronostico.Descrizione = ui.Lang("0017");
     ConcludiAdattamento(c, ui);
 }

@@ -47,7 +47,9 @@ frmMatr::frmMatr(Corpo& corpo, Ui& ui, const Impostazioni& impostazioni, Modo mo
         m_servizi.chiedi = [this](const std::string& prompt,
                                   const std::string& proposta) -> std::optional<std::string> {
             bool ok = false;
-            const QString r = QInputDialog::getText(this, QString::fromLatin1(TitoloApplicazione),
+            // While an adaptation runs this window is disabled, and so would be a child of it.
+            QWidget* genitore = m_occupato && m_avanzamento ? m_avanzamento : static_cast<QWidget*>(this);
+            const QString r = QInputDialog::getText(genitore, QString::fromLatin1(TitoloApplicazione),
                                                     QString::fromStdString(prompt), QLineEdit::Normal,
                                                     QString::fromStdString(proposta), &ok);
             if (!ok) return std::nullopt;
@@ -101,7 +103,7 @@ private:
 void frmMatr::creaAvanzamento() {
     // Without a parent, since this window is disabled while the update runs; modal, so that it
     // stays reachable above this modal window.
-    m_avanzamento = new FinestraAvanzamento([this] { interrompiAggiornamento(); });
+    m_avanzamento = new FinestraAvanzamento([this] { interrompi(); });
     m_avanzamento->setObjectName(QStringLiteral("frmMatrAvanzamento"));
     m_avanzamento->setWindowModality(Qt::ApplicationModal);
     m_avanzamento->setWindowTitle(windowTitle());
@@ -113,7 +115,8 @@ void frmMatr::creaAvanzamento() {
     layout->addWidget(m_lblAvanzamento);
     m_cmdInterrompi = new QPushButton(QString::fromStdString(m_ui.Lang("0191")), m_avanzamento);
     m_cmdInterrompi->setObjectName(QStringLiteral("cmdInterrompi"));
-    connect(m_cmdInterrompi, &QPushButton::clicked, this, &frmMatr::interrompiAggiornamento);
+    m_testoElaborazione = m_lbElaborazione->text();
+    connect(m_cmdInterrompi, &QPushButton::clicked, this, &frmMatr::interrompi);
     layout->addWidget(m_cmdInterrompi, 0, Qt::AlignRight);
 }
 
@@ -289,18 +292,26 @@ void frmMatr::mostraRiga(int i) {
     m_cmdAdatta->setEnabled(e.STARTED && e.CRC_OK && e.SIGNATURE_OK && !e.EXPIRED);
 }
 
-void frmMatr::adatta(const std::function<void()>& f) {
-    setEnabled(false);
-    try {
-        f();
-    } catch (const ErroreEsecuzione& e) {
-        m_ui.messageBox("Error " + std::to_string(e.numero()) + " (" + e.descrizione() + ")", "",
-                        BoxIcon::None);
-        setEnabled(true);
-        return;
-    }
-    setEnabled(true);
-    accept();
+void frmMatr::adatta(std::function<void(const ChiediNumero&, const AvanzamentoAdattamento&)> f) {
+    m_ferma = std::make_shared<std::atomic<bool>>(false);
+    // The input box of a fixed number is asked of the window thread and waited for.
+    const ChiediNumero chiedi = [this](const std::string& prompt, const std::string& proposta) {
+        std::optional<std::string> r;
+        QMetaObject::invokeMethod(
+            this, [&] { r = m_servizi.chiedi(prompt, proposta); }, Qt::BlockingQueuedConnection);
+        return r;
+    };
+    const AvanzamentoAdattamento avanzamento = [this, ferma = m_ferma](int32_t fatte, int32_t totale) {
+        if (ferma->load()) return false;
+        QMetaObject::invokeMethod(
+            this, [this, fatte, totale] { mostraAvanzamento("0193", fatte, totale); }, Qt::QueuedConnection);
+        return true;
+    };
+    avvia([f = std::move(f), chiedi, avanzamento] { f(chiedi, avanzamento); }, "",
+          [this](bool riuscito) {
+              // A stopped adaptation leaves the system empty and this window open.
+              if (riuscito && !m_ferma->load()) accept();
+          });
 }
 
 void frmMatr::cmdAdatta_Click() {
@@ -309,15 +320,18 @@ void frmMatr::cmdAdatta_Click() {
     m_servizi.ordina();
     const std::string path = PercorsoIn(m_corpo.AppDir, {"matrici"}) + SeparatoreCartelle +
                              m_catalogo[static_cast<size_t>(m_righe[static_cast<size_t>(row)])].FILE_NAME;
-    adatta([&] { AdattaMatriceCatalogo(m_corpo, m_ui, path, m_fisse, m_servizi.chiedi); });
+    adatta([this, path](const ChiediNumero& chiedi, const AvanzamentoAdattamento& avanzamento) {
+        AdattaMatriceCatalogo(m_corpo, m_ui, path, m_fisse, chiedi, avanzamento);
+    });
 }
 
 void frmMatr::cmdMatriceTXT_Click() {
     const std::string path = m_ui.chooseOpenFile(PercorsoIn(m_corpo.AppDir, {"txt"}), "txt(*.txt)|*.txt");
     if (path.empty()) {
         // A cancelled dialog still adapts: the empty matrix leaves an empty system.
-        adatta(
-            [&] { AdattaMatriceTesto(m_corpo, m_ui, MATRIX_STRUCTURE{}, false, m_fisse, m_servizi.chiedi); });
+        adatta([this](const ChiediNumero& chiedi, const AvanzamentoAdattamento& avanzamento) {
+            AdattaMatriceTesto(m_corpo, m_ui, MATRIX_STRUCTURE{}, false, m_fisse, chiedi, avanzamento);
+        });
         return;
     }
     MATRIX_STRUCTURE m;
@@ -329,17 +343,17 @@ void frmMatr::cmdMatriceTXT_Click() {
         return;
     }
     m_servizi.ordina();
-    adatta([&] { AdattaMatriceTesto(m_corpo, m_ui, m, true, m_fisse, m_servizi.chiedi); });
+    adatta([this, m = std::move(m)](const ChiediNumero& chiedi, const AvanzamentoAdattamento& avanzamento) {
+        AdattaMatriceTesto(m_corpo, m_ui, m, true, m_fisse, chiedi, avanzamento);
+    });
 }
 
-void frmMatr::cmdUpdateMatrix_Click() {
-    if (m_occupato) return;
+void frmMatr::avvia(std::function<void()> lavoro, const std::string& procedura,
+                    std::function<void(bool)> poi) {
     m_occupato = true;
     m_ui.setBusy(true);
-    m_frameInfo->hide();
     setEnabled(false);
     if (!m_avanzamento) creaAvanzamento();
-    m_testoElaborazione = m_lbElaborazione->text();
     m_lblAvanzamento->setText(m_testoElaborazione);
     m_cmdInterrompi->setEnabled(true);
     m_avanzamento->adjustSize();
@@ -347,66 +361,77 @@ void frmMatr::cmdUpdateMatrix_Click() {
     m_avanzamento->show();
     repaint();
 
+    // The error box's text is made on the thread; the window shows it once the thread is over.
+    auto errore = std::make_shared<std::optional<std::string>>();
+    m_thread = QThread::create([lavoro = std::move(lavoro), procedura, errore] {
+        try {
+            lavoro();
+        } catch (const ErroreEsecuzione& e) {
+            *errore = "Error " + std::to_string(e.numero()) + " (" + e.descrizione() + ")" + procedura;
+        } catch (const std::exception& e) {
+            *errore = std::string("Error 0 (") + e.what() + ")" + procedura;
+        }
+    });
+    connect(m_thread, &QThread::finished, this, [this, errore, poi = std::move(poi)] {
+        m_thread->wait();
+        delete m_thread;
+        m_thread = nullptr;
+        m_avanzamento->hide();
+        if (*errore) m_ui.messageBox(**errore, "", BoxIcon::None);
+        m_lbElaborazione->setText(m_testoElaborazione);
+        m_ui.setBusy(false);
+        m_frameInfo->show();
+        setEnabled(true);
+        m_occupato = false;
+        poi(!*errore);
+        emit aggiornamentoConcluso();
+    });
+    m_thread->start();
+}
+
+void frmMatr::cmdUpdateMatrix_Click() {
+    if (m_occupato) return;
+    // lbElaborazione shows where frameInfo was.
+    m_frameInfo->hide();
     // The list and each file are fetched on a thread of their own; the window hears of each file
     // before it is fetched and answers whether to go on.
     m_ferma = std::make_shared<std::atomic<bool>>(false);
-    auto errore = std::make_shared<std::optional<std::string>>();
     const Impostazioni imp = m_imp;
     const std::string appDir = m_corpo.AppDir;
     const Scaricatore download = m_servizi.download;
     const AvanzamentoMatrici avanzamento = [this, ferma = m_ferma](size_t numero, size_t totale) {
         if (ferma->load()) return false;
         QMetaObject::invokeMethod(
-            this, [this, numero, totale] { mostraAvanzamento(numero, totale); }, Qt::QueuedConnection);
+            this, [this, numero, totale] { mostraAvanzamento("0190", numero, totale); },
+            Qt::QueuedConnection);
         return true;
     };
-    m_thread = QThread::create([imp, appDir, download, avanzamento, errore] {
-        try {
-            AggiornaMatrici(imp, appDir, download, avanzamento);
-        } catch (const std::exception& e) {
-            *errore = e.what();
-        }
-    });
-    connect(m_thread, &QThread::finished, this, [this, errore] { concludiAggiornamento(*errore); });
-    m_thread->start();
+    avvia([imp, appDir, download, avanzamento] { AggiornaMatrici(imp, appDir, download, avanzamento); },
+          " in procedure cmdUpdateMatrix_Click of Form frmMatr",
+          [this](bool) {
+              try {
+                  m_catalogo = BuildMatrixCatalog(m_corpo.AppDir, 0, m_corpo.LenColonna, OggiSeriale());
+                  riempiLista();
+              } catch (const std::exception& e) {
+                  m_ui.messageBox(std::string("Error 0 (") + e.what() +
+                                      ") in procedure cmdUpdateMatrix_Click of Form frmMatr",
+                                  "", BoxIcon::None);
+              }
+          });
 }
 
-void frmMatr::mostraAvanzamento(size_t numero, size_t totale) {
+void frmMatr::mostraAvanzamento(const char* chiave, int64_t numero, int64_t totale) {
     if (!m_occupato || m_ferma->load()) return;
     const QString testo =
-        QString::fromStdString(TestoCon(m_ui.Lang("0190"), std::to_string(numero), std::to_string(totale)));
+        QString::fromStdString(TestoCon(m_ui.Lang(chiave), std::to_string(numero), std::to_string(totale)));
     m_lblAvanzamento->setText(testo);
     m_lbElaborazione->setText(testo);
 }
 
-void frmMatr::interrompiAggiornamento() {
+void frmMatr::interrompi() {
     if (!m_occupato) return;
     m_ferma->store(true);
     m_cmdInterrompi->setEnabled(false);
-}
-
-void frmMatr::concludiAggiornamento(const std::optional<std::string>& errore) {
-    m_thread->wait();
-    delete m_thread;
-    m_thread = nullptr;
-    m_avanzamento->hide();
-    if (errore)
-        m_ui.messageBox("Error 0 (" + *errore + ") in procedure cmdUpdateMatrix_Click of Form frmMatr", "",
-                        BoxIcon::None);
-    try {
-        m_catalogo = BuildMatrixCatalog(m_corpo.AppDir, 0, m_corpo.LenColonna, OggiSeriale());
-        riempiLista();
-    } catch (const std::exception& e) {
-        m_ui.messageBox(std::string("Error 0 (") + e.what() +
-                            ") in procedure cmdUpdateMatrix_Click of Form frmMatr",
-                        "", BoxIcon::None);
-    }
-    m_lbElaborazione->setText(m_testoElaborazione);
-    m_ui.setBusy(false);
-    m_frameInfo->show();
-    setEnabled(true);
-    m_occupato = false;
-    emit aggiornamentoConcluso();
 }
 
 void frmMatr::attendi() {

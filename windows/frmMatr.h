@@ -57,20 +57,21 @@ public:
     void cmdUpdateMatrix_Click();
     void cmdOpenDir_Click();
 
-    // True while an update runs on its thread; the window is disabled meanwhile and the progress
-    // window, with its stop button, is shown.
+    // True while an update or an adaptation runs on its thread; the window is disabled meanwhile
+    // and the progress window, with its stop button, is shown.
     bool occupato() const { return m_occupato; }
-    // Waits, serving events, until no update runs.
+    // Waits, serving events, until no update or adaptation runs.
     void attendi();
-    // The stop button of the progress window: the update ends before its next file.
-    void interrompiAggiornamento();
+    // The stop button of the progress window: an update ends before its next file, an adaptation
+    // within a few tens of thousands of columns, leaving the system empty and this window open.
+    void interrompi();
     QWidget* finestraAvanzamento() const { return m_avanzamento; }
 
-    // A close or Escape during an update is refused with a message.
+    // A close or Escape while work runs is refused with a message.
     void reject() override;
 
 signals:
-    // An update has ended and the window is ready again.
+    // An update or an adaptation has ended and the window is ready again.
     void aggiornamentoConcluso();
 
 protected:
@@ -82,13 +83,16 @@ private:
     // The catalogue into flQVN and the window's caption.
     void riempiLista();
     void etichetta(QLabel* l, bool rossa, const std::string& testo);
-    // Runs an adaptation with the window disabled; an error is shown and the window stays open.
-    void adatta(const std::function<void()>& f);
+    // Runs an adaptation on a thread of its own, the fixed numbers asked of the window thread;
+    // on success the window closes, on an error the message is shown and the window stays open.
+    void adatta(std::function<void(const ChiediNumero&, const AvanzamentoAdattamento&)> f);
+    // Runs lavoro on a thread of its own with the window disabled and the progress window shown;
+    // then, on the window thread, shows its error (the box's text ending in procedura), makes the
+    // window ready again and calls poi with whether lavoro ended without error.
+    void avvia(std::function<void()> lavoro, const std::string& procedura, std::function<void(bool)> poi);
     void creaAvanzamento();
-    // "Downloading matrix n of totale" in the progress window and under the list.
-    void mostraAvanzamento(size_t numero, size_t totale);
-    // Back on the window thread once the update's thread has ended.
-    void concludiAggiornamento(const std::optional<std::string>& errore);
+    // The language text chiave with numero and totale, in the progress window and under the list.
+    void mostraAvanzamento(const char* chiave, int64_t numero, int64_t totale);
 
     Corpo& m_corpo;
     Ui& m_ui;

@@ -141,6 +141,25 @@ TEST(AdattaTest, TooManyColumnsOrAnIndexOutsideTheForecastLeavesTheSystemAsItWas
     EXPECT_TRUE(ui.calls.empty());
 }
 
+TEST(AdattaTest, AStopLeavesAnEmptySystem) {
+    Corpo c;
+    c.LenColonna = 2;
+    c.pronostico.Quanti = 4;
+    for (uint8_t i = 0; i < 4; ++i)
+        c.pronostico.Numeri[i] = static_cast<uint8_t>(i + 1);
+    test::FakeUi ui;
+    FisseMatrice fisse(2);
+    std::vector<std::vector<uint8_t>> colonne(70'000, {1, 2});
+    std::vector<int32_t> fatte;
+    EXPECT_FALSE(AdaptMatrix(c, ui, MatriceDi(4, 2, 2, colonne), fisse, {}, [&](int32_t n, int32_t totale) {
+        EXPECT_EQ(totale, 70'000);
+        fatte.push_back(n);
+        return n == 0; // stopped at the second report
+    }));
+    EXPECT_EQ(fatte, (std::vector<int32_t>{0, 65'536}));
+    EXPECT_EQ(c.pronostico.NumColonne, 0);
+}
+
 TEST(AdattaTest, TextMatrixMustFitAndACancelledDialogLeavesAnEmptySystem) {
     CartellaTemporanea dir("testo");
     std::ofstream(dir.in("txt/m.txt")) << "1 2\n3 4\n2 3\n";

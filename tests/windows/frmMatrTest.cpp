@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
@@ -46,8 +47,9 @@ protected:
             corpo.Griglia[static_cast<size_t>(10 * (i + 1) - 1)] = true;
         }
         const double oggi = OggiSeriale();
-        ScriviMatrice(matrice("buona.mqvn"),
-                      MatriceDi(5, 2, 3, {{1, 2, 3}, {1, 4, 5}, {2, 4, 5}}, oggi - 10, oggi));
+        MATRIX_STRUCTURE buona = MatriceDi(5, 2, 3, {{1, 2, 3}, {1, 4, 5}, {2, 4, 5}}, oggi - 10, oggi);
+        buona.FIXED_NUMBERS_OF_MATRIX_F = 1;
+        ScriviMatrice(matrice("buona.mqvn"), buona);
         ScriviMatrice(matrice("scaduta.mqvn"),
                       MatriceDi(5, 3, 3, {{1, 2, 3}, {3, 4, 5}}, oggi - 10, oggi - 1));
         ScriviMatrice(matrice("altra.mqvn"), MatriceDi(6, 3, 3, {{1, 2, 3}, {4, 5, 6}}));
@@ -75,7 +77,10 @@ protected:
             ++ordini;
             std::swap(corpo.pronostico.Numeri[0], corpo.pronostico.Numeri[4]); // the user's new order
         };
-        s.chiedi = [](const std::string&, const std::string& p) { return std::optional<std::string>(p); };
+        s.chiedi = [this](const std::string&, const std::string& p) {
+            chiestoDallaFinestra = QThread::currentThread() == qApp->thread();
+            return std::optional<std::string>(p);
+        };
         s.download = [](const std::string&, const std::string&) { return false; };
         s.apriCartella = [this](const std::string& p) { cartelle.push_back(p); };
         return s;
@@ -86,6 +91,7 @@ protected:
     test::FakeUi ui;
     Impostazioni imp;
     int ordini = 0;
+    bool chiestoDallaFinestra = false; // the fixed number's input box asked on the window thread
     std::vector<std::string> cartelle;
 };
 
@@ -121,6 +127,7 @@ TEST_F(frmMatrTest, AdaptModeListsWhatFitsWithTheCustomRowAndEnablesByTheRow) {
     EXPECT_EQ(trova<QLineEdit>(f, "txtValidTo")->text().toStdString(), DataGGMMAAAA(OggiSeriale()));
     ASSERT_TRUE(adatta->isEnabled());
     adatta->click();
+    f.attendi();
     EXPECT_EQ(ordini, 1);
     EXPECT_EQ(f.result(), QDialog::Accepted);
     // The order 50 20 30 40 10: column 1 (indices 1 2 3) is 20 30 50.
@@ -128,6 +135,9 @@ TEST_F(frmMatrTest, AdaptModeListsWhatFitsWithTheCustomRowAndEnablesByTheRow) {
     EXPECT_EQ(corpo.Colonne.get(1, 1), 20);
     EXPECT_EQ(corpo.Colonne.get(1, 3), 50);
     EXPECT_EQ(corpo.pronostico.Descrizione, "<0018> N-1");
+    EXPECT_TRUE(chiestoDallaFinestra);
+    EXPECT_EQ(corpo.condizioni.NumFisse, 1);
+    EXPECT_EQ(corpo.condizioni.TabFisse[50], 1);
     EXPECT_EQ(corpo.SistemaBloccato, -1);
 }
 
@@ -145,6 +155,7 @@ TEST_F(frmMatrTest, CancelledTextDialogLeavesAnEmptySystemAndADamagedFileShowsRe
     EXPECT_FALSE(trova<QPushButton>(f, "cmdAdatta")->isEnabled());
     scegli(f, "CUSTOM");
     trova<QPushButton>(f, "cmdMatriceTXT")->click(); // the chooser answers Cancel
+    f.attendi();
     EXPECT_EQ(f.result(), QDialog::Accepted);
     EXPECT_EQ(ordini, 0);
     EXPECT_EQ(corpo.pronostico.NumColonne, 0);
