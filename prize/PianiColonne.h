@@ -117,19 +117,19 @@ struct SommeClassi {
 // The hits of special column s against the draw, and its Oro flags (bit 0, bit 1).
 std::pair<int, int> ClasseSpeciale(const PianiColonne::Speciale& s, const EstrazionePiani& e);
 
-// Adds the columns of blocks b0..b1-1 to s by category. The counting of Classifica without its
-// masks: the loop that checks a whole archive.
-inline void ContaBlocchi(const PianiColonne& p, int32_t b0, int32_t b1, const EstrazionePiani& e,
-                         SommeClassi& s) {
-    const int bits = std::bit_width(static_cast<unsigned>(e.n));
+namespace dettaglio {
+// ContaBlocchi for draws of fewer than 2^Bits numbers among the planes: the counters and the
+// tests of a count are unrolled.
+template <int Bits>
+void ContaBlocchi(const PianiColonne& p, int32_t b0, int32_t b1, const EstrazionePiani& e, SommeClassi& s) {
     const int hMax = std::min(e.n, p.len());
     const bool conOro = e.pianoOro >= 0 || e.pianoDoppio >= 0;
     for (int32_t b = b0; b < b1; ++b) {
         const uint64_t* w = p.blocco(b);
-        std::array<uint64_t, 5> c{};
+        std::array<uint64_t, Bits + 1> c{};
         for (int i = 0; i < e.n; ++i) {
             uint64_t carry = w[e.piani[static_cast<size_t>(i)]];
-            for (int k = 0; k < bits; ++k) {
+            for (int k = 0; k < Bits; ++k) {
                 const uint64_t t = c[static_cast<size_t>(k)] & carry;
                 c[static_cast<size_t>(k)] ^= carry;
                 carry = t;
@@ -138,16 +138,19 @@ inline void ContaBlocchi(const PianiColonne& p, int32_t b0, int32_t b1, const Es
         const uint64_t sel = p.ordinarie(b);
         const uint64_t a1 = e.pianoOro >= 0 ? w[e.pianoOro] : 0;
         const uint64_t a2 = e.pianoDoppio >= 0 ? w[e.pianoDoppio] : 0;
+        const uint64_t a12 = a1 & a2;
         for (int h = 0; h <= hMax; ++h) {
             uint64_t eq = sel;
-            for (int k = 0; k < bits; ++k)
-                eq &= ((h >> k) & 1) ? c[static_cast<size_t>(k)] : ~c[static_cast<size_t>(k)];
+            for (int k = 0; k < Bits; ++k) {
+                const uint64_t m = uint64_t{0} - static_cast<uint64_t>((h >> k) & 1);
+                eq &= ~(c[static_cast<size_t>(k)] ^ m);
+            }
             const size_t i = static_cast<size_t>(h);
             s.tutte[i] += std::popcount(eq);
             if (conOro) {
                 s.oro1[i] += std::popcount(eq & a1);
                 s.oro2[i] += std::popcount(eq & a2);
-                s.entrambi[i] += std::popcount(eq & a1 & a2);
+                s.entrambi[i] += std::popcount(eq & a12);
             }
         }
         for (const PianiColonne::Speciale* x = p.specialiDa(b); x != p.specialiA(b); ++x) {
@@ -158,6 +161,27 @@ inline void ContaBlocchi(const PianiColonne& p, int32_t b0, int32_t b1, const Es
             s.oro2[i] += k >> 1;
             s.entrambi[i] += k == 3;
         }
+    }
+}
+} // namespace dettaglio
+
+// Adds the columns of blocks b0..b1-1 to s by category. The counting of Classifica without its
+// masks: the loop that checks a whole archive.
+inline void ContaBlocchi(const PianiColonne& p, int32_t b0, int32_t b1, const EstrazionePiani& e,
+                         SommeClassi& s) {
+    switch (std::bit_width(static_cast<unsigned>(e.n))) {
+    case 0:
+        return dettaglio::ContaBlocchi<0>(p, b0, b1, e, s);
+    case 1:
+        return dettaglio::ContaBlocchi<1>(p, b0, b1, e, s);
+    case 2:
+        return dettaglio::ContaBlocchi<2>(p, b0, b1, e, s);
+    case 3:
+        return dettaglio::ContaBlocchi<3>(p, b0, b1, e, s);
+    case 4:
+        return dettaglio::ContaBlocchi<4>(p, b0, b1, e, s);
+    default:
+        return dettaglio::ContaBlocchi<5>(p, b0, b1, e, s);
     }
 }
 

@@ -95,6 +95,24 @@ TEST_F(SpoglioEstrazioni, DrawWithoutItsOroIsSkippedWithABoxAndStillPlayed) {
     EXPECT_EQ(c->OroSpoglio, 0); // the last draw's numbers stay
 }
 
+TEST_F(SpoglioEstrazioni, ProgressComesEveryTenThousandColumnsAndAStopEndsTheRun) {
+    // 20,000 columns: a step after about 10,000 of them, where the stop is asked.
+    ImpostaSistema(*c, 2, std::vector<std::vector<int>>(20000, {1, 2}));
+    c->mArrEstrazioni = ArrayEstrazioni{Estrazione{}, Draw("01/03/2024", 1, Range(1, 20))};
+    struct Ferma : AvanzamentoSpoglio {
+        std::vector<double> passi;
+        void progress(double done, double) override {
+            passi.push_back(done);
+            stop = true;
+        }
+    } ferma;
+    const RisultatoEstrazioni r = SpoglioArchivio(*c, ui, {1, 1}, ferma);
+    EXPECT_TRUE(r.fermato);
+    EXPECT_EQ(ferma.passi, std::vector<double>{157 * 64});
+    AvanzamentoSpoglio avanti;
+    EXPECT_EQ(SpoglioArchivio(*c, ui, {1, 1}, avanti).righe[0].Vincite[2], 20000);
+}
+
 TEST_F(SpoglioEstrazioni, DateListsHoldEachDateOnceUpToTheLimit) {
     std::vector<std::string> date;
     EXPECT_TRUE(DateSpoglio(cinqueMinuti(), ui, date));
