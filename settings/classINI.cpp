@@ -33,7 +33,11 @@ std::vector<Riga> righe(const std::string& content) {
     while (pos < content.size()) {
         size_t nl = content.find('\n', pos);
         if (nl == std::string::npos) {
-            out.push_back({content.substr(pos), ""});
+            // A last line without LF: a CR at its end is its line end, as the reader takes it, so
+            // a line written after it does not leave that CR inside its value.
+            std::string testo = content.substr(pos);
+            if (!testo.empty() && testo.back() == '\r') testo.pop_back();
+            out.push_back({std::move(testo), ""});
             break;
         }
         size_t end = nl;
