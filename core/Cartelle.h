@@ -4,6 +4,7 @@
 #include "core/Corpo.h"
 
 #include <string>
+#include <string_view>
 
 namespace dv {
 
@@ -15,6 +16,15 @@ std::string PercorsoIn(const std::string& base, std::initializer_list<const char
 
 // Sets AppDir, the archive paths and FileCorrente ("sistemi/nuovo.dvs") with its title, and creates
 // AppDir and its sub-folders where missing. A folder that cannot be made is left out silently.
+// Removes the temporary files a save killed before its rename left in AppDir and its sub-folders.
 void ImpostaAppDir(Corpo& c, const std::string& appDir);
+
+// A fresh name for the temporary file of a save of target, beside it: "x.dvs.~dv" then the
+// process id and a random part in hex, then ".tmp".
+std::string NomeTemporaneo(const std::string& target);
+
+// True when name is a temporary file of a save, of our name pattern, whose process is gone
+// (or is this one, at start-up before any save). Other files, and other programs', never match.
+bool TemporaneoAbbandonato(std::string_view name);
 
 } // namespace dv

@@ -1,13 +1,11 @@
 #include "system_files/ScrittoreSicuro.h"
 
+#include "core/Cartelle.h"
 #include "system_files/ErroreEsecuzione.h"
 #include "system_files/FlussoBinario.h"
 
-#include <atomic>
 #include <cerrno>
-#include <cstdio>
 #include <limits>
-#include <random>
 #include <streambuf>
 #include <system_error>
 
@@ -21,10 +19,6 @@ namespace {
 
 constexpr uint64_t SenzaGuasto = std::numeric_limits<uint64_t>::max();
 thread_local uint64_t tByteConsentiti = SenzaGuasto;
-
-constexpr std::string_view PrefissoTemp = ".~dv";
-constexpr std::string_view SuffissoTemp = ".tmp";
-constexpr size_t CifreTemp = 8;
 
 bool DiscoEsaurito(int e) {
     return e == ENOSPC || e == EDQUOT || e == EFBIG;
@@ -46,14 +40,6 @@ ErroreEsecuzione ErroreDa(int e) {
     default:
         return errori::AccessoNegato(std::generic_category().message(e));
     }
-}
-
-std::string NomeTemporaneo(const std::string& target) {
-    static std::atomic<uint32_t> contatore{0};
-    thread_local std::mt19937 gen(std::random_device{}() ^ static_cast<uint32_t>(::getpid()));
-    char cifre[CifreTemp + 1];
-    std::snprintf(cifre, sizeof cifre, "%08x", static_cast<unsigned>(gen() ^ (contatore++ * 0x9E3779B9u)));
-    return target + std::string(PrefissoTemp) + cifre + std::string(SuffissoTemp);
 }
 
 } // namespace
@@ -165,16 +151,6 @@ void ScrittoreSicuro::conferma() {
         ::fsync(dir);
         ::close(dir);
     }
-}
-
-bool TemporaneoScrittore(std::string_view name) {
-    const size_t coda = PrefissoTemp.size() + CifreTemp + SuffissoTemp.size();
-    if (name.size() <= coda || !name.ends_with(SuffissoTemp)) return false;
-    const std::string_view parte = name.substr(name.size() - coda);
-    if (!parte.starts_with(PrefissoTemp)) return false;
-    for (const char ch : parte.substr(PrefissoTemp.size(), CifreTemp))
-        if (!((ch >= '0' && ch <= '9') || (ch >= 'a' && ch <= 'f'))) return false;
-    return true;
 }
 
 GuastoScrittura::GuastoScrittura(uint64_t byteConsentiti) : m_precedente(tByteConsentiti) {

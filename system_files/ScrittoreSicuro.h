@@ -6,7 +6,6 @@
 #include <memory>
 #include <ostream>
 #include <string>
-#include <string_view>
 
 namespace dv {
 
@@ -42,10 +41,6 @@ private:
     std::filesystem::perms m_permessi = std::filesystem::perms::unknown; // of the old file
     bool m_confermato = false;
 };
-
-// True when name is one of the temporary files the writer above makes ("x.dvs.~dv0a1b2c3d.tmp"),
-// which a writer killed before its rename may leave behind.
-bool TemporaneoScrittore(std::string_view name);
 
 // Test seam: while alive, every ScrittoreSicuro of this thread fails (as on a full disk) once the
 // given number of bytes has reached its temporary file.

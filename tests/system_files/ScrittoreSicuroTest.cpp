@@ -1,5 +1,6 @@
 // The safe writer under concurrent saves of one file, and the names of its temporary files.
 #include "system_files/ScrittoreSicuro.h"
+#include "core/Cartelle.h"
 #include "tests/system_files/SupportoFile.h"
 
 #include <gtest/gtest.h>
@@ -46,9 +47,24 @@ TEST(ScrittoreSicuro, ConcurrentSavesOfOneFileNeverMixAndLeaveNothingBehind) {
               1);
 }
 
-TEST(ScrittoreSicuro, RecognisesOnlyItsOwnTemporaryNames) {
-    EXPECT_TRUE(TemporaneoScrittore("a.dvs.~dv0a1b2c3d.tmp"));
-    for (const char* other :
-         {"a.dvs.tmp", "a.~dv0a1b2c3.tmp", "a.~dv0a1b2c3g.tmp", ".~dv0a1b2c3d.tmp", "a.~dv0a1b2c3d.tm"})
-        EXPECT_FALSE(TemporaneoScrittore(other)) << other;
+TEST(ScrittoreSicuro, StartUpRemovesOnlyTheLeftoversOfSavesWhoseProcessIsGone) {
+    namespace fs = std::filesystem;
+    CartellaTemporanea dir;
+    const std::string app = dir.file("app");
+    Corpo c;
+    ImpostaAppDir(c, app);
+    const std::string sistemi = PercorsoIn(app, {"sistemi"}), base = PercorsoIn(app, {"sistemi", "x.dvs"});
+    // A save of this very process before start-up can only be a leftover; pid 1 is alive.
+    const std::string nostro = NomeTemporaneo(base), vivo = base + ".~dv00000001deadbeef.tmp";
+    const std::vector<std::string> altri = {base + ".tmp", base + ".~dv0000000zdeadbeef.tmp", vivo,
+                                            base + ".~dv00000001deadbeef.tmp.bak"};
+    for (const std::string& f : altri)
+        Bytes{}.text("keep").save(f);
+    Bytes{}.text("left").save(nostro);
+    Bytes{}.text("left").save(NomeTemporaneo(PercorsoIn(app, {"temp", "y.csv"})));
+    ImpostaAppDir(c, app);
+    EXPECT_FALSE(fs::exists(nostro));
+    EXPECT_TRUE(fs::is_empty(PercorsoIn(app, {"temp"})));
+    for (const std::string& f : altri)
+        EXPECT_TRUE(fs::exists(f)) << f;
 }
