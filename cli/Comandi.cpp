@@ -10,6 +10,7 @@
 #include "system_files/FlussoBinario.h"
 
 #include <chrono>
+#include <filesystem>
 #include <cstdio>
 #include <memory>
 #include <vector>
@@ -191,7 +192,17 @@ int ComandoMostra(const std::string& in, bool colonne, Ui& ui) {
     return EsitoOk;
 }
 
+// True, with a message, when out names the very file in (by another spelling or a link too):
+// writing it would replace the input while it is still the source.
+static bool UscitaSuIngresso(const std::string& in, const std::string& out) {
+    std::error_code ec;
+    if (!std::filesystem::equivalent(in, out, ec) || ec) return false;
+    std::fprintf(stderr, "%s: the output is the input file itself; choose another output\n", out.c_str());
+    return true;
+}
+
 int ComandoEsportaTxt(const std::string& in, const std::string& out, Ui& ui) {
+    if (UscitaSuIngresso(in, out)) return EsitoFileRifiutato;
     auto c = std::make_unique<Corpo>();
     if (!Apri(*c, ui, in)) return EsitoFileRifiutato;
     if (!SalvaColonneTxt(*c, ui, out)) return EsitoFileRifiutato;
@@ -200,6 +211,7 @@ int ComandoEsportaTxt(const std::string& in, const std::string& out, Ui& ui) {
 }
 
 int ComandoImportaTxt(const std::string& in, const std::string& out, Ui& ui) {
+    if (UscitaSuIngresso(in, out)) return EsitoFileRifiutato;
     auto c = std::make_unique<Corpo>();
     if (!ImportaColonneTxt(*c, ui, in)) {
         std::fprintf(stderr, "%s: not imported\n", in.c_str());

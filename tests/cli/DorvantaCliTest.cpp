@@ -94,6 +94,13 @@ TEST_F(DorvantaCli, NewDevelopShowExportImportRoundTrip) {
     const auto importato = Apri(dir.file("c.dvs"));
     EXPECT_EQ(StoredColumns(*importato), attese);
     EXPECT_EQ(importato->pronostico.Descrizione, "FILE TXT");
+    // An output that is the input itself, by another spelling or through a link, is refused.
+    const std::string testo = ReadText(dir.file("b.txt"));
+    std::filesystem::create_symlink(dir.file("b.txt"), dir.file("link.txt"));
+    EXPECT_EQ(Esegui("import-txt " + f("b.txt") + " -o " + f("link.txt")).rc, 1);
+    EXPECT_EQ(Esegui("export-txt " + f("b.dvs") + " -o " + f("./b.dvs")).rc, 1);
+    EXPECT_EQ(ReadText(dir.file("b.txt")), testo);
+    EXPECT_EQ(StoredColumns(*Apri(dir.file("b.dvs"))), attese);
 
     // Developing a system that holds columns develops them again, keeping all that still pass.
     ASSERT_EQ(Esegui("develop " + f("c.dvs") + " -o " + f("d.dvs")).rc, 0);
