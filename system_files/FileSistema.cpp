@@ -118,10 +118,19 @@ void AggiungiFiltro(TabellaFiltri& tabella, const ColonnaFiltro& r) {
 bool LeggiBloccoCondizioni(LettoreBinario& in, Corpo& c, Ui& ui) {
     LeggiCampi r(in);
     ColonnaFiltro filtro;
+    // A damaged file may hold millions of unknown tags: the first gets its box, the rest one
+    // message with their count when the block ends.
+    int64_t ignoti = 0;
+    auto fine = [&](bool esito) {
+        if (ignoti > 1)
+            ui.messageBox(TestoCon(ui.Lang("0240"), FormatIntero(ignoti - 1, SeparatoreMigliaia(ui))), "E R R O R E",
+                          BoxIcon::Critical);
+        return esito;
+    };
     while (!in.fine()) {
         int32_t tag = 0;
         in.i32(tag);
-        if (tag == FineCondizioni1 || tag == FineCondizioni2) return in.posizione() <= in.dimensione();
+        if (tag == FineCondizioni1 || tag == FineCondizioni2) return fine(in.posizione() <= in.dimensione());
         switch (tag) {
         case TagDistanzaMinima:
             CampiDistanzaMinima(r, c.distanzaMinima);
@@ -148,12 +157,13 @@ bool LeggiBloccoCondizioni(LettoreBinario& in, Corpo& c, Ui& ui) {
             break;
         default:
             // Nothing is skipped: the next 4 bytes are read as a tag.
-            ui.messageBox("Condizione non riconosciuta\nID : " + std::to_string(tag), "E R R O R E",
-                          BoxIcon::Critical);
+            if (ignoti++ == 0)
+                ui.messageBox("Condizione non riconosciuta\nID : " + std::to_string(tag), "E R R O R E",
+                              BoxIcon::Critical);
             break;
         }
     }
-    return false;
+    return fine(false);
 }
 
 // The detail of a refusal in the user's language; empty when the language has no text for it.

@@ -1,4 +1,5 @@
 // Reading system files: older versions, refusals, and files that are cut short or corrupted.
+#include "core/Helpers.h"
 #include "core/Sistema.h"
 #include "system_files/FileSistema.h"
 #include "tests/support/FakeUi.h"
@@ -203,15 +204,19 @@ TEST_F(LetturaSistema, TablesBeyondTheirCapacityAreRefusedAndMemoryKeepsItsOwn) 
     EXPECT_EQ(c.FiltriOR.count(), MaxFiltri - 1);
 }
 
-TEST_F(LetturaSistema, UnknownTagsAreReportedAndReadingGoesOn) {
+TEST_F(LetturaSistema, UnknownTagsAreReportedOnceAndReadingGoesOn) {
     Bytes b = Intestazione(Header{}).i32(12345).i32(7);
     b = Filtro(b, 1, 33);
-    b.i32(2).i32(0x0F).i16(-1).i32(8).u8(4).i16(-1).i32(200);
+    b.i32(2).i32(0x0F).i16(-1).i32(8).u8(4).i16(-1);
+    for (int i = 0; i < 1000; ++i) b.i32(1000 + i); // a damaged tail: one box for all but the first
+    b.i32(200);
+    ui.texts["0240"] = "%1 more";
     EXPECT_EQ(apri(b), EsitoApriFile::Aperto);
-    ASSERT_EQ(ui.boxes.size(), 1u);
+    ASSERT_EQ(ui.boxes.size(), 2u);
     EXPECT_EQ(ui.boxes[0].title, "E R R O R E");
     EXPECT_EQ(ui.boxes[0].text, "Condizione non riconosciuta\nID : 7");
     EXPECT_EQ(ui.boxes[0].icon, BoxIcon::Critical);
+    EXPECT_EQ(ui.boxes[1].text, "1" + std::string(1, SeparatoreMigliaia(ui)) + "000 more");
     ASSERT_EQ(c.FiltriAND.count(), 1);
     EXPECT_EQ(c.FiltriAND[1].Numeri[33], 1);
     EXPECT_EQ(c.consecutivi.MaskConsecutivi, 0x0F);
