@@ -15,6 +15,7 @@ namespace dv {
 
 namespace {
 
+constexpr size_t MaxRigaTesto = 4096;
 constexpr std::string_view SeparatoriImporta = "\t-,;.";
 constexpr std::string_view SeparatoriRecord = "\t-,;.|";
 
@@ -39,6 +40,9 @@ public:
                 if (m_in.peek() == '\n') m_in.get();
                 return true;
             }
+            // A line of megabytes is damage, not columns: refused before it fills the memory.
+            if (riga.size() == MaxRigaTesto)
+                throw ErroreEsecuzione(6, "Overflow: a line longer than " + std::to_string(MaxRigaTesto) + " characters");
             riga.push_back(static_cast<char>(ch));
         }
         if (m_in.bad()) throw errori::AccessoNegato();
@@ -48,6 +52,12 @@ public:
 private:
     std::ifstream m_in;
 };
+
+// At most this much of a bad line is shown back in its message, then "...".
+std::string Spezzone(std::string_view riga) {
+    constexpr size_t MaxEco = 80;
+    return riga.size() <= MaxEco ? std::string(riga) : std::string(riga.substr(0, MaxEco)) + "...";
+}
 
 // The parts of a line between separators; runs of separators give no empty parts.
 std::vector<std::string_view> Parti(std::string_view riga, std::string_view separatori) {
@@ -234,7 +244,7 @@ bool ImportaColonneTxt(Corpo& c, Ui& ui, const std::string& path) {
             }
             ui.setBusy(false);
         } catch (const ErroreEsecuzione& e) {
-            MostraErrore(ui, e, ") in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [" + AnsiToUtf8(pezzo) + "]");
+            MostraErrore(ui, e, ") in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [" + AnsiToUtf8(Spezzone(pezzo)) + "]");
             if (occupato) ui.setBusy(false);
             return false;
         }

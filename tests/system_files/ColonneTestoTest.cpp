@@ -176,6 +176,12 @@ TEST_F(ColonneTesto, BadContentStopsTheImportWithItsError) {
         EXPECT_LE(c.LenColonna, 25);
         EXPECT_EQ(ui.busyDepth, 0);
     }
+    // A line of megabytes is refused at once, and only its start is shown back.
+    ui = FakeUi{};
+    EXPECT_FALSE(importa("1 2 3\r\n" + std::string(3 << 20, '7')));
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "Error 6 (Overflow: a line longer than 4096 characters) in procedure ImportaColonneTxt of "
+                                "Modulo corpo \r\nRiga [" + std::string(80, '7') + "...]");
     EXPECT_FALSE(importa("5 6 7\r\n8 x 9\r\n"));
     EXPECT_EQ(c.Colonne.get(1, 3), 7); // what was read stays in the store
     EXPECT_EQ(c.Colonne.get(2, 1), 8);
