@@ -1,10 +1,13 @@
 // Wires the statistiche area's windows into the main window: the statistics window, loaded unseen,
 // its menu entry, and the forecast from the most and least frequent numbers.
+#include "archive/Archivio.h"
 #include "archive/Statistiche.h"
 #include "windows/Aree.h"
 #include "windows/frmMAIN.h"
 #include "windows/frmStatistiche.h"
 #include "windows/QtUi.h"
+
+#include <memory>
 
 namespace dv {
 
@@ -19,8 +22,23 @@ void CollegaStatistiche(frmMAIN& main) {
         statistiche->raise();
         statistiche->activateWindow();
     };
-    f.popolaStatistiche = [statistiche] { return statistiche->populateCmbEstrazioni(); };
-    f.ricalcolaStatistiche = [statistiche] { statistiche->refreshStat(); };
+    // An update recomputes before it rebuilds the date lists. When the updated archive no longer
+    // holds the dates the lists still show (its oldest days dropped out), the counts are made
+    // right after the lists are rebuilt instead of ending in a box about a date that is gone.
+    auto rinviato = std::make_shared<bool>(false);
+    f.popolaStatistiche = [statistiche, rinviato] {
+        const bool ok = statistiche->populateCmbEstrazioni();
+        if (*rinviato && ok) statistiche->refreshStat();
+        *rinviato = false;
+        return ok;
+    };
+    f.ricalcolaStatistiche = [statistiche, rinviato, &main] {
+        if (!ArchivioVuoto(main.corpo().mArrEstrazioni) && !statistiche->intervalloNellArchivio()) {
+            *rinviato = true;
+            return;
+        }
+        statistiche->refreshStat();
+    };
     f.aggiornaStatistiche = [statistiche] {
         statistiche->populateCmbEstrazioni();
         statistiche->refreshStat();

@@ -141,6 +141,18 @@ void frmStatistiche::carica() {
     refreshStat();
 }
 
+bool frmStatistiche::intervalloNellArchivio() const {
+    const std::string dal = m_cmbDal->currentText().toStdString();
+    const std::string al = m_cmbAl->currentText().toStdString();
+    bool trovatoDal = false, trovatoAl = false;
+    for (int32_t i = 1; i <= UBound(m_corpo.mArrEstrazioni) && !(trovatoDal && trovatoAl); ++i) {
+        const std::string data = m_corpo.mArrEstrazioni[static_cast<size_t>(i)].dataTesto();
+        trovatoDal = trovatoDal || data == dal;
+        trovatoAl = trovatoAl || data == al;
+    }
+    return trovatoDal && trovatoAl;
+}
+
 bool frmStatistiche::populateCmbEstrazioni() {
     GenitoreBox genitore(m_ui, isVisible() ? this : nullptr);
     // 1. The draw-number lists only for the five-minute and the manual archive; they take in

@@ -35,6 +35,8 @@ public:
     bool populateCmbEstrazioni();
     // Names a new CSV file, recomputes everything and shows the first chart.
     void refreshStat();
+    // True when the archive in memory holds both dates that the lists show.
+    bool intervalloNellArchivio() const;
     // Shows chart index (0..5) and marks its option.
     void optStat(int index);
     // Opens the CSV file with the desktop's handler.

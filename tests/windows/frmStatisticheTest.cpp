@@ -126,6 +126,22 @@ TEST_F(FinestraStatistiche, ComputesTheWholeArchiveUnseenAtStart) {
     EXPECT_EQ(righe().first(), QStringLiteral("01 -->      20"));
 }
 
+TEST_F(FinestraStatistiche, AnUpdateThatDropsTheOldestDaysRecomputesWithoutABox) {
+    // The updated archive lacks the first date the lists show: the counts come after the lists.
+    ArrayEstrazioni nuovo(1);
+    for (size_t i = 6; i < m_corpo->mArrEstrazioni.size(); ++i)
+        nuovo.push_back(m_corpo->mArrEstrazioni[i]);
+    m_corpo->mArrEstrazioni = nuovo;
+    m_main->finestre().ricalcolaStatistiche();
+    m_main->finestre().popolaStatistiche();
+    EXPECT_TRUE(m_dialogs->boxes.empty());
+    EXPECT_EQ(lista("cmbDal")->currentText(), QStringLiteral("02/06/2025"));
+    int draws = 0;
+    for (int32_t v : m_stat->tabelle().pari)
+        draws += v;
+    EXPECT_EQ(draws, 15);
+}
+
 TEST_F(FinestraStatistiche, OptionsSwitchChartsAndTheFileOpensOnTheDesktop) {
     QTest::mouseClick(opzione(4), Qt::LeftButton);
     EXPECT_EQ(m_stat->graficoMostrato(), 4);
