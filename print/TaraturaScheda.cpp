@@ -25,9 +25,9 @@ float* Campi(SlipCalibration& c, int i) {
 bool LeggiNumero(std::string text, float& out) {
     for (char& ch : text)
         if (ch == ',') ch = '.';
-    const size_t a = text.find_first_not_of(" \t");
-    const size_t b = text.find_last_not_of(" \t\r");
+    const size_t a = text.find_first_not_of(" \t\r");
     if (a == std::string::npos) return false;
+    const size_t b = text.find_last_not_of(" \t\r");
     const char* first = text.data() + a;
     const char* last = text.data() + b + 1;
     float v = 0;
@@ -64,7 +64,8 @@ SlipCalibration LoadCalibration(const std::string& path) {
     }
     c.STAMPANTE = ini.getProperty(Sezione, "STAMPANTE", c.STAMPANTE);
     float intensita = 0;
-    if (LeggiNumero(ini.getProperty(Sezione, "INTENSITA_STAMPA", "1111"), intensita))
+    // A number beyond what an int holds is no quality setting: the default stays.
+    if (LeggiNumero(ini.getProperty(Sezione, "INTENSITA_STAMPA", "1111"), intensita) && std::fabs(intensita) < 2e9f)
         c.INTENSITA_STAMPA = static_cast<int>(intensita);
     return c;
 }
