@@ -1,0 +1,72 @@
+// What the fuzz targets share: a scratch folder of their own process, the input written to a
+// file there (most readers take a path), a fresh state, and a failed invariant that stops the run.
+#pragma once
+
+#include "core/Corpo.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <unistd.h>
+
+namespace dv::fuzz {
+
+// A folder of this process below the system's temporary folder, made on first use.
+inline const std::string& CartellaFuzz() {
+    static const std::string cartella = [] {
+        const auto p = std::filesystem::temp_directory_path() / ("dv_fuzz_" + std::to_string(::getpid()));
+        std::filesystem::create_directories(p);
+        return p.string();
+    }();
+    return cartella;
+}
+
+// The path of name inside CartellaFuzz().
+inline std::string PercorsoFuzz(const std::string& name) {
+    return (std::filesystem::path(CartellaFuzz()) / name).string();
+}
+
+// Replaces the file at path with the size bytes at data.
+inline void ScriviInput(const std::string& path, const uint8_t* data, size_t size) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+}
+
+// Stops the run, so the fuzzer keeps the input, when an invariant does not hold.
+inline void Verifica(bool ok, const char* what) {
+    if (ok) return;
+    std::fprintf(stderr, "broken invariant: %s\n", what);
+    std::abort();
+}
+
+// True when text holds a control character: a CR reads as a line end once written back, and a tab
+// left at the end by a NUL that cut the value is trimmed on the next read.
+inline bool ConControllo(const std::string& text) {
+    for (const char ch : text)
+        if (static_cast<unsigned char>(ch) < 0x20) return true;
+    return false;
+}
+
+// A fresh state that keeps the store already allocated: only its used part is erased.
+inline void Rinnova(Corpo& c) {
+    ColumnStore store = std::move(c.Colonne);
+    store.erase();
+    c = Corpo{};
+    c.Colonne = std::move(store);
+}
+
+// The state's bounds, which every reader must leave holding whatever the file said.
+inline void VerificaStato(const Corpo& c) {
+    Verifica(c.LenColonna >= 1 && c.LenColonna <= MaxLenColonna, "LenColonna in 1..25");
+    Verifica(c.pronostico.NumColonne >= 0 && c.pronostico.NumColonne <= MaxColonne, "NumColonne in range");
+    Verifica(c.pronostico.Quanti <= 90, "Quanti <= 90");
+    Verifica(c.FiltriAND.count() <= MaxFiltri && c.FiltriOR.count() <= MaxFiltri &&
+                 c.FiltriXOR.count() <= MaxFiltri,
+             "filter tables within capacity");
+    Verifica(c.CondizioniDistanza.count() <= MaxCondizioniDistanza, "distance table within capacity");
+}
+
+} // namespace dv::fuzz

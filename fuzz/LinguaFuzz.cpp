@@ -1,0 +1,30 @@
+// Fuzz target of the language file reader: any bytes give a value or nothing, read as INI when
+// the file is short and scanned line by line when it is long (the input repeated past the
+// threshold when its first byte is odd).
+#include "fuzz/FuzzSupport.h"
+#include "settings/Lingua.h"
+
+#include <cstdint>
+#include <string>
+
+using namespace dv::fuzz;
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static const std::string appDir = PercorsoFuzz("lingua");
+    static const std::string file = PercorsoFuzz("lingua/fuzz.lng");
+    std::filesystem::create_directories(appDir);
+    if (size > 0 && (data[0] & 1) != 0) {
+        std::string lungo;
+        while (lungo.size() < dv::SogliaFileLungo)
+            lungo.append(reinterpret_cast<const char*>(data), size);
+        ScriviInput(file, reinterpret_cast<const uint8_t*>(lungo.data()), lungo.size());
+    } else {
+        ScriviInput(file, data, size);
+    }
+    (void)dv::ReadLanguageValue(file, "Strings", "0001");
+    (void)dv::ReadLanguageValue(file, "frmMAIN", "cmdCalcolo.Caption");
+    (void)dv::ReadLanguageValue(file, "frmMAIN", "");
+    dv::Lingua lingua{appDir, "FUZZ"};
+    (void)lingua.Lang("0025");
+    return 0;
+}
