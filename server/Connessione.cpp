@@ -37,6 +37,8 @@ Connessione::Connessione(QTcpSocket* socket, const DataServer& server)
     : QObject(socket), m_socket(socket), m_server(server) {
     // Qt reads from the system no further ahead than this: a large body is never taken in.
     m_socket->setReadBufferSize(DataServer::MaxTesta);
+    // And the system holds little of an answer that the client does not take.
+    m_socket->setSocketOption(QAbstractSocket::SendBufferSizeSocketOption, 128 * 1024);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, [this] { scaduto(); });
     connect(m_socket, &QTcpSocket::readyRead, this, [this] { leggi(); });

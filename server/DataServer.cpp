@@ -43,6 +43,8 @@ DataServer::DataServer(QString dataDir, QObject* parent)
 }
 
 quint16 DataServer::listen(const QHostAddress& address, quint16 port) {
+    // A burst of clients waits in the system's queue instead of being turned away for a second.
+    m_server->setListenBacklogSize(MaxConnessioni);
     return m_server->listen(address, port) ? m_server->serverPort() : 0;
 }
 

@@ -87,13 +87,16 @@ TEST(DataServer, NeverServesAFileOutsideItsDataFolder) {
     scrivi(outer.filePath(QStringLiteral("secret.txt")), "SECRET");
     const QString data = outer.filePath(QStringLiteral("data"));
     scrivi(data + QStringLiteral("/public/10elotto/ver.asp"), "1.0.0");
+    scrivi(data + QStringLiteral("/public/.hidden"), "SECRET"); // hidden names are never served either
+    scrivi(data + QStringLiteral("/public/10elotto/matrici/.hidden"), "SECRET");
     // A link inside the folder that points outside it.
     ASSERT_TRUE(QFile::link(outer.filePath(QStringLiteral("secret.txt")), data + QStringLiteral("/public/link.txt")));
     ServerProcess server(data);
     ASSERT_TRUE(server.running());
     EXPECT_EQ(httpGet(server.url("/public/link.txt")).status, 404);
     for (const char* path : {"/../secret.txt", "/public/../../secret.txt", "/public/%2e%2e/%2e%2e/secret.txt",
-                             "/public/..%2f..%2fsecret.txt", "//secret.txt", "/public/10elotto/matrici/download.aspx?file=..%2F..%2F..%2Fsecret.txt"}) {
+                             "/public/..%2f..%2fsecret.txt", "//secret.txt", "/public/10elotto/matrici/download.aspx?file=..%2F..%2F..%2Fsecret.txt",
+                             "/public/.hidden", "/public/%2ehidden", "/public/10elotto/matrici/download.aspx?file=.hidden"}) {
         const QByteArray answer = dv::test::rawRequest(
             porta(server), QByteArray("GET ") + path + " HTTP/1.1\r\nHost: 127.0.0.1\r\nConnection: close\r\n\r\n");
         EXPECT_FALSE(answer.isEmpty()) << path;

@@ -37,6 +37,7 @@ public:
     ServerProcess& operator=(const ServerProcess&) = delete;
 
     bool running() const { return !m_base.isEmpty(); }
+    qint64 pid() const { return m_process.processId(); }
     // "http://127.0.0.1:PORT", without a closing "/".
     std::string base() const { return m_base.toStdString(); }
     std::string url(const std::string& path) const { return base() + path; }

@@ -1,0 +1,147 @@
+// dorvanta-server under hostile clients: slow readers of a large file, half-sent requests, large
+// bodies and endless heads, while ordinary requests keep being answered at once.
+#include "HttpGet.h"
+#include "ServerProcess.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+using dv::test::rawRequest;
+using dv::test::ServerProcess;
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool Asan = true;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr bool Asan = true;
+#else
+constexpr bool Asan = false;
+#endif
+#else
+constexpr bool Asan = false;
+#endif
+
+// Resident memory of a process in bytes, from /proc.
+qint64 rss(qint64 pid) {
+    QFile f(QStringLiteral("/proc/%1/status").arg(pid));
+    if (!f.open(QIODevice::ReadOnly)) return -1;
+    for (const QByteArray& line : f.readAll().split('\n'))
+        if (line.startsWith("VmRSS:")) return line.mid(6).trimmed().split(' ').front().toLongLong() * 1024;
+    return -1;
+}
+
+qsizetype apertiDa(qint64 pid) {
+    return QDir(QStringLiteral("/proc/%1/fd").arg(pid))
+        .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+        .size();
+}
+
+QTemporaryDir cartellaDati() {
+    QTemporaryDir dir;
+    QDir().mkpath(dir.filePath(QStringLiteral("public/10elotto")));
+    QFile ver(dir.filePath(QStringLiteral("public/10elotto/ver.asp")));
+    if (ver.open(QIODevice::WriteOnly)) ver.write("1.0.0");
+    QFile big(dir.filePath(QStringLiteral("public/big.bin")));
+    if (big.open(QIODevice::WriteOnly)) big.resize(32ll * 1024 * 1024);
+    return dir;
+}
+
+const QByteArray Ver = "GET /public/10elotto/ver.asp HTTP/1.1\r\nHost: 127.0.0.1\r\n\r\n";
+
+} // namespace
+
+TEST(DataServerCarico, AnswersAtOnceWhileTwoHundredHostileClientsHoldOn) {
+    const QTemporaryDir dir = cartellaDati();
+    ServerProcess server(dir.path(), {QStringLiteral("--timeout"), QStringLiteral("2")});
+    ASSERT_TRUE(server.running());
+    const auto port = static_cast<quint16>(QUrl(QString::fromStdString(server.base())).port());
+    const qint64 rssPrima = rss(server.pid());
+    const qsizetype apertiPrima = apertiDa(server.pid());
+
+    std::vector<std::unique_ptr<QTcpSocket>> ostili;
+    for (int i = 0; i < 200; ++i) {
+        auto s = std::make_unique<QTcpSocket>();
+        s->setReadBufferSize(1); // a slow reader: takes nothing of what comes
+        s->connectToHost(QStringLiteral("127.0.0.1"), port);
+        ASSERT_TRUE(s->waitForConnected(5'000));
+        switch (i % 4) {
+        case 0:
+            s->write("GET /public/big.bin HTTP/1.1\r\nHost: 127.0.0.1\r\n\r\n");
+            break;
+        case 1:
+            s->write("GET /public/10elotto/ver.asp HTTP/1.1\r\nHost: 127.0.0.1\r\n");
+            break;
+        case 2:
+            s->write("POST /public/x HTTP/1.1\r\nContent-Length: 100000000\r\n\r\n" + QByteArray(65536, 'x'));
+            break;
+        default:
+            s->write("GET /" + QByteArray(65536, 'a'));
+            break;
+        }
+        s->flush();
+        ostili.push_back(std::move(s));
+    }
+
+    QThread::msleep(300); // the burst of connections is in place
+
+    std::vector<qint64> tempi;
+    for (int i = 0; i < 20; ++i) {
+        QElapsedTimer t;
+        t.start();
+        const QByteArray answer = rawRequest(port, Ver);
+        tempi.push_back(t.elapsed());
+        ASSERT_TRUE(answer.startsWith("HTTP/1.1 200") && answer.endsWith("1.0.0"))
+            << answer.left(200).constData();
+    }
+    std::sort(tempi.begin(), tempi.end());
+    EXPECT_LT(tempi[tempi.size() / 2], 100) << "median ms";
+    EXPECT_LT(tempi.back(), 100) << "slowest ms";
+
+    // Fifty readers of a 32 MB file: held whole per client, that would be 1.6 GB.
+    const qint64 sotto = rss(server.pid()) - (Asan ? rssPrima : 0); // the sanitizer's own memory aside
+    EXPECT_LT(sotto, 100ll * 1024 * 1024) << "bytes resident";
+
+    // Every hostile client is dropped within a few seconds of its timeout.
+    QElapsedTimer attesa;
+    attesa.start();
+    while (apertiDa(server.pid()) > apertiPrima && attesa.elapsed() < 8'000)
+        QThread::msleep(100);
+    EXPECT_LE(apertiDa(server.pid()), apertiPrima);
+    std::printf("normal requests under load: median %lld ms, slowest %lld ms; resident %lld MB; all dropped "
+                "after %lld ms\n",
+                static_cast<long long>(tempi[tempi.size() / 2]), static_cast<long long>(tempi.back()),
+                static_cast<long long>(rss(server.pid()) >> 20), static_cast<long long>(attesa.elapsed()));
+}
+
+TEST(DataServerCarico, RefusesOversizedRequestsAndCapsTheLog) {
+    const QTemporaryDir dir = cartellaDati();
+    ServerProcess server(dir.path());
+    ASSERT_TRUE(server.running());
+    const auto port = static_cast<quint16>(QUrl(QString::fromStdString(server.base())).port());
+    const auto stato = [&](const QByteArray& request) { return rawRequest(port, request).left(12); };
+    EXPECT_EQ(stato("POST /public/10elotto/ver.asp HTTP/1.1\r\nContent-Length: 100000000\r\n\r\n"),
+              "HTTP/1.1 413");
+    EXPECT_EQ(stato("POST /public/10elotto/ver.asp HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n"),
+              "HTTP/1.1 413");
+    EXPECT_EQ(stato("POST /public/10elotto/ver.asp HTTP/1.1\r\nContent-Length: 5\r\n\r\nhello"),
+              "HTTP/1.1 405");
+    EXPECT_EQ(stato("GET /" + QByteArray(3000, 'a') + " HTTP/1.1\r\n\r\n"), "HTTP/1.1 414");
+    EXPECT_EQ(stato("GET /public/10elotto/ver.asp HTTP/1.1\r\nX: " + QByteArray(8200, 'b') + "\r\n\r\n"),
+              "HTTP/1.1 431");
+    const QStringList log = server.logLines();
+    ASSERT_EQ(log.size(), 5);
+    for (const QString& line : log)
+        EXPECT_LT(line.size(), 300) << line.toStdString();
+}
