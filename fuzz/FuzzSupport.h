@@ -10,17 +10,24 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <system_error>
 #include <unistd.h>
 
 namespace dv::fuzz {
 
-// A folder of this process below the system's temporary folder, made on first use.
+// A folder of this process below the system's temporary folder, made on first use and removed
+// when the process ends normally (a crash leaves it, beside its input).
 inline const std::string& CartellaFuzz() {
-    static const std::string cartella = [] {
+    // Never destroyed, so the clean-up at exit can still read it.
+    static const std::string& cartella = *new std::string([] {
         const auto p = std::filesystem::temp_directory_path() / ("dv_fuzz_" + std::to_string(::getpid()));
         std::filesystem::create_directories(p);
+        std::atexit([] {
+            std::error_code ec;
+            std::filesystem::remove_all(CartellaFuzz(), ec);
+        });
         return p.string();
-    }();
+    }());
     return cartella;
 }
 
