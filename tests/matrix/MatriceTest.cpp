@@ -97,7 +97,7 @@ TEST(MatriceTest, DamagedShortAndLyingFilesAreListedAsUnsoundAndNeverReadPastThe
     auto bugiardo = buono;
     bugiardo[5] = 0x40; // C far beyond the body the file holds, header and seal resealed
     {
-        bugiardo.resize(bugiardo.size() - 4);
+        bugiardo.erase(bugiardo.end() - 4, bugiardo.end()); // the old seal
         uLong crc = crc32(0L, bugiardo.data(), static_cast<uInt>(bugiardo.size()));
         for (int i = 0; i < 4; ++i)
             bugiardo.push_back(static_cast<uint8_t>(crc >> (8 * i)));

@@ -122,7 +122,7 @@ TEST_F(SpoglioEstrazioni, DateListsHoldEachDateOnceUpToTheLimit) {
 
     ArrayEstrazioni grande(1);
     for (int i = 0; i <= MaxDateSpoglio; ++i) {
-        char d[16];
+        char d[32];
         std::snprintf(d, sizeof d, "%02d/%02d/%04d", i % 28 + 1, i / 28 % 12 + 1, 1000 + i / 336);
         grande.push_back(Draw(d, 1, Range(1, 20)));
     }
