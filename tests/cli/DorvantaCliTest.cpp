@@ -1,4 +1,5 @@
 // Runs the built dorvanta-cli on temporary files and checks what it writes and returns.
+#include "tests/cli/EseguiCli.h"
 #include "core/Engine.h"
 #include "system_files/FileSistema.h"
 #include "tests/support/FakeUi.h"
@@ -17,22 +18,9 @@ using namespace dv::test;
 
 namespace {
 
-struct Esecuzione {
-    int rc = -1;
-    std::string out;
-};
-
 Esecuzione Esegui(const std::string& args) {
     const std::string cmd = std::string("'") + DV_CLI_PATH + "' " + args + (args.find("2>&1") == std::string::npos ? " 2>/dev/null" : "");
-    Esecuzione e;
-    std::FILE* p = ::popen(cmd.c_str(), "r");
-    if (!p) return e;
-    char buf[4096];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) e.out.append(buf, n);
-    const int status = ::pclose(p);
-    e.rc = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return e;
+    return EseguiComando(cmd);
 }
 
 // The same, keeping what the program writes on stderr instead of stdout.

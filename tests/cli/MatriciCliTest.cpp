@@ -1,4 +1,5 @@
 // dorvanta-cli matrix ...: seal, show, verify, list, adapt and import-txt as a user runs them.
+#include "tests/cli/EseguiCli.h"
 #include "matrix/Catalogo.h"
 #include "matrix/Matrice.h"
 #include "matrix/SupportoMatrici.h"
@@ -14,26 +15,15 @@
 #include <sys/wait.h>
 
 namespace dv {
-namespace {
+using dv::test::Esecuzione;
+using dv::test::EseguiComando;
 
-struct Esecuzione {
-    int rc = -1;
-    std::string out;
-};
+namespace {
 
 // Runs dorvanta-cli with args; stdout is kept, stderr too when err is true.
 Esecuzione Esegui(const std::string& args, bool err = false) {
     const std::string cmd = std::string("'") + DV_CLI_PATH + "' " + args + (err ? " 2>&1" : " 2>/dev/null");
-    Esecuzione e;
-    std::FILE* p = ::popen(cmd.c_str(), "r");
-    if (!p) return e;
-    char buf[4096];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0)
-        e.out.append(buf, n);
-    const int status = ::pclose(p);
-    e.rc = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return e;
+    return EseguiComando(cmd);
 }
 
 class MatriciCli : public testing::Test {

@@ -1,4 +1,5 @@
 // Runs `dorvanta-cli stats` on a small archive file and checks it against the computation itself.
+#include "tests/cli/EseguiCli.h"
 #include "archive/Archivio.h"
 #include "archive/Statistiche.h"
 #include "cli/UiTesto.h"
@@ -14,29 +15,18 @@
 #include <unistd.h>
 
 namespace dv {
+using dv::test::Esecuzione;
+using dv::test::EseguiComando;
+
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Esecuzione {
-    int rc = -1;
-    std::string out;
-};
 
 // stdout of the program, or with err its stderr.
 Esecuzione Esegui(const std::string& args, bool err = false) {
     const std::string cmd = std::string("'") + DV_CLI_PATH + "' --language '" + DV_LANGUAGE_FILE + "' " +
                             args + (err ? " 2>&1 >/dev/null" : " 2>/dev/null");
-    Esecuzione e;
-    std::FILE* p = ::popen(cmd.c_str(), "r");
-    if (!p) return e;
-    char buf[4096];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0)
-        e.out.append(buf, n);
-    const int status = ::pclose(p);
-    e.rc = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return e;
+    return EseguiComando(cmd);
 }
 
 std::string Leggi(const fs::path& p) {

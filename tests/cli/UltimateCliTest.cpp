@@ -1,5 +1,6 @@
 // Runs `dorvanta-cli ultimate` and `dorvanta-cli filters import` as processes and checks their
 // output and files against the logic called directly.
+#include "tests/cli/EseguiCli.h"
 #include "archive/Archivio.h"
 #include "archive/Ultimate.h"
 #include "filters/ImportFiltri.h"
@@ -17,27 +18,16 @@
 #include <unistd.h>
 
 namespace dv {
+using dv::test::Esecuzione;
+using dv::test::EseguiComando;
+
 namespace {
 
 namespace fs = std::filesystem;
 
-struct Esecuzione {
-    int rc = -1;
-    std::string out;
-};
-
 Esecuzione Esegui(const std::string& args) {
     const std::string cmd = std::string("'") + DV_CLI_PATH + "' " + args + " 2>/dev/null";
-    Esecuzione e;
-    std::FILE* p = ::popen(cmd.c_str(), "r");
-    if (!p) return e;
-    char buf[4096];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0)
-        e.out.append(buf, n);
-    const int status = ::pclose(p);
-    e.rc = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return e;
+    return EseguiComando(cmd);
 }
 
 class UltimateCli : public ::testing::Test {
