@@ -195,7 +195,7 @@ TEST_F(FinestreSpoglio, ArchiveCheckFillsTheGridFiltersItAndWritesTheCsv) {
 TEST_F(FinestreSpoglio, AStretchOfThirtyThousandDrawsShowsAtOnce) {
     ArrayEstrazioni a(1);
     for (int i = 0; i < 30000; ++i) {
-        char d[16];
+        char d[32];
         std::snprintf(d, sizeof d, "%02d/%02d/%04d", i % 28 + 1, i / 28 % 12 + 1, 1900 + i / 336);
         a.push_back(Draw(d, 1, Range(1 + i % 70, 20 + i % 70)));
     }
