@@ -49,8 +49,8 @@ inline void Verifica(bool ok, const char* what) {
     std::abort();
 }
 
-// True when text holds a control character: a CR reads as a line end once written back, and a tab
-// left at the end by a NUL that cut the value is trimmed on the next read.
+// True when text holds a control character, such as a CR that reads as a line end once the value
+// is written back.
 inline bool ConControllo(const std::string& text) {
     for (const char ch : text)
         if (static_cast<unsigned char>(ch) < 0x20) return true;
