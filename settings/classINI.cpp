@@ -114,9 +114,8 @@ std::string classINI::leggi(const std::string& path, std::string_view section, s
         if (!inside) continue;
         const auto found = chiave(line);
         if (!found || !UgualiSenzaMaiuscole(*found, k)) continue;
-        std::string_view v = valore(line);
-        // A NUL ends the value; blanks before it go as they go at the end of an unquoted value.
-        if (const size_t nul = v.find('\0'); nul != std::string_view::npos) v = trim(v.substr(0, nul));
+        // A NUL ends the line: the value before it is trimmed and unquoted as any other.
+        std::string_view v = valore(line.substr(0, line.find('\0')));
         if (bufferSize > 0 && v.size() > bufferSize - 1) v = v.substr(0, bufferSize - 1);
         return AnsiToUtf8(v);
     }
