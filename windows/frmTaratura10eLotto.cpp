@@ -52,6 +52,8 @@ void frmTaratura10eLotto::creaControlli() {
     setObjectName(QStringLiteral("frmTaratura10eLotto"));
     setWindowTitle(QStringLiteral("Taratura Scheda 10eLotto"));
     auto* columns = new QHBoxLayout(this);
+    // Room for the longest captions of the boxes and the quality option in every language.
+    setMinimumWidth(760);
     auto* grid = new QGridLayout;
     columns->addLayout(grid);
     for (int f = 0; f < 6; ++f) {
