@@ -21,85 +21,58 @@ Corpo Forecast(const std::vector<int>& numbers, int len) {
 }
 } // namespace
 
-TEST(SommaDialog, LimitsAreTheSumsOfTheSmallestAndLargestNumbers) {
+TEST(SommaDialog, LimitsAndTheValuesShownAtLoad) {
     Corpo c = Forecast({40, 3, 90, 12, 7}, 3);
     const LimitiSomma l = CaricaSomma(c);
     EXPECT_EQ(l.labMin, 3 + 7 + 12);
     EXPECT_EQ(l.labMax, 12 + 40 + 90);
     EXPECT_EQ(c.pronostico.Numeri[0], 3); // Numeri sorted at load
+
+    // The stored value only when set and within the limits of the (possibly new) forecast.
+    const LimitiSomma m{30, 200};
+    EXPECT_EQ(ValoreSommaIniziale(50, m, m.labMin), 50);
+    EXPECT_EQ(ValoreSommaIniziale(0, m, m.labMin), 30);
+    EXPECT_EQ(ValoreSommaIniziale(29, m, m.labMin), 30);
+    EXPECT_EQ(ValoreSommaIniziale(201, m, m.labMax), 200);
+    EXPECT_EQ(ValoreSommaIniziale(200, m, m.labMax), 200);
 }
 
-TEST(SommaDialog, StoredValueShownOnlyWhenSetAndWithinTheNewForecast) {
-    const LimitiSomma l{30, 200};
-    EXPECT_EQ(ValoreSommaIniziale(50, l, l.labMin), 50);
-    EXPECT_EQ(ValoreSommaIniziale(0, l, l.labMin), 30);
-    EXPECT_EQ(ValoreSommaIniziale(29, l, l.labMin), 30); // below the minimum of a new forecast
-    EXPECT_EQ(ValoreSommaIniziale(201, l, l.labMax), 200);
-    EXPECT_EQ(ValoreSommaIniziale(200, l, l.labMax), 200);
-}
-
-TEST(SommaDialog, ValidRangeClosesAndIsWritten) {
-    Corpo c;
-    test::FakeUi ui;
-    const EsitoSomma e = ChiudiSomma(c, ui, {30, 200}, 40, 150);
-    EXPECT_TRUE(e.chiudi);
-    EXPECT_TRUE(ui.boxes.empty());
-    EXPECT_EQ(c.condizioni.SommaMinMax[0], 40);
-    EXPECT_EQ(c.condizioni.SommaMinMax[1], 150);
-}
-
-TEST(SommaDialog, EveryFailedCheckBeepsAndWarnsYetTheValuesAreKept) {
-    Corpo c;
-    test::FakeUi ui;
-    int beeps = 0;
-    // A reversed range within the limits fails the first check only.
-    const EsitoSomma e = ChiudiSomma(c, ui, {30, 200}, 150, 40, [&] { ++beeps; });
-    EXPECT_FALSE(e.chiudi);
-    EXPECT_EQ(beeps, 1);
-    ASSERT_EQ(ui.boxes.size(), 1u);
-    EXPECT_EQ(ui.boxes[0].text, "<0022>");
-    EXPECT_EQ(ui.boxes[0].title, " !!! ERROR !!! ");
-    EXPECT_EQ(ui.boxes[0].icon, BoxIcon::Exclamation);
-    EXPECT_EQ(e.focus, CampoSomma::A);
-    EXPECT_EQ(c.condizioni.SommaMinMax[0], 150);
-    EXPECT_EQ(c.condizioni.SommaMinMax[1], 40);
-
-    // A range wider than the forecast fails the second and the third, both shown.
-    ui.boxes.clear();
-    const EsitoSomma e2 = ChiudiSomma(c, ui, {30, 200}, 10, 300, [&] { ++beeps; });
-    EXPECT_FALSE(e2.chiudi);
-    ASSERT_EQ(ui.boxes.size(), 2u);
-    EXPECT_EQ(ui.boxes[0].text, "<0023>");
-    EXPECT_EQ(ui.boxes[1].text, "<0024>");
-    EXPECT_EQ(e2.focus, CampoSomma::A); // the last failed check moves the focus last
-    EXPECT_EQ(beeps, 3);
-}
-
-TEST(SommaDialog, EmptyBoxReadsAsZeroSkipsItsCheckAndKeepsTheOldValue) {
-    Corpo c;
-    c.condizioni.SommaMinMax = {77, 88};
-    test::FakeUi ui;
-    const EsitoSomma e = ChiudiSomma(c, ui, {30, 200}, std::nullopt, 150);
-    EXPECT_TRUE(e.chiudi);
-    EXPECT_EQ(c.condizioni.SommaMinMax[0], 77);
-    EXPECT_EQ(c.condizioni.SommaMinMax[1], 150);
-
-    // An empty meA is 0 for the first check, so any minimum exceeds it.
-    const EsitoSomma e2 = ChiudiSomma(c, ui, {30, 200}, 40, std::nullopt);
-    EXPECT_FALSE(e2.chiudi);
-    ASSERT_EQ(ui.boxes.size(), 1u);
-    EXPECT_EQ(ui.boxes[0].text, "<0022>");
-    EXPECT_EQ(c.condizioni.SommaMinMax[1], 150);
-}
-
-TEST(SommaDialog, LockedSystemClosesWithoutChecksOrWrites) {
-    Corpo c;
-    c.SistemaBloccato = -1;
-    c.condizioni.SommaMinMax = {5, 6};
-    test::FakeUi ui;
-    EXPECT_TRUE(ChiudiSomma(c, ui, {30, 200}, 300, 10).chiudi);
-    EXPECT_TRUE(ui.boxes.empty());
-    EXPECT_EQ(c.condizioni.SommaMinMax[0], 5);
+// Every failed check beeps and warns, the last one moves the focus; the values in the boxes are
+// written even when refused, an empty box reads as 0 for its check and keeps the old value.
+TEST(SommaDialog, ClosingChecksAndWrites) {
+    const struct {
+        bool bloccato;
+        std::optional<int> da, a;
+        bool chiudi;
+        std::vector<std::string> boxes;
+        std::array<int16_t, 2> somma;
+    } casi[] = {
+        {false, 40, 150, true, {}, {40, 150}},
+        {false, 150, 40, false, {"<0022>"}, {150, 40}},
+        {false, 10, 300, false, {"<0023>", "<0024>"}, {10, 300}},
+        {false, std::nullopt, 150, true, {}, {77, 150}},
+        {false, 40, std::nullopt, false, {"<0022>"}, {40, 88}},
+        {true, 300, 10, true, {}, {77, 88}}, // a locked system closes without checks or writes
+    };
+    for (const auto& k : casi) {
+        SCOPED_TRACE(k.da.value_or(-1) * 1000 + k.a.value_or(-1));
+        Corpo c;
+        c.condizioni.SommaMinMax = {77, 88};
+        c.SistemaBloccato = k.bloccato ? -1 : 0;
+        test::FakeUi ui;
+        int beeps = 0;
+        const EsitoSomma e = ChiudiSomma(c, ui, {30, 200}, k.da, k.a, [&] { ++beeps; });
+        EXPECT_EQ(e.chiudi, k.chiudi);
+        EXPECT_EQ(e.focus, k.chiudi ? CampoSomma::Nessuno : CampoSomma::A);
+        EXPECT_EQ(beeps, static_cast<int>(k.boxes.size()));
+        ASSERT_EQ(ui.boxes.size(), k.boxes.size());
+        for (size_t i = 0; i < k.boxes.size(); ++i) {
+            EXPECT_EQ(ui.boxes[i].text, k.boxes[i]);
+            EXPECT_EQ(ui.boxes[i].title, " !!! ERROR !!! ");
+            EXPECT_EQ(ui.boxes[i].icon, BoxIcon::Exclamation);
+        }
+        EXPECT_EQ(c.condizioni.SommaMinMax, k.somma);
+    }
 }
 
 TEST(ConditionSwitch, OnlyIndexZeroSwitchesOn) {
@@ -120,7 +93,6 @@ TEST(PariDialog, ShowsCellsUpToLengthAndKeepsHiddenEntries) {
     DialogoPari d(c);
     EXPECT_TRUE(d.visibile(10));
     EXPECT_FALSE(d.visibile(11));
-    EXPECT_TRUE(d.acceso(3));
     EXPECT_TRUE(d.acceso(20));
     EXPECT_FALSE(d.click(3));
     EXPECT_EQ(c.condizioni.TabPari[3], Falso); // written at the click
@@ -129,27 +101,23 @@ TEST(PariDialog, ShowsCellsUpToLengthAndKeepsHiddenEntries) {
     EXPECT_EQ(c.condizioni.TabPari[20], Vero);
 }
 
-TEST(ConsecutiviDialog, LongestRunOfTheForecastIsHeldAtLength) {
+TEST(ConsecutiviDialog, LongestRunHeldAtLengthAndTheMaskRoundTripsHiddenCellsIncluded) {
     Corpo c = Forecast({1, 2, 3, 7, 8, 20, 21, 22, 23, 24}, 4);
-    DialogoConsecutivi d(c);
-    EXPECT_EQ(d.sequenzaMassima(), 4); // 20..24 is five long, held at LenColonna
+    EXPECT_EQ(DialogoConsecutivi(c).sequenzaMassima(), 4); // 20..24 is five long
     c.LenColonna = 10;
     EXPECT_EQ(SequenzaPronostico(c), 5);
     Corpo spread = Forecast({2, 4, 6}, 2);
     EXPECT_EQ(DialogoConsecutivi(spread).sequenzaMassima(), 1);
-}
 
-TEST(ConsecutiviDialog, MaskRoundTripsThroughTheCellsHiddenOnesIncluded) {
-    Corpo c = Forecast(test::Range(1, 12), 5);
-    c.consecutivi.MaskConsecutivi = Potenze2[1] | Potenze2[3] | Potenze2[9];
-    DialogoConsecutivi d(c);
-    EXPECT_TRUE(d.acceso(1));
+    Corpo m = Forecast(test::Range(1, 12), 5);
+    m.consecutivi.MaskConsecutivi = Potenze2[1] | Potenze2[3] | Potenze2[9];
+    DialogoConsecutivi d(m);
     EXPECT_TRUE(d.acceso(9));
     EXPECT_FALSE(d.visibile(9));
     d.click(3);
     d.click(2);
     d.chiudi();
-    EXPECT_EQ(c.consecutivi.MaskConsecutivi, Potenze2[1] | Potenze2[2] | Potenze2[9]);
+    EXPECT_EQ(m.consecutivi.MaskConsecutivi, Potenze2[1] | Potenze2[2] | Potenze2[9]);
 }
 
 TEST(FisseDialog, OnlyForecastNumbersUpToOneFreePosition) {
@@ -160,62 +128,46 @@ TEST(FisseDialog, OnlyForecastNumbersUpToOneFreePosition) {
     EXPECT_TRUE(d.click(4));
     EXPECT_TRUE(d.click(9));
     EXPECT_FALSE(d.click(14)); // the limit
-    EXPECT_EQ(d.conteggio(), 2);
-    EXPECT_TRUE(d.click(4)); // off again
+    EXPECT_TRUE(d.click(4));   // off again
     EXPECT_TRUE(d.click(14));
+    EXPECT_EQ(d.conteggio(), 2);
     d.chiudi();
     EXPECT_EQ(c.condizioni.TabFisse[5], 0);
-    EXPECT_EQ(c.condizioni.TabFisse[10], 1);
     EXPECT_EQ(c.condizioni.TabFisse[15], 1);
     EXPECT_EQ(c.condizioni.NumFisse, 2);
+
+    Corpo uno = Forecast({5, 10}, 1);
+    DialogoFisse u(uno);
+    EXPECT_EQ(u.limite(), 0);
+    EXPECT_FALSE(u.click(4));
 }
 
-TEST(FisseDialog, LengthOneFixesNothing) {
-    Corpo c = Forecast({5, 10}, 1);
-    DialogoFisse d(c);
-    EXPECT_EQ(d.limite(), 0);
-    EXPECT_FALSE(d.click(4));
+TEST(FisseDialog, ANumberDroppedFromTheForecastGoesAtLoadUnlessTheSystemIsLocked) {
+    for (const bool bloccato : {false, true}) {
+        Corpo c = Forecast({5, 10, 15}, 3);
+        c.condizioni.TabFisse[5] = 1;
+        c.condizioni.TabFisse[33] = 1;
+        c.condizioni.NumFisse = 2;
+        c.SistemaBloccato = bloccato ? -1 : 0;
+        DialogoFisse d(c);
+        EXPECT_EQ(d.conteggio(), 1);
+        EXPECT_EQ(c.condizioni.NumFisse, bloccato ? 2 : 1) << bloccato; // even if nothing is changed
+        d.chiudi();
+        EXPECT_EQ(c.condizioni.TabFisse[33], bloccato ? 1 : 0) << bloccato;
+    }
 }
 
-TEST(FisseDialog, NumberDroppedFromTheForecastDisappearsAtLoad) {
-    Corpo c = Forecast({5, 10, 15}, 3);
-    c.condizioni.TabFisse[5] = 1;
-    c.condizioni.TabFisse[33] = 1;
-    c.condizioni.NumFisse = 2;
-    DialogoFisse d(c);
-    EXPECT_EQ(d.conteggio(), 1);
-    EXPECT_EQ(c.condizioni.NumFisse, 1); // even if the user changes nothing
-    d.chiudi();
-    EXPECT_EQ(c.condizioni.TabFisse[33], 0);
-}
-
-TEST(FisseDialog, LockedSystemIsShownButNotRewritten) {
-    Corpo c = Forecast({5, 10, 15}, 3);
-    c.condizioni.TabFisse[33] = 1;
-    c.condizioni.NumFisse = 1;
-    c.SistemaBloccato = -1;
-    DialogoFisse d(c);
-    d.chiudi();
-    EXPECT_EQ(c.condizioni.NumFisse, 1);
-    EXPECT_EQ(c.condizioni.TabFisse[33], 1);
-}
-
-TEST(Reductions, BarsKeepTheirValuesInRange) {
+TEST(Reductions, BarsKeepTheirValuesInRangeAndTheDialogClosedLastWins) {
     Corpo c;
     c.LenColonna = 6;
     c.condizioni.ValRidotto = 9;
     EXPECT_EQ(CaricaRidotto(c).valore, 6);
     EXPECT_EQ(CaricaRidotto(c).minimo, 0);
-    c.distanzaMinima.ValDistanzaMinima = 0;
-    EXPECT_EQ(CaricaDistanzaMinima(c).valore, 1);
-    c.distanzaMinima.ValDistanzaMinima = 4;
-    EXPECT_EQ(CaricaDistanzaMinima(c).valore, 4);
-    c.distanzaMinima.ValDistanzaMinima = 30;
-    EXPECT_EQ(CaricaDistanzaMinima(c).valore, 6);
-}
+    for (const auto& [stored, shown] : {std::pair{0, 1}, {4, 4}, {30, 6}}) {
+        c.distanzaMinima.ValDistanzaMinima = static_cast<int16_t>(stored);
+        EXPECT_EQ(CaricaDistanzaMinima(c).valore, shown) << stored;
+    }
 
-TEST(Reductions, TheDialogClosedLastWinsWithItsWarning) {
-    Corpo c;
     test::FakeUi ui;
     c.condizioni.CondRidotto = Vero;
     c.distanzaMinima.CondDistanzaMinima = Vero;

@@ -10,36 +10,15 @@
 
 using namespace dv;
 
-namespace {
-// A system of n columns of length 3: column j holds j, j+1, j+2.
-Corpo Sistema(int32_t n) {
-    Corpo c;
-    c.LenColonna = 3;
-    for (int32_t j = 1; j <= n; ++j) {
-        const uint8_t col[3] = {static_cast<uint8_t>(j), static_cast<uint8_t>(j + 1),
-                                static_cast<uint8_t>(j + 2)};
-        c.Colonne.setColumn(j, col, 3);
-    }
-    c.pronostico.NumColonne = n;
-    return c;
-}
-} // namespace
-
-TEST(Viewer, PanelsAreTenColumnsRoundedUp) {
-    EXPECT_EQ(PannelliSistema(10).ultimo(), 1);
-    EXPECT_EQ(PannelliSistema(11).ultimo(), 2);
-    EXPECT_EQ(PannelliSistema(4'000'000).ultimo(), 400'000);
-    EXPECT_EQ(PannelliSistema(0).ultimo(), 1);
-}
-
-TEST(Viewer, MovesStopAtTheFirstAndLastPanel) {
+TEST(Viewer, PanelsOfTenColumnsAndMovesThatStopAtTheEnds) {
+    for (const auto& [colonne, pannelli] : {std::pair{10, 1}, {11, 2}, {4'000'000, 400'000}, {0, 1}})
+        EXPECT_EQ(PannelliSistema(colonne).ultimo(), pannelli) << colonne;
     PannelliSistema p(125); // 13 panels
     p.avanti(10);
     EXPECT_EQ(p.corrente(), 11);
     p.avanti(10);
     EXPECT_EQ(p.corrente(), 13);
     p.indietro(1);
-    EXPECT_EQ(p.corrente(), 12);
     p.indietro(10);
     EXPECT_EQ(p.corrente(), 2);
     p.indietro(10);
@@ -50,26 +29,27 @@ TEST(Viewer, MovesStopAtTheFirstAndLastPanel) {
     EXPECT_EQ(p.corrente(), 1);
 }
 
-TEST(Viewer, LinesShowTwoDigitNumbersAndBlankPastTheEnd) {
-    Corpo c = Sistema(11);
-    auto primo = RighePannello(c, 1);
+TEST(Viewer, LinesShowTwoDigitNumbersAndBlankPastTheEndEvenWithOldCellsInTheStore) {
+    Corpo c;
+    c.LenColonna = 3;
+    for (int32_t j = 1; j <= 12; ++j) {
+        const uint8_t col[3] = {static_cast<uint8_t>(j), static_cast<uint8_t>(j + 1),
+                                static_cast<uint8_t>(j + 2)};
+        c.Colonne.setColumn(j, col, 3);
+    }
+    c.pronostico.NumColonne = 11; // a re-development kept fewer columns than the store holds
+    const auto primo = RighePannello(c, 1);
     EXPECT_EQ(primo[0], "  01-02-03");
     EXPECT_EQ(primo[9], "  10-11-12");
-    auto secondo = RighePannello(c, 2);
+    const auto secondo = RighePannello(c, 2);
     EXPECT_EQ(secondo[0], "  11-12-13");
     for (int i = 1; i < 10; ++i)
         EXPECT_EQ(secondo[static_cast<size_t>(i)], "  ");
-}
-
-TEST(Viewer, ColumnsBeyondTheSystemStayBlankEvenWithOldCellsInTheStore) {
-    Corpo c = Sistema(12);
-    c.pronostico.NumColonne = 11; // a re-development kept fewer columns
-    EXPECT_EQ(RigaColonna(c, 12), "  ");
     c.LenColonna = 1;
     EXPECT_EQ(RigaColonna(c, 1), "  01");
 }
 
-TEST(ForecastOrder, LoadSortsAndClosingUntouchedLeavesNumeriAscending) {
+TEST(ForecastOrder, LoadSortsAndADropExchangesTwoCellsPaintingThemYellow) {
     Corpo c;
     test::SetForecast(c, {30, 4, 17, 88});
     std::reverse(c.pronostico.Numeri.begin(), c.pronostico.Numeri.begin() + 4);
@@ -77,15 +57,6 @@ TEST(ForecastOrder, LoadSortsAndClosingUntouchedLeavesNumeriAscending) {
     ASSERT_EQ(o.quanti(), 4);
     EXPECT_EQ(o.numero(0), 4);
     EXPECT_EQ(o.coloreTesto(0), 0xFFFFFFu);
-    o.chiudi();
-    EXPECT_EQ(c.pronostico.Numeri[0], 4);
-    EXPECT_EQ(c.pronostico.Numeri[3], 88);
-}
-
-TEST(ForecastOrder, DropExchangesTwoCellsAndPaintsThemYellow) {
-    Corpo c;
-    test::SetForecast(c, {4, 17, 30, 88});
-    OrdinePronostico o(c);
     EXPECT_FALSE(o.rilascia(1, 1));
     EXPECT_FALSE(o.rilascia(1, 4)); // no number there
     EXPECT_TRUE(o.rilascia(0, 3));
@@ -94,6 +65,7 @@ TEST(ForecastOrder, DropExchangesTwoCellsAndPaintsThemYellow) {
     EXPECT_EQ(o.coloreTesto(1), 0xFFFFFFu);
     o.chiudi();
     EXPECT_EQ(c.pronostico.Numeri[0], 88);
+    EXPECT_EQ(c.pronostico.Numeri[1], 17);
     EXPECT_EQ(c.pronostico.Numeri[3], 4);
     EXPECT_EQ(c.pronostico.Quanti, 4);
 }
@@ -115,16 +87,12 @@ TEST(ForecastOrder, RandomOrderIsAPermutationFixedBySeedWithTheNextColour) {
     EXPECT_EQ(std::set<int>(va.begin(), va.end()).size(), 20u);
     EXPECT_EQ(a.contatore(), 1);
     EXPECT_EQ(a.coloreTesto(0), 8454016u); // with 200 exchanges every cell is touched
-
     for (int press = 2; press <= 5; ++press)
         a.casuale(static_cast<uint32_t>(press));
     EXPECT_EQ(a.contatore(), 0);
     EXPECT_EQ(a.coloreTesto(5), 65535u);
-}
 
-TEST(ForecastOrder, SingleNumberHasNothingToExchange) {
-    Corpo c;
-    test::SetForecast(c, {42});
+    test::SetForecast(c, {42}); // a single number has nothing to exchange
     OrdinePronostico o(c);
     o.casuale(7);
     EXPECT_EQ(o.numero(0), 42);

@@ -8,7 +8,7 @@
 
 using namespace dv;
 
-TEST(Costo, KindOfPlayMultipliesTheStake) {
+TEST(Costo, KindOfPlayMultipliesTheStakeOfEachOption) {
     Corpo c;
     test::FakeUi ui;
     ImpostaImporto(c, ui, 3);     // 2,5
@@ -18,11 +18,8 @@ TEST(Costo, KindOfPlayMultipliesTheStake) {
     c.pronostico.NumColonne = 1'000'001;
     EXPECT_DOUBLE_EQ(CostoSistema(c), 7'500'007.5);
     EXPECT_EQ(ui.calls, (std::vector<std::string>{"ViewStatusBar", "ViewStatusBar"}));
-}
 
-TEST(Costo, EveryStakeOptionIsItsTagInTenths) {
-    Corpo c;
-    test::FakeUi ui;
+    // Every stake option is its tag in tenths.
     const double expected[] = {1, 1.5, 2, 2.5, 3, 5, 10, 20, 50, 200};
     for (int i = 0; i < 10; ++i) {
         ImpostaImporto(c, ui, i);
@@ -45,7 +42,7 @@ TEST(Testi, NumbersInPlayAndIntegralFollowTheSelection) {
     EXPECT_EQ(IntegraleMostrato(c), 0.0);
 }
 
-TEST(Percorsi, SaveAndExportNamesFollowTheCurrentFile) {
+TEST(Percorsi, SaveAndExportNamesFollowTheCurrentFileAndANewSystemIsNuovoDvs) {
     Corpo c;
     c.AppDir = "/data/Dorvanta";
     c.FileCorrente = "/elsewhere/Colonne.TXT";
@@ -54,12 +51,8 @@ TEST(Percorsi, SaveAndExportNamesFollowTheCurrentFile) {
     c.FileCorrente = "/data/Dorvanta/sistemi/mio.dvs";
     EXPECT_EQ(PercorsoSalva(c), "/data/Dorvanta/sistemi/mio.dvs");
     EXPECT_EQ(NomeEsportazione(c), "mio.txt");
-}
 
-TEST(Percorsi, NewSystemResetsAndNamesNuovoDvs) {
-    Corpo c;
     test::FakeUi ui;
-    c.AppDir = "/data/Dorvanta";
     test::SetForecast(c, test::Range(1, 12));
     c.FileCorrente = "/x/Altro.dvs";
     c.TitoloFile = "altro.dvs";

