@@ -17,33 +17,34 @@ namespace {
 
 const std::string Dati = DV_ARCHIVE_TEST_DATA;
 
-TEST(ConvertArchivioTmpToDat, GoldenFileWithEverySeparatorHeadingsAndWrongFieldCounts) {
+// The golden file holds every separator, headings and lines of the wrong field count; its line ends
+// turned to LF (none after the last line) or CR give the same records, and an empty source an
+// empty archive.
+TEST(ConvertArchivioTmpToDat, GoldenFileWithEveryKindOfLineEndAndAnEmptySource) {
     test::TempDir dir;
-    const std::string out = dir.file("a.dat");
-    const EsitoConversione e = ConvertArchivioTmpToDat(Dati + "/separatori.txt", out);
+    const EsitoConversione e = ConvertArchivioTmpToDat(Dati + "/separatori.txt", dir.file("a.dat"));
     ASSERT_TRUE(e.completata());
     EXPECT_EQ(e.estrazioni, 7);
-    EXPECT_EQ(test::LeggiFile(out), test::LeggiFile(Dati + "/separatori.dat"));
+    const std::string atteso = test::LeggiFile(Dati + "/separatori.dat");
+    EXPECT_EQ(dir.read("a.dat"), atteso);
     EXPECT_FALSE(dir.exists("a.dat.new"));
-}
-
-TEST(ConvertArchivioTmpToDat, LineEndsOfEveryKindAndNoneAtTheEndGiveTheSameRecords) {
-    test::TempDir dir;
-    std::string crlf = test::LeggiFile(Dati + "/separatori.txt");
     std::string lf, cr;
-    for (size_t i = 0; i < crlf.size(); ++i) {
-        if (crlf[i] == '\r') continue;
-        lf += crlf[i];
-        cr += crlf[i] == '\n' ? '\r' : crlf[i];
+    for (const char ch : test::LeggiFile(Dati + "/separatori.txt")) {
+        if (ch == '\r') continue;
+        lf += ch;
+        cr += ch == '\n' ? '\r' : ch;
     }
-    lf.pop_back(); // no line end after the last line
-    for (const std::string& testo : {lf, cr}) {
+    lf.pop_back();
+    for (const auto& [testo, records] :
+         {std::pair{lf, atteso}, {cr, atteso}, {std::string(), std::string()}}) {
         ASSERT_TRUE(ConvertArchivioTmpToDat(dir.write("in.txt", testo), dir.file("a.dat")).completata());
-        EXPECT_EQ(dir.read("a.dat"), test::LeggiFile(Dati + "/separatori.dat"));
+        EXPECT_EQ(dir.read("a.dat"), records);
     }
+    test::FakeUi ui;
+    EXPECT_TRUE(ArchivioVuoto(LoadArchivioDAT(dir.file("a.dat"), dir.path(), ui)));
 }
 
-TEST(ConvertArchivioTmpToDat, AFieldThatCannotConvertKeepsThePreviousArchiveAndNamesItsLine) {
+TEST(ConvertArchivioTmpToDat, AFieldThatCannotConvertOrAMissingSourceKeepThePreviousArchive) {
     test::TempDir dir;
     const std::string out = dir.write("a.dat", "previous archive, byte for byte");
     const EsitoConversione e = ConvertArchivioTmpToDat(Dati + "/campo_non_valido.txt", out);
@@ -52,6 +53,8 @@ TEST(ConvertArchivioTmpToDat, AFieldThatCannotConvertKeepsThePreviousArchiveAndN
     EXPECT_EQ(e.campo, 6);
     EXPECT_EQ(e.testo, "x7");
     EXPECT_EQ(e.numeroErrore, 13);
+    EXPECT_EQ(ConvertArchivioTmpToDat(dir.file("missing.txt"), out).tipo,
+              EsitoConversione::Tipo::SorgenteIlleggibile);
     EXPECT_EQ(dir.read("a.dat"), "previous archive, byte for byte");
     EXPECT_FALSE(dir.exists("a.dat.new"));
 
@@ -64,33 +67,24 @@ TEST(ConvertArchivioTmpToDat, AFieldThatCannotConvertKeepsThePreviousArchiveAndN
 
 TEST(ConvertArchivioTmpToDat, ValuesOutsideTheirTypeAreRefusedAndTheLenientFieldsReadTheirLeadingNumber) {
     const std::string venti = " 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 ";
+    const struct {
+        std::string riga;
+        int campo;
+    } fuori[] = {{"01/01/2025 32768" + venti + "1 1", 1},
+                 {"01/01/2025 1 256" + venti.substr(2) + "1 1", 2},
+                 {"01/01/2025 1" + venti + "300 1", 22}};
     char r[DimensioneRecordEstrazione];
     int campo = -1;
-    EXPECT_EQ(ConvertiRigaEstrazione("01/01/2025 32768" + venti + "1 1", r, &campo), 6);
-    EXPECT_EQ(campo, 1);
-    EXPECT_EQ(ConvertiRigaEstrazione("01/01/2025 1 256" + venti.substr(2) + "1 1", r, &campo), 6);
-    EXPECT_EQ(campo, 2);
-    EXPECT_EQ(ConvertiRigaEstrazione("01/01/2025 1" + venti + "300 1", r, &campo), 6);
-    EXPECT_EQ(campo, 22);
+    for (const auto& k : fuori) {
+        EXPECT_EQ(ConvertiRigaEstrazione(k.riga, r, &campo), 6) << k.riga;
+        EXPECT_EQ(campo, k.campo);
+    }
     ASSERT_EQ(ConvertiRigaEstrazione("01/01/2025 32767" + venti + "12abc x", r, &campo), 0);
     const Estrazione e = EstrazioneDaRecord(r);
     EXPECT_EQ(e.Concorso, 32767);
     EXPECT_EQ(e.NumeroOro, 12);
     EXPECT_EQ(e.DoppioOro, 0);
     EXPECT_EQ(e.Numeri[20], 20);
-}
-
-TEST(ConvertArchivioTmpToDat, AnEmptySourceGivesAnEmptyArchiveAndAMissingOneChangesNothing) {
-    test::TempDir dir;
-    ASSERT_TRUE(ConvertArchivioTmpToDat(dir.write("vuoto.txt", ""), dir.file("a.dat")).completata());
-    EXPECT_EQ(dir.read("a.dat"), "");
-    test::FakeUi ui;
-    EXPECT_TRUE(ArchivioVuoto(LoadArchivioDAT(dir.file("a.dat"), dir.path(), ui)));
-
-    dir.write("a.dat", "kept");
-    const EsitoConversione e = ConvertArchivioTmpToDat(dir.file("missing.txt"), dir.file("a.dat"));
-    EXPECT_EQ(e.tipo, EsitoConversione::Tipo::SorgenteIlleggibile);
-    EXPECT_EQ(dir.read("a.dat"), "kept");
 }
 
 // Random lines mixing draw lines, separators of every kind, doubled separators, bad fields and
@@ -100,21 +94,11 @@ TEST(ConvertArchivioTmpToDat, MatchesTheLiteralReadingOnRandomSources) {
     const char separatori[] = {' ', '\t', '-', ',', ';', '.', '|'};
     auto scegli = [&](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
     auto campo = [&](int k) -> std::string {
-        switch (scegli(40)) {
-        case 0:
-            return "";
-        case 1:
-            return "x" + std::to_string(scegli(9));
-        case 2:
-            return std::to_string(250 + scegli(300));
-        case 3:
-            return "+" + std::to_string(scegli(90));
-        case 4:
-            return std::to_string(scegli(9)) + "e" + std::to_string(scegli(4));
-        case 5:
-            return "7y";
-        default:
-            break;
+        if (scegli(40) < 6) { // junk: empty, not a number, beyond a byte, signed, an exponent
+            const std::string n = std::to_string(scegli(90)), e = std::to_string(scegli(4));
+            const std::string junk[] = {"",      "x" + n,     std::to_string(250 + scegli(300)),
+                                        "+" + n, n + "e" + e, "7y"};
+            return junk[scegli(6)];
         }
         if (k == 0)
             return (scegli(2) ? "0" : "1") + std::to_string(1 + scegli(9)) + "/0" +
