@@ -9,18 +9,20 @@ using namespace dv;
 namespace {
 std::array<bool, 90> Griglia(const std::vector<int>& numeri) {
     std::array<bool, 90> g{};
-    for (int n : numeri) g[static_cast<size_t>(n - 1)] = true;
+    for (int n : numeri)
+        g[static_cast<size_t>(n - 1)] = true;
     return g;
 }
 
-CondizioneDistanza Condizione(std::initializer_list<int> coppie, std::initializer_list<int> minime, bool on) {
+CondizioneDistanza Condizione(std::initializer_list<int> coppie, std::initializer_list<int> minime) {
     CondizioneDistanza cd;
-    for (int k : coppie) cd.Posizioni[++cd.NumPosizioni] = static_cast<uint8_t>(k);
+    for (int k : coppie)
+        cd.Posizioni[++cd.NumPosizioni] = static_cast<uint8_t>(k);
     for (int d : minime) {
         cd.DistanzaMin[static_cast<size_t>(d)] = Vero;
         ++cd.NumDistanzeMin;
     }
-    cd.Stato = on ? Vero : Falso;
+    cd.Stato = Vero;
     return cd;
 }
 } // namespace
@@ -32,35 +34,25 @@ TEST(LimitiDaPronostico, NarrowestNeighboursAndTheGapLeftAfterTheLowestNumbers) 
     EXPECT_TRUE(l.calcolati);
     EXPECT_EQ(l.minima, 2);
     EXPECT_EQ(l.massima, 48);
-
     l = LimitiDaPronostico(Griglia(test::Range(1, 90)), 2);
     EXPECT_EQ(l.minima, 1);
     EXPECT_EQ(l.massima, 89);
     l = LimitiDaPronostico(Griglia({10, 20, 30}), 3);
     EXPECT_EQ(l.minima, 10);
     EXPECT_EQ(l.massima, 10);
-}
-
-TEST(LimitiDaPronostico, NoLimitsWhenTheForecastCannotFillAColumnOrAColumnHasNoPair) {
+    // None when the forecast cannot fill a column or a column has no pair.
     EXPECT_FALSE(LimitiDaPronostico(Griglia({1, 2, 3}), 4).calcolati);
     EXPECT_FALSE(LimitiDaPronostico(Griglia({1, 2, 3}), 1).calcolati);
     EXPECT_FALSE(LimitiDaPronostico(Griglia({}), 4).calcolati);
 }
 
-TEST(EditorDistanze, LoadHidesPairsBeyondTheColumnAndDistancesOutsideTheLimits) {
+TEST(EditorDistanze, LoadShowsRecordOneAndReadingAPanelListsPairsAscendingAndCountsTheDistances) {
     Corpo c;
     c.LenColonna = 4;
     test::SetForecast(c, {3, 5, 12, 20, 33, 60});
-    c.CondizioniDistanza.append(Condizione({1, 3}, {2, 7}, true));
+    c.CondizioniDistanza.append(Condizione({1, 3}, {2, 7}));
     EditorDistanze e(c, c.CondizioniDistanza);
-
-    EXPECT_TRUE(e.coppiaVisibile(3));
-    EXPECT_FALSE(e.coppiaVisibile(4));
-    EXPECT_FALSE(e.distanzaVisibile(1));
-    EXPECT_TRUE(e.distanzaVisibile(2));
-    EXPECT_TRUE(e.distanzaVisibile(48));
-    EXPECT_FALSE(e.distanzaVisibile(49));
-    EXPECT_FALSE(e.clickDistanzaMax(60));
+    EXPECT_FALSE(e.clickDistanzaMax(60)) << "beyond the forecast's limits";
     EXPECT_TRUE(e.coppia(1));
     EXPECT_FALSE(e.coppia(2));
     EXPECT_TRUE(e.coppia(3));
@@ -68,67 +60,31 @@ TEST(EditorDistanze, LoadHidesPairsBeyondTheColumnAndDistancesOutsideTheLimits) 
     EXPECT_TRUE(e.acceso());
     EXPECT_EQ(e.totaleON(), 1);
     EXPECT_EQ(e.totaleOFF(), 24);
-}
 
-TEST(EditorDistanze, ReadingAPanelListsPairsAscendingAndCountsTheDistances) {
-    Corpo c;
-    c.LenColonna = 6;
-    test::SetForecast(c, test::Range(1, 30));
-    EditorDistanze e(c, c.CondizioniDistanza);
-    for (int k : {4, 1, 2}) e.clickCoppia(k);
-    for (int d : {3, 1}) e.clickDistanzaMin(d);
+    e.sposta(Spostamento::Avanti1);
+    for (int k : {3, 1, 2})
+        e.clickCoppia(k);
+    for (int d : {3, 2})
+        e.clickDistanzaMin(d);
     e.clickDistanzaMax(9);
     e.clickStato(true);
-
     const CondizioneDistanza cd = e.leggiPannello();
     EXPECT_EQ(cd.NumPosizioni, 3);
     EXPECT_EQ(cd.Posizioni[1], 1);
     EXPECT_EQ(cd.Posizioni[2], 2);
-    EXPECT_EQ(cd.Posizioni[3], 4);
+    EXPECT_EQ(cd.Posizioni[3], 3);
     EXPECT_EQ(cd.Posizioni[4], 0);
     EXPECT_EQ(cd.NumDistanzeMin, 2);
-    EXPECT_EQ(cd.DistanzaMin[1], Vero);
-    EXPECT_EQ(cd.DistanzaMin[2], Falso);
+    EXPECT_EQ(cd.DistanzaMin[2], Vero);
+    EXPECT_EQ(cd.DistanzaMin[4], Falso);
     EXPECT_EQ(cd.NumDistanzeMax, 1);
     EXPECT_EQ(cd.DistanzaMax[9], Vero);
     EXPECT_EQ(cd.Stato, Vero);
 }
 
-TEST(EditorDistanze, StepOfFiveAndCompactionAtClose) {
-    Corpo c;
-    c.LenColonna = 5;
-    test::SetForecast(c, test::Range(1, 40));
-    EditorDistanze e(c, c.CondizioniDistanza);
-    e.sposta(Spostamento::Avanti2);
-    EXPECT_EQ(e.indice(), 6);
-    e.clickCoppia(2);
-    e.sposta(Spostamento::Avanti2); // panel 6 stays OFF
-    e.sposta(Spostamento::Avanti2);
-    e.sposta(Spostamento::Avanti2);
-    e.sposta(Spostamento::Avanti1);
-    e.sposta(Spostamento::Avanti1);
-    e.sposta(Spostamento::Avanti1);
-    EXPECT_EQ(e.indice(), 24);
-    e.sposta(Spostamento::Indietro1);
-    EXPECT_EQ(e.indice(), 23);
-    e.sposta(Spostamento::Avanti2);
-    EXPECT_EQ(e.indice(), 25);
-    e.clickCoppia(4);
-    e.clickStato(true);
-    e.chiudi();
-
-    ASSERT_EQ(c.CondizioniDistanza.count(), 1);
-    EXPECT_EQ(c.CondizioniDistanza[1].Posizioni[1], 4);
-    EXPECT_EQ(c.CondizioniDistanza[1].Stato, Vero);
-    bool offTrovato = false;
-    for (int i = 2; i <= c.CondizioniDistanza.stored(); ++i)
-        offTrovato |= c.CondizioniDistanza[i].NumPosizioni == 1 && c.CondizioniDistanza[i].Posizioni[1] == 2;
-    EXPECT_TRUE(offTrovato) << "the OFF panel is kept behind";
-}
-
 TEST(EditorDistanze, EmptyForecastLeavesEveryLabelAndAnEmptyPanel) {
     Corpo c;
-    c.CondizioniDistanza.append(Condizione({1}, {5}, true));
+    c.CondizioniDistanza.append(Condizione({1}, {5}));
     EditorDistanze e(c, c.CondizioniDistanza);
     EXPECT_TRUE(e.pronosticoVuoto());
     EXPECT_FALSE(e.limiti().calcolati);
@@ -142,7 +98,7 @@ TEST(EditorDistanze, LockedSystemLeavesTheTableAsItWas) {
     Corpo c;
     c.LenColonna = 3;
     test::SetForecast(c, test::Range(1, 10));
-    c.CondizioniDistanza.append(Condizione({1}, {1}, true));
+    c.CondizioniDistanza.append(Condizione({1}, {1}));
     c.SistemaBloccato = -1;
     EditorDistanze e(c, c.CondizioniDistanza);
     EXPECT_FALSE(e.clickCoppia(2));

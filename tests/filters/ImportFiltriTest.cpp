@@ -1,11 +1,9 @@
 #include "filters/ImportFiltri.h"
 
+#include "tests/settings/TempDir.h"
 #include "tests/support/FakeUi.h"
 
 #include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
 
 namespace dv {
 namespace {
@@ -45,12 +43,6 @@ std::vector<int> Primi(const TabellaFiltri& t, int32_t count) {
     return v;
 }
 
-struct TempFile {
-    std::filesystem::path path = std::filesystem::temp_directory_path() / "dv_importfiltri_test.txt";
-    explicit TempFile(const std::string& content) { std::ofstream(path, std::ios::binary) << content; }
-    ~TempFile() { std::filesystem::remove(path); }
-};
-
 TEST(ImportFiltri, RangesOfDatesAndDrawNumbers) {
     const ArrayEstrazioni a = Archivio();
     test::FakeUi ui;
@@ -79,18 +71,14 @@ TEST(ImportFiltri, ReadyMadeRangesAndDateList) {
     const ArrayEstrazioni a = Archivio();
     EXPECT_EQ(DateArchivio(a), (std::vector<std::string>{"01/03/2024", "02/03/2024", "03/03/2024"}));
     const IntervalloImport ultime = UltimeEstrazioni(a, 4);
-    EXPECT_EQ(ultime.dal, "02/03/2024");
-    EXPECT_EQ(ultime.concDal, "2");
-    EXPECT_EQ(ultime.al, "03/03/2024");
-    EXPECT_EQ(ultime.concAl, "9");
+    EXPECT_EQ(ultime.dal + " " + ultime.concDal + " " + ultime.al + " " + ultime.concAl,
+              "02/03/2024 2 03/03/2024 9");
     // 157 draws of an archive of 9 are all of them.
     EXPECT_EQ(UltimeEstrazioni(a, 157).dal, "01/03/2024");
     EXPECT_EQ(UltimeEstrazioni(a, 157).concDal, "1");
     const IntervalloImport giorni = UltimiGiorni(a, 2);
-    EXPECT_EQ(giorni.dal, "02/03/2024");
-    EXPECT_EQ(giorni.al, "03/03/2024");
-    EXPECT_EQ(giorni.concDal, "1");
-    EXPECT_EQ(giorni.concAl, "288");
+    EXPECT_EQ(giorni.dal + " " + giorni.concDal + " " + giorni.al + " " + giorni.concAl,
+              "02/03/2024 1 03/03/2024 288");
     EXPECT_EQ(UltimiGiorni(a, 5).dal, "01/03/2024");
     test::FakeUi ui;
     TabellaFiltri t;
@@ -110,25 +98,20 @@ TEST(ImportFiltri, LinesOfAFile) {
     EXPECT_EQ(RigaToColonnaFiltro("1 x2", 1).campo, "x2");
 
     test::FakeUi ui;
+    test::TempDir dir;
     TabellaFiltri t;
     t[1].Numeri[77] = 1;
     t.setCount(1);
-    {
-        TempFile f("1 2 3\r\n\r\n  4\t5  \r\n7 95\r\n8 9\n");
-        const auto n = loadFileToFilters(t, ui, f.path.string(), 1);
-        ASSERT_TRUE(n.has_value());
-        EXPECT_EQ(Primi(t, *n), (std::vector<int>{1, 4, 8}));
-        EXPECT_EQ(t[1].Numeri[77], 0);  // the table was replaced
-        ASSERT_EQ(ui.boxes.size(), 1u); // the line with 95 named
-        EXPECT_NE(ui.boxes[0].text.find("4: \"7 95\" (95)"), std::string::npos);
-    }
-    {
-        // A field that is no number: the table stays as it was, and the line is named.
-        TempFile f("10 11\nab 12\n");
-        EXPECT_FALSE(loadFileToFilters(t, ui, f.path.string(), 1).has_value());
-        EXPECT_EQ(Primi(t, 3), (std::vector<int>{1, 4, 8}));
-        EXPECT_NE(ui.boxes.back().text.find("2: \"ab 12\""), std::string::npos);
-    }
+    const auto n = loadFileToFilters(t, ui, dir.write("a.txt", "1 2 3\r\n\r\n  4\t5  \r\n7 95\r\n8 9\n"), 1);
+    ASSERT_TRUE(n.has_value());
+    EXPECT_EQ(Primi(t, *n), (std::vector<int>{1, 4, 8}));
+    EXPECT_EQ(t[1].Numeri[77], 0);  // the table was replaced
+    ASSERT_EQ(ui.boxes.size(), 1u); // the line with 95 named
+    EXPECT_NE(ui.boxes[0].text.find("4: \"7 95\" (95)"), std::string::npos);
+    // A field that is no number: the table stays as it was, and the line is named.
+    EXPECT_FALSE(loadFileToFilters(t, ui, dir.write("b.txt", "10 11\nab 12\n"), 1).has_value());
+    EXPECT_EQ(Primi(t, 3), (std::vector<int>{1, 4, 8}));
+    EXPECT_NE(ui.boxes.back().text.find("2: \"ab 12\""), std::string::npos);
     EXPECT_FALSE(loadFileToFilters(t, ui, "/nonexistent/x.txt", 1).has_value());
     EXPECT_EQ(ui.busyDepth, 0);
 }
@@ -138,11 +121,9 @@ TEST(ImportFiltri, LimitOfTheTableWithItsWarning) {
     for (int i = 0; i < MaxFiltri + 3; ++i)
         righe += std::to_string(1 + i % 90) + "\n";
     test::FakeUi ui;
+    test::TempDir dir;
     TabellaFiltri t;
-    {
-        TempFile f(righe);
-        EXPECT_EQ(loadFileToFilters(t, ui, f.path.string(), 1), MaxFiltri);
-    }
+    EXPECT_EQ(loadFileToFilters(t, ui, dir.write("f.txt", righe), 1), MaxFiltri);
     ASSERT_EQ(ui.boxes.size(), 1u);
     EXPECT_EQ(ui.boxes[0].text, "Raggiunto il limite di 150000 colonne filtro");
     EXPECT_EQ(ui.boxes[0].title, "Warning");
