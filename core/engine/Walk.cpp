@@ -70,6 +70,8 @@ private:
     bool plainLeaves(int& d);
     Mask lastNumbersAlone(const Level& p, int d) const;
     bool lastNumbers(int& d);
+    bool lastTwoNumbers(int d);
+    Mask fixedAndEven(int fixed, int even) const;
     bool keepAll();
     void fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, int32_t col0);
     bool unwind(int& d, int to);
@@ -88,6 +90,8 @@ private:
     DistanceBounds m_distances;
     bool m_distanceBounds; // distance conditions bound the prefixes (ascending forecasts)
     bool m_lastAsSet;      // the last number of a candidate is chosen from a set of numbers
+    // No reduction either: the last two numbers are chosen together under each prefix of len-2.
+    bool m_lastTwo;
 
     // Per index 1..n of the forecast, and per suffix start 1..n+1.
     std::array<uint8_t, MaxN + 2> m_value{};
@@ -112,6 +116,13 @@ private:
     // Open groups per table and depth: m_lists[table][depth * groups + k].
     std::array<std::vector<uint32_t>, 3> m_lists;
     std::array<const CompiledTable*, 3> m_tables{};
+    // The open groups of a prefix of len-2, each with the last numbers it lets pass when the
+    // next number is outside the group, and when it is inside.
+    struct PairGroup {
+        Mask numbers, without, with;
+        uint8_t weight;
+    };
+    std::array<std::vector<PairGroup>, 3> m_pairGroups;
     // Every candidate kept: the last m_tailLen numbers of all m_tailCount combinations of that
     // many numbers, in order, position by position.
     std::vector<uint8_t> m_tail;
@@ -141,7 +152,8 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
       m_filtering(!m_cond.andTable.satisfied || !m_cond.orTable.satisfied || !m_cond.xorTable.satisfied),
       m_ascending(std::is_sorted(numeri, numeri + n)), m_distances(c.CondizioniDistanza, m_len),
       m_distanceBounds(m_ascending && m_distances.count() > 0),
-      m_lastAsSet(m_ascending && m_len >= 2 && !m_plain) {
+      m_lastAsSet(m_ascending && m_len >= 2 && !m_plain),
+      m_lastTwo(m_lastAsSet && m_len >= 3 && m_kept.mode() == KeptIndex::Mode::Never) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
     for (int i = 1; i <= n; ++i) {
         const uint8_t v = numeri[i - 1];
@@ -186,8 +198,46 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
         m_runAhead[static_cast<size_t>(placed)] = placed < m_len ? longest + 1 : 0;
     }
     m_tables = {&m_cond.andTable, &m_cond.orTable, &m_cond.xorTable};
-    for (size_t t = 0; t < 3; ++t)
+    for (size_t t = 0; t < 3; ++t) {
         m_lists[t].resize(m_tables[t]->groups.size() * static_cast<size_t>(m_len + 1));
+        m_pairGroups[t].resize(m_tables[t]->groups.size());
+    }
+}
+
+// The numbers with which a filter group passes, h of its numbers being held already: the bits
+// of presenze for h hits (a number outside the group) and h+1 (a number inside).
+inline Mask GroupPasses(const Mask& numbers, uint32_t presenze, int h) {
+    const bool without = (presenze >> h) & 1u, with = (presenze >> (h + 1)) & 1u;
+    return without && with ? Mask::range(1, 127)
+           : without       ? Mask::range(1, 127) - numbers
+           : with          ? numbers
+                           : Mask{};
+}
+
+// How the longest run decides on the last number: any number, only the one that lengthens the
+// run at the end, none, or any but that one.
+enum class RunRule : uint8_t { Any, OnlyNext, None, AllButNext };
+
+inline RunRule RuleOf(uint32_t ammessi, int runMax, int runTail) {
+    const bool other = (ammessi >> runMax) & 1u;
+    const bool longer = (ammessi >> std::max(runMax, runTail + 1)) & 1u;
+    return other ? (longer ? RunRule::Any : RunRule::AllButNext)
+                 : (longer ? RunRule::OnlyNext : RunRule::None);
+}
+
+// allowed as the rule leaves it, next being the number that lengthens the run at the end.
+inline Mask ApplyRun(Mask allowed, RunRule rule, Mask next) {
+    switch (rule) {
+    case RunRule::Any:
+        return allowed;
+    case RunRule::OnlyNext:
+        return allowed & next;
+    case RunRule::None:
+        return Mask{};
+    case RunRule::AllButNext:
+        return allowed - next;
+    }
+    return allowed;
 }
 
 // Whether some completion of the prefix s, taking r more numbers from indices start..n, can
@@ -400,38 +450,37 @@ bool IntegralWalk::plainLeaves(int& d) {
     return true;
 }
 
+// The last numbers that the fixed numbers and the even count let pass, with `fixed` fixed and
+// `even` even numbers among the others.
+Mask IntegralWalk::fixedAndEven(int fixed, int even) const {
+    Mask allowed = Mask::range(1, 127);
+    if (m_cond.fisse) {
+        const int need = m_cond.numFisse - fixed;
+        allowed = need == 0 ? allowed - m_cond.fixedNumbers : need == 1 ? m_cond.fixedNumbers : Mask{};
+    }
+    if (m_cond.pari) {
+        const bool odd = (m_cond.pariAmmessi >> even) & 1u, twice = (m_cond.pariAmmessi >> (even + 1)) & 1u;
+        allowed = odd && twice ? allowed
+                  : odd        ? allowed - m_evenNumbers
+                  : twice      ? allowed & m_evenNumbers
+                               : Mask{};
+    }
+    return allowed;
+}
+
 // The numbers that can complete the prefix p of depth d = len-1 as far as the tests on a column
 // alone tell: fixed numbers, sum, even count, longest run, filter tables, and the distance
 // conditions read as true or false. Ascending forecasts only.
 Mask IntegralWalk::lastNumbersAlone(const Level& p, int d) const {
-    Mask allowed = Mask::range(1, 127);
-    if (m_cond.fisse) {
-        const int need = m_cond.numFisse - p.fixed;
-        allowed = need == 0 ? allowed - m_cond.fixedNumbers : need == 1 ? m_cond.fixedNumbers : Mask{};
-    }
+    Mask allowed = fixedAndEven(p.fixed, p.even);
     if (m_cond.somma) {
         const int lo = std::max(1, m_cond.sommaMin - p.sum), hi = std::min(127, m_cond.sommaMax - p.sum);
         allowed = allowed & Mask::range(lo, hi);
     }
-    if (m_cond.pari) {
-        const bool odd = (m_cond.pariAmmessi >> p.even) & 1u,
-                   even = (m_cond.pariAmmessi >> (p.even + 1)) & 1u;
-        allowed = odd && even ? allowed
-                  : odd       ? allowed - m_evenNumbers
-                  : even      ? allowed & m_evenNumbers
-                              : Mask{};
-    }
     const int last = m_cand[static_cast<size_t>(d - 1)];
-    if (m_cond.consecutivi) {
-        // Only last+1 lengthens the run at the end.
-        const Mask next = Mask::bit(last + 1);
-        const bool other = (m_cond.consecutiviAmmessi >> p.runMax) & 1u;
-        const bool longer = (m_cond.consecutiviAmmessi >> std::max(p.runMax, p.runTail + 1)) & 1u;
-        if (!other)
-            allowed = longer ? allowed & next : Mask{};
-        else if (!longer)
-            allowed = allowed - next;
-    }
+    if (m_cond.consecutivi)
+        allowed =
+            ApplyRun(allowed, RuleOf(m_cond.consecutiviAmmessi, p.runMax, p.runTail), Mask::bit(last + 1));
     // The groups open over the prefix of depth d-1: the prefix of depth d took no look at them.
     const Level& up = m_level[static_cast<size_t>(d - 1)];
     for (size_t t = 0; t < 3 && allowed.any(); ++t) {
@@ -441,12 +490,7 @@ Mask IntegralWalk::lastNumbersAlone(const Level& p, int d) const {
         Mask any, twice; // numbers with which some group passes; two or more (XOR)
         for (uint32_t k = 0; k < up.open[t]; ++k) {
             const FilterGroup& g = table.groups[open[k]];
-            const int h = Common(p.numbers, g.numbers);
-            const bool without = (g.presenze >> h) & 1u, with = (g.presenze >> (h + 1)) & 1u;
-            const Mask pass = without && with ? Mask::range(1, 127)
-                              : without       ? Mask::range(1, 127) - g.numbers
-                              : with          ? g.numbers
-                                              : Mask{};
+            const Mask pass = GroupPasses(g.numbers, g.presenze, Common(p.numbers, g.numbers));
             if (table.kind == TableKind::And) {
                 allowed = allowed & pass;
             } else {
@@ -490,6 +534,118 @@ bool IntegralWalk::lastNumbers(int& d) {
     }
     m_next[z] = m_n + 1;
     return j > m_n || m_progress.reject(static_cast<Count>(m_n + 1 - j));
+}
+
+// The candidates under the prefix of depth d = len-2 of an ascending forecast when no reduction
+// is in force. What the last number may be depends on the next one through a few facts (fixed,
+// even, lengthening the run, inside which groups) and through its value (sum, gaps): the parts
+// that depend on the facts are built once for the prefix, so that a next number that leaves no
+// last number costs a few operations on masks. False when the run ends.
+bool IntegralWalk::lastTwoNumbers(int d) {
+    const auto z = static_cast<size_t>(d);
+    const Level& p = m_level[z];
+    const int lastP = m_cand[z - 1];
+    // 1. Fixed numbers and even counts, by whether the next number is fixed and even.
+    std::array<Mask, 4> base;
+    for (int f = 0; f < 2; ++f)
+        for (int e = 0; e < 2; ++e)
+            base[static_cast<size_t>(f * 2 + e)] = fixedAndEven(p.fixed + f, p.even + e);
+    // 2. The longest run, by whether the next number follows the prefix's last one.
+    std::array<RunRule, 2> runs{RunRule::Any, RunRule::Any};
+    if (m_cond.consecutivi) {
+        runs[0] = RuleOf(m_cond.consecutiviAmmessi, std::max(p.runMax, 1), 1);
+        runs[1] = RuleOf(m_cond.consecutiviAmmessi, std::max(p.runMax, p.runTail + 1), p.runTail + 1);
+    }
+    // 3. The groups still open over the prefix.
+    std::array<uint32_t, 3> groups{};
+    for (size_t t = 0; t < 3; ++t) {
+        const CompiledTable& table = *m_tables[t];
+        if (table.satisfied || (t == 1 && p.orSatisfied)) continue;
+        const uint32_t* open = &m_lists[t][z * table.groups.size()];
+        for (uint32_t k = 0; k < p.open[t]; ++k) {
+            const FilterGroup& g = table.groups[open[k]];
+            const int h = Common(p.numbers, g.numbers);
+            m_pairGroups[t][k] = {g.numbers, GroupPasses(g.numbers, g.presenze, h),
+                                  GroupPasses(g.numbers, g.presenze, h + 1), g.weight};
+        }
+        groups[t] = p.open[t];
+    }
+    const bool orOpen = !m_tables[1]->satisfied && !p.orSatisfied;
+    const bool xorOpen = !m_tables[2]->satisfied;
+    const bool exact = !m_distanceBounds || m_distances.exact();
+    // 4. Each next number, and the last numbers it leaves.
+    Count pending = 0; // rejected candidates not yet reported
+    int j = m_next[z];
+    for (; j < m_n; ++j) {
+        const auto y = static_cast<size_t>(j);
+        const int v = m_value[y];
+        if (m_cond.somma && p.sum + v + m_value[y + 1] > m_cond.sommaMax) {
+            // A later next number and its least last number only raise the sum.
+            pending += Binomial(m_n - j + 1, 2);
+            j = m_n;
+            break;
+        }
+        Mask allowed = base[static_cast<size_t>(m_isFixed[y] * 2 + m_isEven[y])] & m_suffix[y + 1];
+        if (m_cond.somma)
+            allowed = allowed & Mask::range(std::max(1, m_cond.sommaMin - p.sum - v),
+                                            std::min(127, m_cond.sommaMax - p.sum - v));
+        if (m_cond.consecutivi) allowed = ApplyRun(allowed, runs[v == lastP + 1], Mask::bit(v + 1));
+        for (uint32_t k = 0; k < groups[0] && allowed.any(); ++k) {
+            const PairGroup& g = m_pairGroups[0][k];
+            allowed = allowed & (g.numbers.has(v) ? g.with : g.without);
+        }
+        if (orOpen && allowed.any()) {
+            Mask any;
+            for (uint32_t k = 0; k < groups[1]; ++k) {
+                const PairGroup& g = m_pairGroups[1][k];
+                any |= g.numbers.has(v) ? g.with : g.without;
+            }
+            allowed = allowed & any;
+        }
+        if (xorOpen && allowed.any()) {
+            Mask any, twice;
+            for (uint32_t k = 0; k < groups[2]; ++k) {
+                const PairGroup& g = m_pairGroups[2][k];
+                const Mask pass = g.numbers.has(v) ? g.with : g.without;
+                twice |= g.weight >= 2 ? pass : any & pass;
+                any |= pass;
+            }
+            allowed = p.xorPass == 0   ? allowed & (any - twice)
+                      : p.xorPass == 1 ? allowed - (any | twice)
+                                       : Mask{};
+        }
+        if (m_distanceBounds && allowed.any()) {
+            DistanceBounds::Gaps gaps = p.gaps;
+            m_distances.place(gaps, d, v - lastP);
+            allowed = allowed & m_distances.lastNumbers(gaps, v);
+        }
+        if (!allowed.any()) {
+            pending += static_cast<Count>(m_n - j);
+            continue;
+        }
+        // 5. The candidates with a last number from the set, through the exact last tests.
+        m_cand[z] = static_cast<uint8_t>(v);
+        m_idx[z] = static_cast<uint8_t>(j - 1);
+        const Mask indices = p.indices | Mask::bit(j - 1);
+        int next = j + 1;
+        for (int half = 0; half < 2; ++half) {
+            for (uint64_t w = half == 0 ? allowed.lo : allowed.hi; w != 0; w &= w - 1) {
+                const int u = 64 * half + std::countr_zero(w);
+                const int k = m_indexOf[static_cast<size_t>(u)];
+                pending += static_cast<Count>(k - next);
+                next = k + 1;
+                if (pending != 0 && !m_progress.reject(pending)) return false;
+                pending = 0;
+                m_cand[z + 1] = static_cast<uint8_t>(u);
+                m_idx[z + 1] = static_cast<uint8_t>(k - 1);
+                int leafDepth = d + 1;
+                if (!leaf(leafDepth, indices | Mask::bit(k - 1), exact)) return false;
+            }
+        }
+        pending += static_cast<Count>(m_n + 1 - next);
+    }
+    m_next[z] = m_n + 1;
+    return pending == 0 || m_progress.reject(pending);
 }
 
 // Stores the columns at offsets lo..hi-1 of the subtree whose position p starts at index i and
@@ -596,6 +752,11 @@ void IntegralWalk::run() {
     while (d >= 0) {
         const auto z = static_cast<size_t>(d);
         const int r = m_len - d - 1; // numbers still to come after the one entered now
+        if (r == 1 && m_lastTwo) {
+            if (!lastTwoNumbers(d)) return;
+            --d;
+            continue;
+        }
         if (r == 0 && (m_plain || m_lastAsSet)) {
             if (!(m_plain ? plainLeaves(d) : lastNumbers(d))) return;
             if (d == m_len - 1) --d;
