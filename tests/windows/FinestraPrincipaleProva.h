@@ -4,14 +4,23 @@
 
 #include "core/Cartelle.h"
 #include "platform/ApplyLanguage.h"
+#include "tests/windows/Controlli.h"
 #include "tests/windows/QueueDialogs.h"
+#include "windows/Aree.h"
 #include "windows/frmCalcoloWorker.h"
 #include "windows/frmMAIN.h"
 #include "windows/frmMAINOperazioni.h"
+#include "windows/QtUi.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -20,30 +29,42 @@
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
+#include <iterator>
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace dv::test {
+
+// The text of a language file shipped with the program ("italiano", "english").
+inline std::string LinguaSpedita(const std::string& nome) {
+    std::ifstream in(DV_SOURCE_DIR "/languages/" + nome + ".lng", std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
 
 class FinestraPrincipaleProva {
 protected:
     // A new main window, loaded and shown. Each pair is a language file's name and text; the
     // settings choose the first.
-    void apri(std::initializer_list<std::pair<const char*, const char*>> lingue) {
+    void apri(std::initializer_list<std::pair<const char*, std::string>> lingue, bool mostra = true) {
         namespace fs = std::filesystem;
         m_dir = std::make_unique<QTemporaryDir>();
         m_corpo = std::make_unique<Corpo>();
         ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
         for (const auto& [nome, testo] : lingue)
-            std::ofstream(fs::path(m_corpo->AppDir) / (std::string(nome) + ".lng")) << testo;
+            std::ofstream(fs::path(m_corpo->AppDir) / (std::string(nome) + ".lng"), std::ios::binary)
+                << testo;
         std::ofstream(fs::path(m_corpo->AppDir) / "dorvantaqvn.ini")
             << "[IMPOSTAZIONI]\nLINGUA=" << lingue.begin()->first << "\n";
         m_dialogs = std::make_unique<QueueDialogs>();
         m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
         m_main->carica();
-        m_main->show();
+        if (mostra) m_main->show();
     }
+    // The main window in the shipped Italian, unseen, as the areas' windows are tested from it.
+    void apriItaliano() { apri({{"italiano", LinguaSpedita("italiano")}}, false); }
     void chiudi() {
+        if (m_corpo) m_corpo->ChiusuraInCorso = Vero;
         m_main.reset();
         m_corpo.reset();
         m_dir.reset();
@@ -56,6 +77,13 @@ protected:
     bool abilitato(const char* name) {
         if (QAction* a = m_main->azione(QString::fromLatin1(name))) return a->isEnabled();
         return controllo(name)->isEnabled();
+    }
+    // Those of the named menu entries and controls that are enabled, in the order given.
+    QString abilitati(std::initializer_list<const char*> names) {
+        QStringList on;
+        for (const char* name : names)
+            if (abilitato(name)) on << QString::fromLatin1(name);
+        return on.join(QLatin1Char(' '));
     }
     void clicca(int i) { QTest::mouseClick(cella(i), Qt::LeftButton); }
     void scegliDa1A(int n) {
@@ -72,6 +100,15 @@ protected:
     template <typename F> void sulModale(F f) {
         QTimer::singleShot(0, [f] { f(QApplication::activeModalWidget()); });
     }
+    // The numbers chosen on the grid, in order.
+    std::vector<int> scelti() {
+        std::vector<int> n;
+        for (int i = 0; i < 90; ++i)
+            if (m_corpo->Griglia[static_cast<size_t>(i)]) n.push_back(i + 1);
+        return n;
+    }
+    // The menu entry name, triggered.
+    void menu(const char* name) { m_main->azione(QString::fromLatin1(name))->trigger(); }
 
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<Corpo> m_corpo;

@@ -4,10 +4,3 @@ target_compile_definitions(dv_dialogs_window_tests PRIVATE DV_SOURCE_DIR="${PROJ
 target_link_libraries(dv_dialogs_window_tests PRIVATE dv_windows Qt6::Test Qt6::Widgets)
 add_test(NAME dv_dialogs_window_tests COMMAND dv_dialogs_window_tests)
 set_tests_properties(dv_dialogs_window_tests PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen)
-
-# Their sections in the language files.
-add_executable(dv_dialogs_language_tests ${CMAKE_CURRENT_LIST_DIR}/DialoghiLinguaTest.cpp)
-target_include_directories(dv_dialogs_language_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-target_compile_definitions(dv_dialogs_language_tests PRIVATE DV_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-target_link_libraries(dv_dialogs_language_tests PRIVATE dv_windows GTest::gtest)
-gtest_discover_tests(dv_dialogs_language_tests DISCOVERY_TIMEOUT 60)

@@ -3,7 +3,7 @@
 
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
-#include "tests/windows/frmFiltriTestSupport.h"
+#include "tests/windows/Controlli.h"
 
 #include <QFile>
 #include <QGroupBox>

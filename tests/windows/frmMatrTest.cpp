@@ -10,7 +10,6 @@
 #include "matrix/SupportoMatrici.h"
 #include "server/ServerProcess.h"
 #include "support/FakeUi.h"
-#include "windows/LanguageSectionCheck.h"
 #include "windows/QueueDialogs.h"
 
 #include <QAction>
@@ -161,9 +160,6 @@ TEST_F(frmMatrTest, CancelledTextDialogLeavesAnEmptySystemAndADamagedFileShowsRe
     EXPECT_EQ(corpo.pronostico.NumColonne, 0);
     EXPECT_EQ(corpo.pronostico.Descrizione, "");
     EXPECT_EQ(corpo.pronostico.Quanti, 5);
-
-    for (const char* lng : {"italiano.lng", "english.lng"})
-        test::controllaSezione(f, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(lng));
 }
 
 TEST_F(frmMatrTest, TheMainWindowShowsItsMatrixEntriesAndSaveAsMatrixOnlyChecks) {
@@ -260,10 +256,3 @@ TEST_F(frmMatrTest, UpdateFromTheServerSkipsHostileNamesAndListsEverything) {
 
 } // namespace
 } // namespace dv
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -2,37 +2,19 @@
 // from the main window and from the archive window's hand-over, the archive check with its grid,
 // filters and CSV, the comparison of two files.
 #include "windows/frmSpoglio.h"
-#include "core/Cartelle.h"
-#include "platform/ApplyLanguage.h"
 #include "tests/prize/SupportoSpoglio.h"
-#include "tests/windows/LanguageSectionCheck.h"
-#include "tests/windows/QueueDialogs.h"
-#include "windows/Aree.h"
-#include "windows/frmMAIN.h"
+#include "tests/windows/FinestraPrincipaleProva.h"
 #include "windows/frmSpoglioEstrazioni.h"
 #include "windows/frmSpoglioGriglia.h"
 #include "windows/frmVerificaSistemi.h"
-#include "windows/QtUi.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
 #include <QFocusEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListView>
-#include <QPushButton>
 #include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <memory>
 #include <sstream>
 
 using namespace dv;
@@ -47,32 +29,14 @@ void Digita(QLineEdit* box, const QString& text) {
     QApplication::sendEvent(box, &lasciata);
 }
 
-class FinestreSpoglio : public ::testing::Test {
+class FinestreSpoglio : public ::testing::Test, protected FinestraPrincipaleProva {
 protected:
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<Corpo> m_corpo;
-    std::unique_ptr<QueueDialogs> m_dialogs;
-    std::unique_ptr<frmMAIN> m_main;
-
-    template <typename T> T* ctl(QWidget* w, const char* name) {
-        return w->findChild<T*>(QString::fromLatin1(name));
-    }
-    template <typename T> T* elem(QWidget* w, const char* name, int i) {
-        return elementoArray<T>(*w, QString::fromLatin1(name), i);
-    }
+    template <typename T> T* ctl(QWidget* w, const char* name) { return Controllo<T>(*w, name); }
+    template <typename T> T* elem(QWidget* w, const char* name, int i) { return Elemento<T>(*w, name, i); }
     QString testo(QWidget* w, const char* name) { return ctl<QLabel>(w, name)->text(); }
 
     void SetUp() override {
-        m_dir = std::make_unique<QTemporaryDir>();
-        m_corpo = std::make_unique<Corpo>();
-        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
-        std::filesystem::copy_file(DV_SOURCE_DIR "/languages/italiano.lng",
-                                   std::filesystem::path(m_corpo->AppDir) / "italiano.lng");
-        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini")
-            << "[IMPOSTAZIONI]\nLINGUA=italiano\n";
-        m_dialogs = std::make_unique<QueueDialogs>();
-        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
-        m_main->carica();
+        apriItaliano();
         CollegaSpoglio(*m_main);
         // The system and the archive of the golden CSV, played as Numero ORO at 2,5.
         ImpostaSistema(*m_corpo, 3, {{1, 2, 3}, {1, 2, 40}, {41, 42, 43}, {3, 5, 7}});
@@ -85,12 +49,7 @@ protected:
                                                   Draw("02/03/2024", 288, Range(41, 60), 41, 42)};
         m_main->LockGUI();
     }
-    void TearDown() override {
-        m_corpo->ChiusuraInCorso = Vero;
-        m_main.reset();
-        m_corpo.reset();
-        m_dir.reset();
-    }
+    void TearDown() override { chiudi(); }
 };
 
 TEST_F(FinestreSpoglio, SingleCheckFromTheMainWindowValidatesSortsAndListsTheWinners) {
@@ -245,19 +204,4 @@ TEST_F(FinestreSpoglio, ComparisonAsksForBothFilesThenCountsAndCopies) {
     EXPECT_EQ(testo(f, "lblFile1"), "File1");
 }
 
-TEST_F(FinestreSpoglio, LanguageSectionsNameRealControls) {
-    for (const char* lng : {"italiano.lng", "english.lng"})
-        for (QWidget* w : std::initializer_list<QWidget*>{m_main->findChild<frmSpoglio*>(),
-                                                          m_main->findChild<frmSpoglioEstrazioni*>(),
-                                                          m_main->findChild<frmVerificaSistemi*>()})
-            controllaSezione(*w, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(lng));
-}
-
 } // namespace
-
-int main(int argc, char** argv) {
-    ::testing::InitGoogleTest(&argc, argv);
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -1,41 +1,22 @@
 // frmTabulato, frmStampa with frmPrnInCorso, and frmTaratura10eLotto on the offscreen platform,
 // printing through the "PDF" entry into files of a temporary folder.
 #include "windows/frmStampa.h"
-#include "core/Cartelle.h"
 #include "print/StampantePdf.h"
-#include "windows/Aree.h"
-#include "windows/frmMAIN.h"
 #include "windows/frmPrnInCorso.h"
 #include "windows/frmTabulato.h"
 #include "windows/frmTaratura10eLotto.h"
 
 #include "support/FakeUi.h"
-#include "windows/LanguageSectionCheck.h"
-#include "windows/QueueDialogs.h"
-
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTemporaryDir>
-#include <QTimer>
+#include "windows/FinestraPrincipaleProva.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 
 namespace dv {
 namespace {
 
-template <typename T> T* trova(QWidget& w, const char* name) {
-    return w.findChild<T*>(QString::fromLatin1(name));
-}
+using test::Controllo;
 
 int Pagine(const std::string& pdf) {
     std::FILE* p = ::popen(("pdfinfo '" + pdf + "' 2>/dev/null").c_str(), "r");
@@ -71,33 +52,20 @@ struct Finestre : ::testing::Test {
     std::string file(const char* name) const { return dir.filePath(QString::fromLatin1(name)).toStdString(); }
 };
 
-TEST_F(Finestre, LanguageSectionsNameRealControls) {
-    frmTabulato tab(*c, ui, imp);
-    frmStampa schede(*c, ui, dialogs, imp, cal);
-    std::atomic<bool> fermata{false};
-    frmPrnInCorso progresso(ui, dialogs, fermata);
-    frmTaratura10eLotto taratura(*c, ui, imp, cal, "PDF");
-    for (const char* f : {"italiano.lng", "english.lng"}) {
-        const QString path = QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(f);
-        for (QWidget* w : std::initializer_list<QWidget*>{&tab, &schede, &progresso, &taratura})
-            test::controllaSezione(*w, path);
-    }
-}
-
 TEST_F(Finestre, ListingCopiesNothingSelectedAndThePdfEntry) {
     frmTabulato f(*c, ui, imp);
-    trova<QScrollBar>(f, "VsCopie")->setValue(3);
-    EXPECT_EQ(trova<QLabel>(f, "labCopie")->text(), QStringLiteral("3"));
+    Controllo<QScrollBar>(f, "VsCopie")->setValue(3);
+    EXPECT_EQ(Controllo<QLabel>(f, "labCopie")->text(), QStringLiteral("3"));
     EXPECT_EQ(f.opzioni().copie, 3);
 
-    trova<QCheckBox>(f, "chkCol")->setChecked(false);
-    trova<QCheckBox>(f, "chkProno")->setChecked(false);
+    Controllo<QCheckBox>(f, "chkCol")->setChecked(false);
+    Controllo<QCheckBox>(f, "chkProno")->setChecked(false);
     f.cmdStampa_Click();
     ASSERT_EQ(ui.boxes.size(), 1u);
     EXPECT_EQ(ui.boxes[0].text, "<0039>");
     EXPECT_EQ(ui.calls.back(), "messageBox"); // no file was asked for
 
-    trova<QCheckBox>(f, "chkProno")->setChecked(true);
+    Controllo<QCheckBox>(f, "chkProno")->setChecked(true);
     ui.setNextFileName(file("tabulato.pdf"));
     f.cmdStampa_Click();
     EXPECT_FALSE(f.isEnabled());
@@ -109,19 +77,19 @@ TEST_F(Finestre, ListingCopiesNothingSelectedAndThePdfEntry) {
 TEST_F(Finestre, SlipsLoadRangeAndPrintOnePageEach) {
     frmStampa f(*c, ui, dialogs, imp, cal);
     f.carica();
-    auto* cmb = trova<QComboBox>(f, "cmbStampante");
+    auto* cmb = Controllo<QComboBox>(f, "cmbStampante");
     EXPECT_EQ(cmb->itemText(cmb->count() - 1), QStringLiteral("PDF"));
-    EXPECT_EQ(trova<QLineEdit>(f, "meDa")->text(), QStringLiteral("1"));
-    EXPECT_EQ(trova<QLineEdit>(f, "meA")->text(), QStringLiteral("3"));
+    EXPECT_EQ(Controllo<QLineEdit>(f, "meDa")->text(), QStringLiteral("1"));
+    EXPECT_EQ(Controllo<QLineEdit>(f, "meA")->text(), QStringLiteral("3"));
     EXPECT_TRUE(f.opzioni().tipoEstrazione[0]);
 
-    trova<QLineEdit>(f, "meA")->setText(QStringLiteral("4"));
+    Controllo<QLineEdit>(f, "meA")->setText(QStringLiteral("4"));
     f.cmdStampa_Click();
     ASSERT_EQ(ui.boxes.size(), 1u);
     EXPECT_EQ(ui.boxes[0].text, "<0024>");
     EXPECT_FALSE(f.progresso().isVisible());
 
-    trova<QLineEdit>(f, "meA")->setText(QStringLiteral("3"));
+    Controllo<QLineEdit>(f, "meA")->setText(QStringLiteral("3"));
     cmb->setCurrentIndex(cmb->findText(QStringLiteral("PDF")));
     ui.setNextFileName(file("schede.pdf"));
     f.cmdStampa_Click();
@@ -162,7 +130,7 @@ TEST_F(Finestre, CalibrationBarsTextsAndTheSavedFile) {
     // A first use knows no printer: the box, and the printer to calibrate in the list's text.
     ASSERT_EQ(ui.boxes.size(), 1u);
     EXPECT_EQ(ui.boxes[0].text, "Stampante non configurata");
-    EXPECT_EQ(trova<QComboBox>(f, "cmbStampante")->currentText(), QStringLiteral("PDF"));
+    EXPECT_EQ(Controllo<QComboBox>(f, "cmbStampante")->currentText(), QStringLiteral("PDF"));
 
     f.barra(0)->setValue(112);
     EXPECT_EQ(f.casella(0)->text(), QStringLiteral("11.2"));
@@ -179,17 +147,14 @@ TEST_F(Finestre, CalibrationBarsTextsAndTheSavedFile) {
     EXPECT_EQ(Pagine(file("test.pdf")), 1);
 }
 
-TEST(FinestraPrincipale, PrintingEntriesShowAndFollowTheLockedSystem) {
-    QTemporaryDir dir;
-    auto corpo = std::make_unique<Corpo>();
-    ImpostaAppDir(*corpo, dir.path().toStdString());
-    std::filesystem::copy_file(DV_SOURCE_DIR "/languages/italiano.lng",
-                               std::filesystem::path(corpo->AppDir) / "italiano.lng");
-    std::ofstream(std::filesystem::path(corpo->AppDir) / "dorvantaqvn.ini")
-        << "[IMPOSTAZIONI]\nLINGUA=italiano\n";
-    test::QueueDialogs dialogs;
-    frmMAIN main(*corpo, dialogs);
-    main.carica();
+struct FinestraPrincipale : ::testing::Test, test::FinestraPrincipaleProva {
+    void TearDown() override { chiudi(); }
+};
+
+TEST_F(FinestraPrincipale, PrintingEntriesShowAndFollowTheLockedSystem) {
+    apriItaliano();
+    frmMAIN& main = *m_main;
+    Corpo* corpo = m_corpo.get();
     CollegaStampa(main);
     for (const char* name : {"cmdTabulato", "cmdSchedine"})
         EXPECT_TRUE(main.pulsante(QString::fromLatin1(name))->isVisibleTo(&main)) << name;
@@ -218,18 +183,10 @@ TEST(FinestraPrincipale, PrintingEntriesShowAndFollowTheLockedSystem) {
     ASSERT_TRUE(schede);
     EXPECT_TRUE(schede->isVisible());
     EXPECT_FALSE(main.isEnabled());
-    EXPECT_EQ(trova<QLineEdit>(*schede, "meA")->text(), QStringLiteral("2"));
+    EXPECT_EQ(Controllo<QLineEdit>(*schede, "meA")->text(), QStringLiteral("2"));
     schede->close();
     EXPECT_TRUE(main.isEnabled());
-    corpo->ChiusuraInCorso = Vero;
 }
 
 } // namespace
 } // namespace dv
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -3,28 +3,15 @@
 // file, hiding instead of closing, and the forecast from the most and least frequent numbers.
 #include "windows/frmStatistiche.h"
 
-#include "core/Cartelle.h"
-#include "tests/windows/LanguageSectionCheck.h"
-#include "tests/windows/QueueDialogs.h"
-#include "windows/Aree.h"
-#include "windows/frmMAIN.h"
+#include "tests/windows/FinestraPrincipaleProva.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QBarCategoryAxis>
 #include <QChart>
 #include <QChartView>
-#include <QComboBox>
-#include <QRadioButton>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <memory>
 
 using namespace dv;
 
@@ -49,18 +36,12 @@ ArrayEstrazioni Archivio() {
 
 } // namespace
 
-class FinestraStatistiche : public ::testing::Test {
+class FinestraStatistiche : public ::testing::Test, protected test::FinestraPrincipaleProva {
 protected:
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<Corpo> m_corpo;
-    std::unique_ptr<test::QueueDialogs> m_dialogs;
-    std::unique_ptr<frmMAIN> m_main;
     frmStatistiche* m_stat = nullptr;
 
     QComboBox* lista(const char* name) { return m_stat->findChild<QComboBox*>(QString::fromLatin1(name)); }
-    QRadioButton* opzione(int i) {
-        return elementoArray<QRadioButton>(*m_stat, QStringLiteral("optStat"), i);
-    }
+    QRadioButton* opzione(int i) { return test::Elemento<QRadioButton>(*m_stat, "optStat", i); }
     QStringList righe() {
         const auto assi =
             m_stat->findChild<QChartView*>(QStringLiteral("chartStat"))->chart()->axes(Qt::Vertical);
@@ -71,36 +52,21 @@ protected:
                 r.prepend(QString(c).replace(QChar(0x00A0), QLatin1Char(' ')));
         return r;
     }
-    std::vector<int> scelti() {
-        std::vector<int> n;
-        for (int i = 0; i < 90; ++i)
-            if (m_corpo->Griglia[static_cast<size_t>(i)]) n.push_back(i + 1);
-        return n;
+    int estrazioni() {
+        int draws = 0;
+        for (int32_t v : m_stat->tabelle().pari)
+            draws += v;
+        return draws;
     }
 
     void SetUp() override {
-        m_dir = std::make_unique<QTemporaryDir>();
-        m_corpo = std::make_unique<Corpo>();
-        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
+        apriItaliano();
         m_corpo->mArrEstrazioni = Archivio();
-        std::filesystem::copy_file(DV_SOURCE_DIR "/languages/italiano.lng",
-                                   std::filesystem::path(m_corpo->AppDir) / "italiano.lng");
-        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini")
-            << "[IMPOSTAZIONI]\nLINGUA=italiano\n";
-        m_dialogs = std::make_unique<test::QueueDialogs>();
-        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
-        m_main->carica();
         CollegaStatistiche(*m_main);
         m_stat = m_main->findChild<frmStatistiche*>();
         ASSERT_TRUE(m_stat);
     }
-
-    void TearDown() override {
-        m_corpo->ChiusuraInCorso = Vero;
-        m_main.reset();
-        m_corpo.reset();
-        m_dir.reset();
-    }
+    void TearDown() override { chiudi(); }
 };
 
 TEST_F(FinestraStatistiche, ComputesTheWholeArchiveUnseenAtStart) {
@@ -111,10 +77,7 @@ TEST_F(FinestraStatistiche, ComputesTheWholeArchiveUnseenAtStart) {
     // The evening archive: the draw-number lists hidden, but at 1 and 288 to take whole dates.
     EXPECT_TRUE(lista("cmbConcDal")->isHidden());
     EXPECT_EQ(lista("cmbConcAl")->currentText(), QStringLiteral("288"));
-    int draws = 0;
-    for (int32_t v : m_stat->tabelle().pari)
-        draws += v;
-    EXPECT_EQ(draws, 20);
+    EXPECT_EQ(estrazioni(), 20);
     EXPECT_TRUE(std::filesystem::exists(m_stat->percorsoCsv()));
     EXPECT_EQ(std::filesystem::path(m_stat->percorsoCsv()).parent_path(),
               std::filesystem::path(m_corpo->AppDir) / "temp");
@@ -136,10 +99,7 @@ TEST_F(FinestraStatistiche, AnUpdateThatDropsTheOldestDaysRecomputesWithoutABox)
     m_main->finestre().popolaStatistiche();
     EXPECT_TRUE(m_dialogs->boxes.empty());
     EXPECT_EQ(lista("cmbDal")->currentText(), QStringLiteral("02/06/2025"));
-    int draws = 0;
-    for (int32_t v : m_stat->tabelle().pari)
-        draws += v;
-    EXPECT_EQ(draws, 15);
+    EXPECT_EQ(estrazioni(), 15);
 }
 
 TEST_F(FinestraStatistiche, OptionsSwitchChartsAndTheFileOpensOnTheDesktop) {
@@ -186,16 +146,4 @@ TEST_F(FinestraStatistiche, ForecastFromTheMostAndLeastFrequentNumbers) {
     std::sort(attesi.begin(), attesi.end());
     EXPECT_EQ(scelti(), attesi);
     EXPECT_EQ(int{m_corpo->pronostico.Quanti}, 30);
-}
-
-TEST_F(FinestraStatistiche, LanguageSectionsNameRealControls) {
-    for (const char* f : {"italiano.lng", "english.lng"})
-        test::controllaSezione(*m_stat, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(f));
-}
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
 }

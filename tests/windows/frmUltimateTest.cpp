@@ -5,34 +5,15 @@
 #include "windows/frmImportFiltri.h"
 
 #include "archive/Archivio.h"
-#include "core/Cartelle.h"
-#include "tests/windows/LanguageSectionCheck.h"
-#include "tests/windows/QueueDialogs.h"
-#include "windows/Aree.h"
+#include "tests/windows/FinestraPrincipaleProva.h"
 #include "windows/frmCalcolo.h"
 #include "windows/frmFiltri.h"
-#include "windows/frmMAIN.h"
-#include "windows/QtUi.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <memory>
 #include <random>
 
 using namespace dv;
@@ -74,42 +55,21 @@ struct FermaAlPrimo : EngineObserver {
 
 } // namespace
 
-class FinestraUltimate : public ::testing::Test {
+class FinestraUltimate : public ::testing::Test, protected test::FinestraPrincipaleProva {
 protected:
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<Corpo> m_corpo;
-    std::unique_ptr<test::QueueDialogs> m_dialogs;
-    std::unique_ptr<frmMAIN> m_main;
     frmUltimate* m_ult = nullptr;
 
-    template <typename T> T* di(QWidget& w, const char* name) {
-        return w.findChild<T*>(QString::fromLatin1(name));
-    }
+    template <typename T> T* di(QWidget& w, const char* name) { return test::Controllo<T>(w, name); }
     QString testo(const char* name) { return di<QLabel>(*m_ult, name)->text(); }
     QString risultato() { return di<QPlainTextEdit>(*m_ult, "lbResult")->toPlainText(); }
 
     void SetUp() override {
-        m_dir = std::make_unique<QTemporaryDir>();
-        m_corpo = std::make_unique<Corpo>();
-        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
-        std::filesystem::copy_file(DV_SOURCE_DIR "/languages/italiano.lng",
-                                   std::filesystem::path(m_corpo->AppDir) / "italiano.lng");
-        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini")
-            << "[IMPOSTAZIONI]\nLINGUA=italiano\n";
-        m_dialogs = std::make_unique<test::QueueDialogs>();
-        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
-        m_main->carica();
+        apriItaliano();
         CollegaUltimate(*m_main);
         m_ult = m_main->findChild<frmUltimate*>();
         ASSERT_TRUE(m_ult);
     }
-
-    void TearDown() override {
-        m_corpo->ChiusuraInCorso = Vero;
-        m_main.reset();
-        m_corpo.reset();
-        m_dir.reset();
-    }
+    void TearDown() override { chiudi(); }
 
     // Runs the search of the window's kind and quantity; stop asks for a stop at once.
     void cerca(bool stop = false) {
@@ -270,20 +230,4 @@ TEST_F(FinestraUltimate, FilterWindowOpensTheImportAndShowsItsFirstRecord) {
     EXPECT_TRUE(vista);
     EXPECT_EQ(m_corpo->FiltriAND.count(), 10);
     EXPECT_EQ(di<QLabel>(filtri, "lblTotFiltriON")->text(), QStringLiteral("10"));
-}
-
-TEST_F(FinestraUltimate, LanguageSectionsNameRealControls) {
-    frmImportFiltri f(*m_corpo, m_main->ui(), TipoFiltro::AND, m_main.get());
-    for (const char* lng : {"italiano.lng", "english.lng"}) {
-        test::controllaSezione(*m_ult,
-                               QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(lng));
-        test::controllaSezione(f, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(lng));
-    }
-}
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
 }

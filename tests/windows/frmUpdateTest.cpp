@@ -4,31 +4,17 @@
 #include "windows/frmUpdate.h"
 
 #include "archive/Archivio.h"
-#include "core/Cartelle.h"
 #include "platform/Shell.h"
 #include "server/ServerProcess.h"
-#include "tests/windows/LanguageSectionCheck.h"
-#include "tests/windows/QueueDialogs.h"
-#include "windows/Aree.h"
-#include "windows/frmMAIN.h"
+#include "tests/windows/FinestraPrincipaleProva.h"
 #include "windows/frmUpdateModello.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QClipboard>
-#include <QLabel>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <memory>
 
 using namespace dv;
 
@@ -54,41 +40,20 @@ void Scrivi(const std::string& path, const std::vector<Estrazione>& draws) {
 
 } // namespace
 
-class FinestraArchivio : public ::testing::Test {
+class FinestraArchivio : public ::testing::Test, protected test::FinestraPrincipaleProva {
 protected:
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<Corpo> m_corpo;
-    std::unique_ptr<test::QueueDialogs> m_dialogs;
-    std::unique_ptr<frmMAIN> m_main;
     frmUpdate* m_win = nullptr;
     std::vector<std::string> m_chiamate; // the other windows' hooks, in the order called
 
     template <typename T> T* ctl(const char* name) { return m_win->findChild<T*>(QString::fromLatin1(name)); }
-    QRadioButton* opzione(int i) {
-        return elementoArray<QRadioButton>(*m_win, QStringLiteral("OptArchivio"), i);
-    }
-    std::vector<int> scelti() {
-        std::vector<int> n;
-        for (int i = 0; i < 90; ++i)
-            if (m_corpo->Griglia[static_cast<size_t>(i)]) n.push_back(i + 1);
-        return n;
-    }
+    QRadioButton* opzione(int i) { return test::Elemento<QRadioButton>(*m_win, "OptArchivio", i); }
 
     void SetUp() override {
-        m_dir = std::make_unique<QTemporaryDir>();
-        m_corpo = std::make_unique<Corpo>();
-        ImpostaAppDir(*m_corpo, m_dir->path().toStdString());
-        std::filesystem::copy_file(DV_SOURCE_DIR "/languages/italiano.lng",
-                                   std::filesystem::path(m_corpo->AppDir) / "italiano.lng");
-        std::ofstream(std::filesystem::path(m_corpo->AppDir) / "dorvantaqvn.ini")
-            << "[IMPOSTAZIONI]\nLINGUA=italiano\n";
+        apriItaliano();
         // Oldest first; the newest record is a draw without numbers, which the window leaves out.
         Scrivi(m_corpo->PathArchivioSerale,
                {Draw("01/03/2024", 1, 1, 3), Draw("02/03/2024", 2, 2, 0), Draw("03/03/2024", 3, 0, 0)});
         Scrivi(m_corpo->PathArchivio5Min, {Draw("05/03/2024", 287, 5, 7), Draw("05/03/2024", 288, 6, 8)});
-        m_dialogs = std::make_unique<test::QueueDialogs>();
-        m_main = std::make_unique<frmMAIN>(*m_corpo, *m_dialogs);
-        m_main->carica();
         Finestre& f = m_main->finestre();
         f.ricalcolaStatistiche = [this] { m_chiamate.push_back("ricalcola"); };
         f.popolaStatistiche = [this] {
@@ -101,12 +66,7 @@ protected:
         ASSERT_TRUE(m_win);
     }
 
-    void TearDown() override {
-        m_corpo->ChiusuraInCorso = Vero;
-        m_main.reset();
-        m_corpo.reset();
-        m_dir.reset();
-    }
+    void TearDown() override { chiudi(); }
 };
 
 TEST_F(FinestraArchivio, ReadsTheEveningArchiveUnseenAndShowsItNewestFirstWithoutBlankDraws) {
@@ -220,16 +180,4 @@ TEST_F(FinestraArchivio, DoubleClickMakesTheForecastOrHandsTheDrawToTheCheckAndC
     grid->selectRow(1);
     QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), m_win->modello().testo(1) + QStringLiteral("\r\n"));
-}
-
-TEST_F(FinestraArchivio, LanguageSectionsNameRealControls) {
-    for (const char* f : {"italiano.lng", "english.lng"})
-        test::controllaSezione(*m_win, QStringLiteral(DV_SOURCE_DIR "/languages/") + QString::fromLatin1(f));
-}
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
 }

@@ -3,6 +3,7 @@ add_executable(dv_frmMAIN_tests
     ${CMAKE_CURRENT_LIST_DIR}/frmMAINTest.cpp
 )
 target_link_libraries(dv_frmMAIN_tests PRIVATE dv_windows Qt6::Test)
+target_compile_definitions(dv_frmMAIN_tests PRIVATE DV_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 add_test(NAME frmMAIN COMMAND dv_frmMAIN_tests)
 set_tests_properties(frmMAIN PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)
 
@@ -15,11 +16,3 @@ target_compile_definitions(dv_frmMAIN_utente_tests PRIVATE DV_SOURCE_DIR="${PROJ
 add_test(NAME frmMAINUtente COMMAND dv_frmMAIN_utente_tests)
 set_tests_properties(frmMAINUtente PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)
 
-# Dialogs and boxes as wide as their titles, at 100% and at 150%.
-add_executable(dv_larghezza_titoli_tests ${CMAKE_CURRENT_LIST_DIR}/LarghezzaTitoliTest.cpp)
-target_link_libraries(dv_larghezza_titoli_tests PRIVATE dv_windows Qt6::Test)
-target_compile_definitions(dv_larghezza_titoli_tests PRIVATE DV_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-add_test(NAME LarghezzaTitoli COMMAND dv_larghezza_titoli_tests)
-set_tests_properties(LarghezzaTitoli PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
-add_test(NAME LarghezzaTitoli150 COMMAND dv_larghezza_titoli_tests)
-set_tests_properties(LarghezzaTitoli150 PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=1.5")

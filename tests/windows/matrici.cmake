@@ -3,7 +3,7 @@ add_executable(dv_matrici_windows_tests
     ${CMAKE_CURRENT_LIST_DIR}/frmMatrTest.cpp
 )
 target_include_directories(dv_matrici_windows_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-target_link_libraries(dv_matrici_windows_tests PRIVATE dv_windows_matrici Qt6::Test GTest::gtest)
+target_link_libraries(dv_matrici_windows_tests PRIVATE dv_windows_matrici dv_windows_gtest_main Qt6::Test)
 target_compile_definitions(dv_matrici_windows_tests PRIVATE DV_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 if(TARGET dorvanta-server)
     target_compile_definitions(dv_matrici_windows_tests PRIVATE DV_SERVER_BINARY="$<TARGET_FILE:dorvanta-server>")

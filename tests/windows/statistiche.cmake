@@ -1,5 +1,5 @@
 # The statistics window, wired into the main window, on the offscreen platform.
 add_executable(dv_statistiche_window_tests ${CMAKE_CURRENT_LIST_DIR}/frmStatisticheTest.cpp)
-target_link_libraries(dv_statistiche_window_tests PRIVATE dv_windows_statistiche Qt6::Test GTest::gtest)
+target_link_libraries(dv_statistiche_window_tests PRIVATE dv_windows_statistiche dv_windows_gtest_main Qt6::Test)
 target_compile_definitions(dv_statistiche_window_tests PRIVATE DV_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 gtest_discover_tests(dv_statistiche_window_tests DISCOVERY_TIMEOUT 60 PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen)
