@@ -67,6 +67,12 @@ public:
     void erase();
     // Exchanges columns a and b over positions 1..len.
     void swapColumns(int32_t a, int32_t b, int len);
+    // Read-only view of position p of every column: column c lies at [c-1], MaxColonne bytes in a
+    // row. nullptr while the store has never been written (every cell then reads 0).
+    const uint8_t* position(int p) const {
+        assert(p >= 1 && p <= StorePositions);
+        return m_cells ? &m_cells[index(1, p)] : nullptr;
+    }
     // The highest column written since the last erase.
     int32_t used() const { return m_used; }
     bool allocated() const { return m_cells != nullptr; }

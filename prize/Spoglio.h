@@ -4,7 +4,6 @@
 
 #include "core/Corpo.h"
 #include "core/Ui.h"
-#include "prize/PianiColonne.h"
 
 #include <array>
 #include <cstdint>
@@ -52,14 +51,14 @@ struct RisultatoSpoglio {
     uint8_t MinPunti = 10;
 };
 
+// How the columns are walked: Automatico takes vector instructions when the processor has them
+// and a second thread for a long range; the others force one way, so that each can be tested.
+enum class ModoSpoglio { Automatico, Semplice, DueThread };
+
 // Checks columns dal..al of the system against the draw in NumeriSpoglio, OroSpoglio and
 // DoppioOroSpoglio, each column's prize rounded by itself. The length must be at most 10.
-RisultatoSpoglio SpoglioColonne(const Corpo& c, int32_t dal, int32_t al);
-// The same on planes already built from the system.
-RisultatoSpoglio SpoglioColonne(const Corpo& c, const PianiColonne& piani, int32_t dal, int32_t al);
-
-// The planes of the stored system, built once for every check that follows.
-void PianiDelSistema(const Corpo& c, PianiColonne& piani);
+RisultatoSpoglio SpoglioColonne(const Corpo& c, int32_t dal, int32_t al,
+                                ModoSpoglio modo = ModoSpoglio::Automatico);
 
 // labTot: the total in the format "###,###,###,##0.00" with sep between thousands and dec
 // before the cents.

@@ -89,7 +89,9 @@ TEST_F(SpoglioDifferenziale, SingleCheckMatchesTheLiteralLoop) {
         const int32_t n = c->pronostico.NumColonne;
         const int32_t dal = r.tra(1, n), al = r.tra(dal, n);
         const std::string attesa = Descrivi(reference::SpoglioColonne(*c, dal, al));
-        ASSERT_EQ(Descrivi(SpoglioColonne(*c, dal, al)), attesa) << "case " << caso;
+        for (ModoSpoglio modo : {ModoSpoglio::Automatico, ModoSpoglio::Semplice, ModoSpoglio::DueThread})
+            ASSERT_EQ(Descrivi(SpoglioColonne(*c, dal, al, modo)), attesa)
+                << "case " << caso << " way " << static_cast<int>(modo);
     }
 }
 
