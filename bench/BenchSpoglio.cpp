@@ -204,7 +204,8 @@ int main() {
         // The share of reading the two files in each.
         const double ll = Secondi([&] { reference::LoadTxtToColonneArray(ui, file1); }, 3);
         const double lo = Secondi([&] { LoadTxtToColonneArray(ui, file1); }, 10);
-        std::printf("%-44s literal %8.3f s   ours %8.4f s\n", "  of which reading the system's text file", ll, lo);
+        std::printf("%-44s literal %8.3f s   ours %8.4f s\n", "  of which reading the system's text file", ll,
+                    lo);
         std::filesystem::remove_all(dir);
     }
     return uguali ? 0 : 1;

@@ -6,7 +6,9 @@
 #include "system_files/ErroreEsecuzione.h"
 #include "system_files/FlussoBinario.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <new>
@@ -19,39 +21,147 @@ constexpr size_t MaxRigaTesto = 4096;
 constexpr std::string_view SeparatoriImporta = "\t-,;.";
 constexpr std::string_view SeparatoriRecord = "\t-,;.|";
 
-// Reads a text file line by line. A line ends at CR, LF or CRLF, so files written with any of
+// Reads a text file a block at a time and hands out its lines as views into the block, with no
+// copy and no allocation per line. A line ends at CR, LF or CRLF, so files written with any of
 // the three conventions give the same lines.
 class LettoreRighe {
 public:
-    explicit LettoreRighe(const std::string& path) {
+    explicit LettoreRighe(const std::string& path, size_t blocco = size_t{1} << 20)
+        : m_blocco(std::max<size_t>(blocco, 1)) {
         std::error_code ec;
         if (!std::filesystem::is_regular_file(path, ec)) throw errori::FileNonTrovato();
         m_in.open(path, std::ios::binary);
         if (!m_in) throw errori::AccessoNegato();
-    }
-    bool leggi(std::string& riga) {
-        riga.clear();
-        int ch;
-        bool letto = false;
-        while ((ch = m_in.get()) != std::char_traits<char>::eof()) {
-            letto = true;
-            if (ch == '\n') return true;
-            if (ch == '\r') {
-                if (m_in.peek() == '\n') m_in.get();
-                return true;
-            }
-            // A line of megabytes is damage, not columns: refused before it fills the memory.
-            if (riga.size() == MaxRigaTesto)
-                throw ErroreEsecuzione(6, "Overflow: a line longer than " + std::to_string(MaxRigaTesto) + " characters");
-            riga.push_back(static_cast<char>(ch));
-        }
-        if (m_in.bad()) throw errori::AccessoNegato();
-        return letto;
+        const auto dimensione = std::filesystem::file_size(path, ec);
+        m_dimensione = ec ? 0 : static_cast<uint64_t>(dimensione);
     }
 
+    // The next line without its end; false at the end of the file. A line of megabytes is
+    // damage, not columns: a line longer than 4,096 characters is refused before it fills the
+    // memory, with riga holding its first 4,096.
+    bool leggi(std::string_view& riga) {
+        for (;;) {
+            if (m_saltaLf) {
+                if (m_inizio == m_fine && !riempi()) return false;
+                if (m_buf[m_inizio] == '\n') ++m_inizio;
+                m_saltaLf = false;
+            }
+            const char* const base = m_buf.data();
+            const char* p = base + m_inizio + m_esaminati;
+            const char* const fine = base + m_fine;
+            while (p != fine && *p != '\n' && *p != '\r')
+                ++p;
+            const size_t lunghezza = static_cast<size_t>(p - (base + m_inizio));
+            if (lunghezza > MaxRigaTesto) troppoLunga(riga);
+            if (p != fine) {
+                riga = std::string_view(base + m_inizio, lunghezza);
+                m_saltaLf = *p == '\r';
+                m_inizio += lunghezza + 1;
+                m_esaminati = 0;
+                return true;
+            }
+            m_esaminati = lunghezza;
+            if (!riempi()) {
+                if (lunghezza == 0) return false;
+                riga = std::string_view(m_buf.data() + m_inizio, lunghezza);
+                m_inizio = m_fine;
+                m_esaminati = 0;
+                return true;
+            }
+        }
+    }
+    // The same line copied into riga, for a caller that changes it.
+    bool leggi(std::string& riga) {
+        std::string_view v;
+        try {
+            const bool letta = leggi(v);
+            riga.assign(v);
+            return letta;
+        } catch (const ErroreEsecuzione&) {
+            riga.assign(v);
+            throw;
+        }
+    }
+
+    uint64_t dimensione() const { return m_dimensione; }
+    uint64_t consumati() const { return m_consumati + m_inizio; }
+
 private:
+    [[noreturn]] void troppoLunga(std::string_view& riga) const {
+        riga = std::string_view(m_buf.data() + m_inizio, MaxRigaTesto);
+        throw ErroreEsecuzione(6, "Overflow: a line longer than " + std::to_string(MaxRigaTesto) +
+                                      " characters");
+    }
+    // Moves the unread rest of the block to its front and reads the next block after it; false
+    // when the file has no more.
+    bool riempi() {
+        if (m_finito) return false;
+        const size_t resto = m_fine - m_inizio;
+        if (m_inizio > 0 && resto > 0) std::memmove(m_buf.data(), m_buf.data() + m_inizio, resto);
+        m_consumati += m_inizio;
+        m_inizio = 0;
+        m_fine = resto;
+        if (m_buf.size() < resto + m_blocco) m_buf.resize(resto + m_blocco);
+        m_in.read(m_buf.data() + resto, static_cast<std::streamsize>(m_blocco));
+        if (m_in.bad()) throw errori::AccessoNegato();
+        const auto letti = static_cast<size_t>(m_in.gcount());
+        m_fine += letti;
+        if (letti < m_blocco) m_finito = true;
+        return letti > 0;
+    }
+
     std::ifstream m_in;
+    size_t m_blocco;
+    std::vector<char> m_buf;
+    size_t m_inizio = 0, m_fine = 0; // the unread part of the block
+    size_t m_esaminati = 0;          // characters of the unread part already known to hold no line end
+    uint64_t m_consumati = 0;        // characters moved out of the block before m_inizio
+    uint64_t m_dimensione = 0;
+    bool m_saltaLf = false; // the last line ended in CR: an LF right after it is part of its end
+    bool m_finito = false;
 };
+
+// How a character of a line of numbers is read.
+enum ClasseCarattere : uint8_t { Altro, Cifra, Separatore, Blank };
+constexpr auto Classi = [] {
+    std::array<uint8_t, 256> t{};
+    for (int ch = '0'; ch <= '9'; ++ch)
+        t[static_cast<size_t>(ch)] = Cifra;
+    for (char ch : std::string_view("-,;.|"))
+        t[static_cast<unsigned char>(ch)] = Separatore;
+    t[' '] = t['\t'] = Blank;
+    return t;
+}();
+
+// A plain line, up to 25 numbers of 0..255 in digits between separators, in one pass and without
+// allocating. False for anything else (a "+", a part that is no number, a number above 255, a
+// 26th number): StringToArrayColonna then reads that line and reports its fault.
+bool LeggiRigaSemplice(std::string_view riga, RecordNumeri& r) {
+    const auto* p = reinterpret_cast<const unsigned char*>(riga.data());
+    const auto* const fine = p + riga.size();
+    unsigned count = 0, least = 255, greatest = 0;
+    while (p != fine) {
+        const uint8_t classe = Classi[*p];
+        if (classe >= Separatore) {
+            ++p;
+            continue;
+        }
+        if (classe != Cifra || count == r.numbers.size()) return false;
+        unsigned v = 0;
+        do {
+            v = v * 10 + static_cast<unsigned>(*p - '0');
+            if (v > 255) return false;
+            ++p;
+        } while (p != fine && Classi[*p] == Cifra);
+        r.numbers[count++] = static_cast<uint8_t>(v);
+        least = std::min(least, v);
+        greatest = std::max(greatest, v);
+    }
+    r.count = static_cast<uint8_t>(count);
+    r.least = static_cast<uint8_t>(least);
+    r.greatest = static_cast<uint8_t>(greatest);
+    return true;
+}
 
 // At most this much of a bad line is shown back in its message, then "...".
 std::string Spezzone(std::string_view riga) {
@@ -155,23 +265,39 @@ RecordNumeri StringToArrayColonna(Ui& ui, std::string_view riga) {
 }
 
 std::vector<RecordNumeri> LoadTxtToColonneArray(Ui& ui, const std::string& path) {
+    return LoadTxtToColonneArray(ui, path, size_t{1} << 20);
+}
+
+std::vector<RecordNumeri> LoadTxtToColonneArray(Ui& ui, const std::string& path, size_t blocco) {
     std::vector<RecordNumeri> records(1);
     bool occupato = false;
     try {
-        LettoreRighe in(path);
+        LettoreRighe in(path, blocco);
         ui.setBusy(true);
         occupato = true;
         records.reserve(1000);
-        std::string riga;
-        while (in.leggi(riga))
-            if (!NormalizzaRiga(riga).empty()) records.push_back(StringToArrayColonna(ui, riga));
+        bool stimato = false;
+        std::string_view riga;
+        while (in.leggi(riga)) {
+            RecordNumeri& r = records.emplace_back();
+            if (!LeggiRigaSemplice(riga, r))
+                r = StringToArrayColonna(ui, riga);
+            else if (r.count == 0 && riga.find_first_not_of(" \t") == std::string_view::npos)
+                records.pop_back(); // a line of blanks is no line
+            // Once the first 64 KiB are read, room for the whole file at their density of lines.
+            if (!stimato && in.consumati() >= 65536) {
+                stimato = true;
+                const uint64_t stima = records.size() * in.dimensione() / in.consumati();
+                records.reserve(static_cast<size_t>(stima + stima / 16 + 64));
+            }
+        }
     } catch (const ErroreEsecuzione& e) {
         MostraErrore(ui, e, ") in procedure LoadTxtToColonneArray of Module Corpo");
     } catch (const std::bad_alloc&) {
         MostraErrore(ui, errori::MemoriaEsaurita(), ") in procedure LoadTxtToColonneArray of Module Corpo");
     }
     if (records.size() < 2) records.resize(2);
-    records.shrink_to_fit();
+    if (records.capacity() - records.size() > records.size() / 8) records.shrink_to_fit();
     if (occupato) ui.setBusy(false);
     return records;
 }

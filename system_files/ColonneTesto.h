@@ -33,6 +33,9 @@ RecordNumeri StringToArrayColonna(Ui& ui, std::string_view riga);
 // Every line of the file that is not empty, parsed. Element 0 is unused: records start at 1,
 // and the result holds one empty record when the file has none.
 std::vector<RecordNumeri> LoadTxtToColonneArray(Ui& ui, const std::string& path);
+// The same, the file read in blocks of the given size; only tests choose it, to put the ends of
+// blocks inside lines and line ends.
+std::vector<RecordNumeri> LoadTxtToColonneArray(Ui& ui, const std::string& path, size_t blocco);
 
 // Writes the stored columns, one a line: a blank, then each number as two digits and a blank;
 // a cell holding 0 is left out. Returns false after reporting a fault (the old file stays).
