@@ -2,6 +2,7 @@
 
 #include "archive/Estrazione.h"
 #include "core/Ui.h"
+#include "settings/ScritturaSicura.h"
 
 #include <cmath>
 #include <cstdio>
@@ -79,11 +80,6 @@ std::string Tronca(std::string_view t) {
     return std::string(t.substr(0, 40));
 }
 
-void Rimuovi(const std::string& path) {
-    std::error_code ec;
-    std::filesystem::remove(path, ec);
-}
-
 struct ChiudiFile {
     void operator()(std::FILE* f) const { std::fclose(f); }
 };
@@ -143,19 +139,23 @@ EsitoConversione ConvertArchivioTmpToDat(const std::string& source, const std::s
         return esito;
     };
     std::error_code ec;
-    if (std::filesystem::is_directory(source, ec))
-        return fallita(EsitoConversione::Tipo::SorgenteIlleggibile, 75, "Path/File access error");
-    File in(std::fopen(source.c_str(), "rb"));
-    if (!in) return fallita(EsitoConversione::Tipo::SorgenteIlleggibile, 53, "File not found");
+    File in(std::filesystem::is_directory(source, ec) ? nullptr : std::fopen(source.c_str(), "rb"));
+    if (!in) {
+        esito.causa = CausaApertura(source);
+        const bool mancante = std::string_view(esito.causa.chiave) == cause::FileMancante.chiave;
+        return fallita(EsitoConversione::Tipo::SorgenteIlleggibile, mancante ? 53 : 75,
+                       mancante ? "File not found" : "Path/File access error");
+    }
 
     // 1. The records go to a file beside the target, which is replaced only at the end.
-    const std::string nuovo = target + ".new";
-    File out(std::fopen(nuovo.c_str(), "wb"));
-    if (!out) {
-        const bool cartella = std::filesystem::is_directory(std::filesystem::path(target).parent_path(), ec);
-        return fallita(EsitoConversione::Tipo::ScritturaFallita, cartella ? 75 : 76,
-                       cartella ? "Path/File access error" : "Path not found");
-    }
+    ScritturaSicura out(target);
+    auto scritturaFallita = [&] {
+        esito.causa = CausaErrore(out.errore());
+        const bool pieno = DiscoEsaurito(out.errore());
+        return fallita(EsitoConversione::Tipo::ScritturaFallita, pieno ? 61 : 75,
+                       pieno ? "Disk full" : "Path/File access error");
+    };
+    if (out.errore() != 0) return scritturaFallita();
 
     std::vector<char> blocco(1 << 20);
     std::vector<char> uscita;
@@ -163,7 +163,6 @@ EsitoConversione ConvertArchivioTmpToDat(const std::string& source, const std::s
     std::string lunga; // a line that runs over the end of a block
     bool troppoLunga = false;
     bool dopoCR = false;
-    bool scritturaOk = true;
 
     // 2. Each line: converted when it has 24 fields, skipped otherwise.
     auto riga = [&](std::string_view testo) -> bool {
@@ -190,8 +189,7 @@ EsitoConversione ConvertArchivioTmpToDat(const std::string& source, const std::s
         uscita.insert(uscita.end(), record, record + DimensioneRecordEstrazione);
         ++esito.estrazioni;
         if (uscita.size() >= (1u << 20)) {
-            scritturaOk =
-                scritturaOk && std::fwrite(uscita.data(), 1, uscita.size(), out.get()) == uscita.size();
+            out.scrivi(uscita.data(), uscita.size());
             uscita.clear();
         }
         return true;
@@ -234,29 +232,16 @@ EsitoConversione ConvertArchivioTmpToDat(const std::string& source, const std::s
         }
     }
     if (avanti && std::ferror(in.get())) {
-        out.reset();
-        Rimuovi(nuovo);
+        esito.causa = cause::ErroreDisco;
         return fallita(EsitoConversione::Tipo::SorgenteIlleggibile, 75, "Path/File access error");
     }
     // The last line, when the file does not end in a line end.
     if (avanti && (!lunga.empty() || troppoLunga)) avanti = riga(lunga);
-    if (!avanti) {
-        out.reset();
-        Rimuovi(nuovo);
-        return esito;
-    }
+    if (!avanti) return esito;
 
     // 3. Complete: the new file takes the target's place.
-    if (!uscita.empty())
-        scritturaOk = scritturaOk && std::fwrite(uscita.data(), 1, uscita.size(), out.get()) == uscita.size();
-    scritturaOk = std::fflush(out.get()) == 0 && scritturaOk;
-    scritturaOk = std::fclose(out.release()) == 0 && scritturaOk;
-    if (scritturaOk) std::filesystem::rename(nuovo, target, ec);
-    if (!scritturaOk || ec) {
-        Rimuovi(nuovo);
-        return fallita(EsitoConversione::Tipo::ScritturaFallita, scritturaOk ? 75 : 61,
-                       scritturaOk ? "Path/File access error" : "Disk full");
-    }
+    if (!uscita.empty()) out.scrivi(uscita.data(), uscita.size());
+    if (out.conferma() != 0) return scritturaFallita();
     esito.riga = 0;
     return esito;
 }
@@ -294,6 +279,8 @@ std::string MessaggioConversione(const EsitoConversione& esito, const std::strin
         testo += ')';
         break;
     }
+    // What went wrong, in words: "permission denied", "the disk is full".
+    if (esito.causa.chiave) testo += ": " + TestoCausa(ui, esito.causa);
     testo += "\r\n";
     testo += ui.Lang("0107");
     return testo;

@@ -6,6 +6,8 @@
 // fields, which is no draw line. Every other line (headings, blank lines, trailers) is skipped.
 #pragma once
 
+#include "settings/ScritturaSicura.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -29,6 +31,7 @@ struct EsitoConversione {
     std::string testo;       // CampoNonValido: the field's text (at most 40 characters)
     int numeroErrore = 0;    // the run-time error number: 13 no number, 6 out of range, 53, 75
     std::string descrizione; // its description ("Type mismatch", "Overflow", ...)
+    Causa causa;             // SorgenteIlleggibile, ScritturaFallita: what went wrong, in words
 
     bool completata() const { return tipo == Tipo::Completata; }
 };

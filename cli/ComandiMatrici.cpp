@@ -10,6 +10,7 @@
 #include "matrix/Garanzia.h"
 #include "matrix/ImportaTesto.h"
 #include "settings/Ansi.h"
+#include "settings/ScritturaSicura.h"
 #include "system_files/ErroreEsecuzione.h"
 #include "system_files/FileSistema.h"
 
@@ -18,7 +19,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
 
@@ -393,10 +393,8 @@ int ComandoCover(const OpzioniCover& o) {
             testo += (i ? " " : "") + std::to_string(col[i]);
         testo += "\n";
     }
-    std::ofstream out(o.out, std::ios::binary | std::ios::trunc);
-    out << testo;
-    if (!out.flush()) {
-        std::fprintf(stderr, "%s could not be written.\n", o.out.c_str());
+    if (const int e = ScriviFileSicuro(o.out, testo); e != 0) {
+        std::fprintf(stderr, "%s could not be written: %s.\n", o.out.c_str(), CausaErrore(e).inglese);
         return EsitoFileRifiutato;
     }
     std::printf("%s: %zu columns\n", o.out.c_str(), colonne.size());

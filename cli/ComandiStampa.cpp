@@ -10,7 +10,9 @@
 #include "print/Tabulato.h"
 #include "print/TaraturaScheda.h"
 #include "settings/Impostazioni.h"
+#include "system_files/ErroreEsecuzione.h"
 #include "system_files/FileSistema.h"
+#include "system_files/ScrittoreSicuro.h"
 
 #include <QGuiApplication>
 
@@ -20,7 +22,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -200,12 +201,15 @@ int Esegui(Lavoro lavoro, const OpzioniStampa& o, UiTesto& ui) {
                             : LavoroStampa::pdf(o.pdf);
         if (!job) return Errore("no printer is installed on this machine");
     }
-    std::ofstream opsFile;
+    std::optional<ScrittoreSicuro> opsFile;
     std::optional<RegistroStampa> registro;
     if (!o.ops.empty()) {
-        opsFile.open(o.ops + ".tmp", std::ios::binary | std::ios::trunc);
-        if (!opsFile) return Errore("cannot write " + o.ops);
-        registro.emplace(opsFile);
+        try {
+            opsFile.emplace(o.ops, std::ios::binary);
+        } catch (const ErroreEsecuzione& e) {
+            return Errore("cannot write " + o.ops + " (" + e.descrizione() + ")");
+        }
+        registro.emplace(opsFile->stream());
     }
     std::optional<StampaDoppia> doppia;
     OperazioniStampa* out = nullptr;
@@ -237,13 +241,11 @@ int Esegui(Lavoro lavoro, const OpzioniStampa& o, UiTesto& ui) {
 
     int rc = EsitoOk;
     if (registro) {
-        opsFile.close();
-        std::error_code ec;
-        if (!opsFile)
-            rc = Errore("cannot write " + o.ops);
-        else
-            std::filesystem::rename(o.ops + ".tmp", o.ops, ec);
-        if (ec) rc = Errore("cannot write " + o.ops + ": " + ec.message());
+        try {
+            opsFile->conferma();
+        } catch (const ErroreEsecuzione& e) {
+            rc = Errore("cannot write " + o.ops + " (" + e.descrizione() + ")");
+        }
     }
     if (job) {
         std::string errore;

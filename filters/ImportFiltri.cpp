@@ -3,10 +3,10 @@
 #include "archive/Archivio.h"
 #include "core/cCombinazioni.h"
 #include "settings/Ansi.h"
+#include "settings/LettoreTesto.h"
 #include "system_files/ColonneTesto.h"
 #include "system_files/ErroreEsecuzione.h"
 
-#include <fstream>
 
 namespace dv {
 
@@ -36,6 +36,8 @@ int32_t AvanzaFinoAConcorso(const ArrayEstrazioni& a, int32_t i, const std::stri
 
 constexpr const char* ChiusuraArchivio = ") in procedure loadArchiveToFilters of Modulo corpo";
 constexpr const char* ChiusuraFile = ") in procedure loadFileToFilters of Modulo corpo";
+// A line of a filter column holds at most 90 numbers; anything far longer is damage.
+constexpr size_t MaxRigaFiltro = 4096;
 
 void AvvisoLimite(Ui& ui) {
     ui.messageBox(TestoLimiteFiltri(), "Warning", BoxIcon::Exclamation);
@@ -173,9 +175,9 @@ RigaFiltro RigaToColonnaFiltro(std::string_view line, int32_t mask) {
 
 std::optional<int32_t> loadFileToFilters(TabellaFiltri& table, Ui& ui, const std::string& path,
                                          int32_t mask) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-        MostraErrore(ui, errori::FileNonTrovato(), std::string(" --> ") + path + ChiusuraFile);
+    LettoreTesto in(path, MaxRigaFiltro, LettoreTesto::FineRiga::Lf);
+    if (!in.aperto()) {
+        MostraErrore(ui, errori::Apertura(path), std::string(" --> ") + path + ChiusuraFile);
         return std::nullopt;
     }
     ui.setBusy(true);
@@ -184,32 +186,40 @@ std::optional<int32_t> loadFileToFilters(TabellaFiltri& table, Ui& ui, const std
     std::string scartate;
     int32_t numScartate = 0;
     std::string riga;
-    int64_t numeroRiga = 0;
-    while (static_cast<int32_t>(letti.size()) < MaxFiltri && std::getline(in, riga)) {
-        ++numeroRiga;
-        if (!riga.empty() && riga.back() == '\r') riga.pop_back();
+    LettoreTesto::Esito esito = LettoreTesto::Esito::Riga;
+    while (static_cast<int32_t>(letti.size()) < MaxFiltri &&
+           (esito = in.leggi(riga)) == LettoreTesto::Esito::Riga) {
+        const int64_t numeroRiga = in.numeroRiga();
         NormalizzaRiga(riga);
         if (riga.empty()) continue;
         RigaFiltro r = RigaToColonnaFiltro(riga, mask);
         if (r.esito == RigaFiltro::Esito::NonNumero) {
             ui.setBusy(false);
-            ui.messageBox(ui.Lang("0161") + " " + std::to_string(numeroRiga) + ": \"" + AnsiToUtf8(riga) +
-                              "\" (\"" + AnsiToUtf8(r.campo) + "\")\n" + ui.Lang("0162"),
+            ui.messageBox(ui.Lang("0161") + " " + std::to_string(numeroRiga) + ": \"" +
+                              AnsiToUtf8(Spezzone(riga)) + "\" (\"" + AnsiToUtf8(Spezzone(r.campo)) + "\")\n" +
+                              ui.Lang("0162"),
                           ui.Lang("0055"), BoxIcon::Critical);
             return std::nullopt;
         }
         if (r.esito == RigaFiltro::Esito::FuoriIntervallo) {
             // Named in the box at the end, the first ten of them.
             if (++numScartate <= 10)
-                scartate +=
-                    "\n" + std::to_string(numeroRiga) + ": \"" + AnsiToUtf8(riga) + "\" (" + r.campo + ")";
+                scartate += "\n" + std::to_string(numeroRiga) + ": \"" + AnsiToUtf8(Spezzone(riga)) + "\" (" +
+                            Spezzone(r.campo) + ")";
             continue;
         }
         letti.push_back(r.colonna);
     }
-    if (in.bad()) {
+    if (esito == LettoreTesto::Esito::ErroreLettura) {
         ui.setBusy(false);
-        MostraErrore(ui, errori::AccessoNegato(), std::string(" --> ") + path + ChiusuraFile);
+        MostraErrore(ui, ErroreEsecuzione(75, "Path/File access error", cause::ErroreDisco),
+                     std::string(" --> ") + path + ChiusuraFile);
+        return std::nullopt;
+    }
+    if (esito == LettoreTesto::Esito::TroppoLunga) {
+        ui.setBusy(false);
+        MostraErrore(ui, ErroreEsecuzione(6, "Overflow: " + TestoRigaTroppoLunga(ui, in)),
+                     std::string(" --> ") + path + ChiusuraFile);
         return std::nullopt;
     }
     table.clear();

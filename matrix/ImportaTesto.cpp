@@ -1,11 +1,11 @@
 #include "matrix/ImportaTesto.h"
 
 #include "core/Corpo.h"
+#include "settings/LettoreTesto.h"
 #include "system_files/ErroreEsecuzione.h"
 
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 #include <vector>
 
@@ -15,6 +15,8 @@ namespace {
 
 constexpr int NumeroErroreLogico = -2147211504;
 constexpr uint64_t MaxFileTestoMatrice = 256ull * 1024 * 1024;
+// A line holds at most 255 indices of the matrix; anything far longer is damage.
+constexpr size_t MaxRigaMatrice = 4096;
 
 // Tabs and CR become blanks, runs of blanks one, outer blanks go.
 std::string PulisciRiga(const std::string& line) {
@@ -68,19 +70,24 @@ MATRIX_STRUCTURE ImportMatrixText(const std::string& path, Ui& ui, double oggi) 
     try {
         std::error_code ec;
         const uint64_t size = std::filesystem::file_size(path, ec);
-        if (ec) throw errori::FileNonTrovato();
+        if (ec) throw errori::Apertura(path);
         if (size > MaxFileTestoMatrice) throw errori::MemoriaEsaurita();
-        std::ifstream in(path, std::ios::binary);
-        if (!in) throw errori::FileNonTrovato();
+        LettoreTesto in(path, MaxRigaMatrice, LettoreTesto::FineRiga::Lf);
+        if (!in.aperto()) throw errori::Apertura(path);
 
         // 1. The non-empty lines, cleaned; at most 100,000.
         std::vector<std::string> righe;
         std::string line;
-        while (static_cast<int32_t>(righe.size()) < MaxRigheMatriceTesto && std::getline(in, line)) {
+        LettoreTesto::Esito esito = LettoreTesto::Esito::Riga;
+        while (static_cast<int32_t>(righe.size()) < MaxRigheMatriceTesto &&
+               (esito = in.leggi(line)) == LettoreTesto::Esito::Riga) {
             std::string pulita = PulisciRiga(line);
             if (!pulita.empty()) righe.push_back(std::move(pulita));
         }
-        in.close();
+        if (esito == LettoreTesto::Esito::TroppoLunga)
+            throw ErroreEsecuzione(6, "Overflow: " + TestoRigaTroppoLunga(ui, in));
+        if (esito == LettoreTesto::Esito::ErroreLettura)
+            throw ErroreEsecuzione(75, "Path/File access error", cause::ErroreDisco);
 
         // 2. K from the first line.
         const size_t k = righe.empty() ? 0 : Token(righe.front()).size();
@@ -113,7 +120,7 @@ MATRIX_STRUCTURE ImportMatrixText(const std::string& path, Ui& ui, double oggi) 
         m.MATRIX_READY = Vero;
     } catch (const ErroreEsecuzione& e) {
         m.MATRIX_READY = Falso;
-        ui.messageBox(TestoErrore(e, ") "), "ERROR", BoxIcon::Exclamation);
+        ui.messageBox(TestoErrore(ui, e, ") "), "ERROR", BoxIcon::Exclamation);
     } catch (const std::exception&) {
         m.MATRIX_READY = Falso;
         ui.messageBox(TestoErrore(errori::MemoriaEsaurita(), ") "), "ERROR", BoxIcon::Exclamation);

@@ -1,6 +1,9 @@
 #include "platform/StampanteQt.h"
 
+#include "settings/ScritturaSicura.h"
+
 #include <QFile>
+#include <QIODevice>
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPageSize>
@@ -9,9 +12,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
-#include <filesystem>
 #include <mutex>
-#include <system_error>
 
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -205,20 +206,36 @@ double StampanteQt::larghezzaTesto(std::string_view s) {
     return *it / m_fattore;
 }
 
+// The device a PDF is written into: a save that puts the file in place only once complete.
+class DispositivoSalvataggio : public QIODevice {
+public:
+    explicit DispositivoSalvataggio(const std::string& path) : m_file(path) {
+        if (m_file.errore() == 0) open(QIODevice::WriteOnly);
+    }
+    bool isSequential() const override { return true; }
+    int errore() const { return m_file.errore(); }
+    int conferma() { return m_file.conferma(); }
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char* data, qint64 len) override {
+        return m_file.scrivi(data, static_cast<size_t>(len)) ? len : -1;
+    }
+
+private:
+    ScritturaSicura m_file;
+};
+
 LavoroStampa::~LavoroStampa() {
     if (m_renderer) m_renderer->chiudi();
-    m_pdf.reset();
-    if (!m_tmp.empty()) {
-        std::error_code ec;
-        std::filesystem::remove(m_tmp, ec);
-    }
+    m_pdf.reset(); // the unconfirmed save then removes its temporary file
 }
 
 std::unique_ptr<LavoroStampa> LavoroStampa::pdf(const std::string& path) {
     std::unique_ptr<LavoroStampa> j(new LavoroStampa);
     j->m_path = path;
-    j->m_tmp = path + ".tmp";
-    j->m_pdf = std::make_unique<QPdfWriter>(QString::fromStdString(j->m_tmp));
+    j->m_file = std::make_unique<DispositivoSalvataggio>(path);
+    j->m_pdf = std::make_unique<QPdfWriter>(j->m_file.get());
     j->m_pdf->setResolution(600);
     j->m_pdf->setCreator(QStringLiteral("Dorvanta"));
     j->m_pdf->setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
@@ -249,22 +266,21 @@ bool LavoroStampa::concludi(std::string& errore) {
     const bool ok = m_renderer->chiudi();
     const bool nulla = m_renderer->pagineEmesse() == 0;
     m_pdf.reset();
-    if (!ok) {
-        errore = m_tmp.empty() ? "the printer could not be started" : "cannot write " + m_tmp;
+    if (!ok || (m_file && m_file->errore() != 0)) {
+        errore = !m_file ? "the printer could not be started"
+                         : "cannot write " + m_path + ": " + CausaErrore(m_file->errore()).inglese;
         return false;
     }
     if (nulla) {
         errore = "nothing to print";
         return false;
     }
-    if (!m_tmp.empty()) {
-        std::error_code ec;
-        std::filesystem::rename(m_tmp, m_path, ec);
-        if (ec) {
-            errore = "cannot write " + m_path + ": " + ec.message();
+    if (m_file) {
+        if (const int e = m_file->conferma(); e != 0) {
+            errore = "cannot write " + m_path + ": " + CausaErrore(e).inglese;
             return false;
         }
-        m_tmp.clear();
+        m_file.reset();
     }
     return true;
 }

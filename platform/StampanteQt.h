@@ -94,6 +94,8 @@ private:
     QHash<QString, QImage> m_immagini;
 };
 
+class DispositivoSalvataggio;
+
 // A print job on a real printer, a PDF file, or a printer given by a dialog, with its renderer.
 class LavoroStampa {
 public:
@@ -115,10 +117,10 @@ public:
 private:
     LavoroStampa() = default;
     std::unique_ptr<QPrinter> m_printer;
+    std::unique_ptr<DispositivoSalvataggio> m_file; // the PDF's save, outliving its writer
     std::unique_ptr<QPdfWriter> m_pdf;
     std::unique_ptr<StampanteQt> m_renderer;
     std::string m_path;
-    std::string m_tmp;
 };
 
 // The device names of the printers, and "PDF" behind them unless a printer bears that name.

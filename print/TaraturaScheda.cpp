@@ -1,5 +1,8 @@
 #include "print/TaraturaScheda.h"
 
+#include "settings/Ansi.h"
+#include "settings/FileTesto.h"
+#include "settings/ScritturaSicura.h"
 #include "settings/classINI.h"
 
 #include <charconv>
@@ -70,24 +73,29 @@ SlipCalibration LoadCalibration(const std::string& path) {
     return c;
 }
 
-bool SalvaTaratura(const std::string& path, const SlipCalibration& c) {
+bool SalvaTaratura(const std::string& path, const SlipCalibration& c, int* errore) {
     std::error_code ec;
     const std::filesystem::path target(path);
     if (target.has_parent_path()) std::filesystem::create_directories(target.parent_path(), ec);
-    const std::string tmp = path + ".tmp";
-    std::filesystem::remove(tmp, ec);
-    const classINI ini(tmp);
-    bool ok = true;
+    // The whole file at once, as the settings file writes a fresh section.
+    const std::string eol = FineRigaNativa;
+    std::string testo = std::string("[") + Sezione + "]" + eol;
+    auto riga = [&](const char* chiave, const std::string& valore) {
+        std::string v = Utf8ToAnsi(valore);
+        for (char& ch : v)
+            if (ch == '\r' || ch == '\n') ch = ' ';
+        testo += chiave;
+        testo += '=';
+        testo += v;
+        testo += eol;
+    };
     for (int i = 0; i < NumeroValoriTaratura; ++i)
-        ok = ini.setProperty(Sezione, ChiaviTaratura[i], TestoMm(ValoreTaratura(c, i))) && ok;
-    ok = ini.setProperty(Sezione, "STAMPANTE", c.STAMPANTE) && ok;
-    ok = ini.setProperty(Sezione, "INTENSITA_STAMPA", std::to_string(c.INTENSITA_STAMPA)) && ok;
-    if (ok) std::filesystem::rename(tmp, target, ec);
-    if (!ok || ec) {
-        std::filesystem::remove(tmp, ec);
-        return false;
-    }
-    return true;
+        riga(ChiaviTaratura[i], TestoMm(ValoreTaratura(c, i)));
+    riga("STAMPANTE", c.STAMPANTE);
+    riga("INTENSITA_STAMPA", std::to_string(c.INTENSITA_STAMPA));
+    const int esito = ScriviFileSicuro(path, testo);
+    if (errore) *errore = esito;
+    return esito == 0;
 }
 
 int BarraDaMm(float mm) {

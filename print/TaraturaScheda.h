@@ -37,8 +37,9 @@ std::string PercorsoTaratura(const std::string& appDir, const std::string& devic
 SlipCalibration LoadCalibration(const std::string& path);
 // Writes the twelve lengths, "STAMPANTE" and "INTENSITA_STAMPA" in that order into a new file
 // beside the target, then puts it in place; false when it could not be written (the old file
-// then stays as it was). The folder is made when missing.
-bool SalvaTaratura(const std::string& path, const SlipCalibration& c);
+// then stays as it was, and errore, when given, takes the errno of the failure). The folder is
+// made when missing.
+bool SalvaTaratura(const std::string& path, const SlipCalibration& c, int* errore = nullptr);
 
 // A length as the calibration window's scroll bar holds it, in tenths of a millimetre, and back.
 int BarraDaMm(float mm);

@@ -1,6 +1,7 @@
 #include "settings/FileTesto.h"
 
 #include "settings/Ansi.h"
+#include "settings/ScritturaSicura.h"
 
 #include <filesystem>
 #include <fstream>
@@ -23,26 +24,7 @@ std::optional<std::string> LeggiFileTesto(const std::string& path) {
 }
 
 bool ScriviFileTesto(const std::string& path, const std::string& content) {
-    const std::string temp = path + ".new";
-    {
-        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-        if (!out) return false;
-        out.write(content.data(), static_cast<std::streamsize>(content.size()));
-        out.flush();
-        if (!out) {
-            out.close();
-            std::error_code ec;
-            std::filesystem::remove(temp, ec);
-            return false;
-        }
-    }
-    std::error_code ec;
-    std::filesystem::rename(temp, path, ec);
-    if (ec) {
-        std::filesystem::remove(temp, ec);
-        return false;
-    }
-    return true;
+    return ScriviFileSicuro(path, content) == 0;
 }
 
 } // namespace dv

@@ -2,8 +2,10 @@
 
 #include "settings/Ansi.h"
 #include "settings/FileTesto.h"
+#include "settings/ScritturaSicura.h"
 
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 namespace dv {
@@ -38,15 +40,15 @@ int CopiaLingueIniziali(const std::string& shippedDir, const std::string& appDir
     ec.clear();
     for (fs::directory_iterator it(shippedDir, ec), end; !ec && it != end; it.increment(ec)) {
         if (!estensioneLng(it->path())) continue;
+        // Saved whole, so that an interrupted copy never leaves half a file.
         std::error_code ec2;
-        // Written beside and renamed, so that an interrupted copy never leaves half a file.
+        const auto size = fs::file_size(it->path(), ec2);
+        if (ec2 || size > MaxFileTesto) continue;
+        std::ifstream in(it->path(), std::ios::binary);
+        std::string bytes(static_cast<size_t>(size), '\0');
+        if (!in.read(bytes.data(), static_cast<std::streamsize>(size))) continue;
         const fs::path target = fs::path(appDir) / it->path().filename();
-        const fs::path temp = target.string() + ".new";
-        if (fs::copy_file(it->path(), temp, fs::copy_options::overwrite_existing, ec2)) {
-            fs::rename(temp, target, ec2);
-            if (!ec2) ++copied;
-            else fs::remove(temp, ec2);
-        }
+        if (ScriviFileSicuro(target.string(), bytes) == 0) ++copied;
     }
     return copied;
 }

@@ -5,6 +5,7 @@
 #include "platform/StampanteQt.h"
 #include "print/Schedine.h"
 #include "print/Tabulato.h"
+#include "settings/ScritturaSicura.h"
 #include "windows/frmStampaSupporto.h"
 
 #include <QComboBox>
@@ -175,8 +176,10 @@ void frmTaratura10eLotto::optColor_Click(int index) {
 void frmTaratura10eLotto::cmdSalva_Click() {
     const std::string path = percorso();
     ReadBars();
-    if (!SalvaTaratura(path, m_cal)) {
-        m_ui.messageBox(m_ui.Lang("0200") + " " + path, "", BoxIcon::Critical);
+    int errore = 0;
+    if (!SalvaTaratura(path, m_cal, &errore)) {
+        m_ui.messageBox(m_ui.Lang("0200") + " " + path + ": " + TestoCausa(m_ui, CausaErrore(errore)), "",
+                        BoxIcon::Critical);
         return;
     }
     setWindowTitle(QStringLiteral("Taratura Scheda 10eLotto (%1)")
