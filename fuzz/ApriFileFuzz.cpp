@@ -23,6 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Rinnova(*c);
     const dv::EsitoApriFile esito = dv::ApriFile(*c, ui, input);
     VerificaStato(*c);
+    Verifica(ui.busyDepth == 0, "the busy pointer is given back");
     if (esito != dv::EsitoApriFile::Aperto) return 0;
 
     // What opened saves and opens again to the same system.

@@ -2,11 +2,9 @@
 // layouts by hand, independent of the library's field lists.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <unistd.h>
+#include "tests/settings/TempDir.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -14,24 +12,7 @@
 namespace dv::test {
 
 // A folder of its own for each test, removed at the end.
-class CartellaTemporanea {
-public:
-    CartellaTemporanea() {
-        const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-        std::string name = info ? std::string(info->test_suite_name()) + "_" + info->name() : "dv";
-        m_path = std::filesystem::temp_directory_path() / ("dv_" + std::to_string(::getpid()) + "_" + name);
-        std::filesystem::remove_all(m_path);
-        std::filesystem::create_directories(m_path);
-    }
-    ~CartellaTemporanea() {
-        std::error_code ec;
-        std::filesystem::remove_all(m_path, ec);
-    }
-    std::string file(const std::string& name) const { return (m_path / name).string(); }
-
-private:
-    std::filesystem::path m_path;
-};
+using CartellaTemporanea = TempDir;
 
 class Bytes {
 public:
