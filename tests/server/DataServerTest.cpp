@@ -29,16 +29,15 @@ QByteArray leggi(const QString& path) {
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-quint16 porta(const ServerProcess& s) { return static_cast<quint16>(QUrl(QString::fromStdString(s.base())).port()); }
-
 } // namespace
 
 TEST(DataServer, ServesTheFilesAtTheirPathsAndLogsEachRequest) {
     ServerProcess server(Sample);
     ASSERT_TRUE(server.running());
-    for (const char* path : {"/public/10elotto/ver.asp", "/public/10elotto/lingue/lista.txt",
-                             "/public/10elotto/lingue/english.txt", "/public/10elotto/lingue/thankstolingue.txt",
-                             "/public/10elotto/archivioro2.asp", "/public/10elotto/lista.asp"}) {
+    for (const char* path :
+         {"/public/10elotto/ver.asp", "/public/10elotto/lingue/lista.txt",
+          "/public/10elotto/lingue/english.txt", "/public/10elotto/lingue/thankstolingue.txt",
+          "/public/10elotto/archivioro2.asp", "/public/10elotto/lista.asp"}) {
         const auto r = httpGet(server.url(path));
         EXPECT_EQ(r.status, 200) << path;
         EXPECT_EQ(r.body, leggi(Sample + QString::fromLatin1(path))) << path;
@@ -64,41 +63,43 @@ TEST(DataServer, FiveMinuteArchiveFromADate) {
     EXPECT_TRUE(lines.at(1).startsWith("04/01/2026"));
     EXPECT_EQ(some.body.count("03/01/2026"), 0);
     EXPECT_EQ(some.body.count("\n04/01/2026") + some.body.count("\n05/01/2026"), 10);
-    for (const char* bad : {"", "?dal=", "?dal=2026014", "?dal=20261399", "?dal=20260104&dal=20260105", "?from=20260104"})
-        EXPECT_EQ(httpGet(server.url(std::string("/public/10elotto5min/archivioro2.asp") + bad)).status, 400) << bad;
+    for (const char* bad :
+         {"", "?dal=", "?dal=2026014", "?dal=20261399", "?dal=20260104&dal=20260105", "?from=20260104"})
+        EXPECT_EQ(httpGet(server.url(std::string("/public/10elotto5min/archivioro2.asp") + bad)).status, 400)
+            << bad;
 }
 
-TEST(DataServer, MatrixDownloadByNameOnlyFromTheMatrixFolder) {
-    QTemporaryDir dir;
-    scrivi(dir.filePath(QStringLiteral("public/10elotto/matrici/M10_5.DAT")), QByteArray("\x00\x01\x02matrix", 9));
-    scrivi(dir.filePath(QStringLiteral("public/10elotto/ver.asp")), "1.0.0");
-    ServerProcess server(dir.path());
-    ASSERT_TRUE(server.running());
-    const auto r = httpGet(server.url("/public/10elotto/matrici/download.aspx?file=M10_5.DAT"));
-    EXPECT_EQ(r.status, 200);
-    EXPECT_EQ(r.body, QByteArray("\x00\x01\x02matrix", 9));
-    EXPECT_EQ(httpGet(server.url("/public/10elotto/matrici/download.aspx?file=NONE.DAT")).status, 404);
-    for (const char* bad : {"", "?file=", "?file=..%2Fver.asp", "?file=../ver.asp", "?file=%2Fetc%2Fpasswd", "?name=x"})
-        EXPECT_EQ(httpGet(server.url(std::string("/public/10elotto/matrici/download.aspx") + bad)).status, 400) << bad;
-}
-
-TEST(DataServer, NeverServesAFileOutsideItsDataFolder) {
+// Matrices by name from their folder only; nothing outside the data folder, through any spelling
+// of a path or through a link, and no hidden name.
+TEST(DataServer, MatrixDownloadByNameAndNeverAFileOutsideTheDataFolder) {
     QTemporaryDir outer;
     scrivi(outer.filePath(QStringLiteral("secret.txt")), "SECRET");
     const QString data = outer.filePath(QStringLiteral("data"));
+    scrivi(data + QStringLiteral("/public/10elotto/matrici/M10_5.DAT"), QByteArray("\x00\x01\x02matrix", 9));
     scrivi(data + QStringLiteral("/public/10elotto/ver.asp"), "1.0.0");
-    scrivi(data + QStringLiteral("/public/.hidden"), "SECRET"); // hidden names are never served either
+    scrivi(data + QStringLiteral("/public/.hidden"), "SECRET");
     scrivi(data + QStringLiteral("/public/10elotto/matrici/.hidden"), "SECRET");
-    // A link inside the folder that points outside it.
-    ASSERT_TRUE(QFile::link(outer.filePath(QStringLiteral("secret.txt")), data + QStringLiteral("/public/link.txt")));
+    ASSERT_TRUE(
+        QFile::link(outer.filePath(QStringLiteral("secret.txt")), data + QStringLiteral("/public/link.txt")));
     ServerProcess server(data);
     ASSERT_TRUE(server.running());
+    const std::string matrici = "/public/10elotto/matrici/download.aspx";
+    const auto r = httpGet(server.url(matrici + "?file=M10_5.DAT"));
+    EXPECT_EQ(r.status, 200);
+    EXPECT_EQ(r.body, QByteArray("\x00\x01\x02matrix", 9));
+    EXPECT_EQ(httpGet(server.url(matrici + "?file=NONE.DAT")).status, 404);
+    for (const char* bad :
+         {"", "?file=", "?file=..%2Fver.asp", "?file=../ver.asp", "?file=%2Fetc%2Fpasswd", "?name=x"})
+        EXPECT_EQ(httpGet(server.url(matrici + bad)).status, 400) << bad;
+
     EXPECT_EQ(httpGet(server.url("/public/link.txt")).status, 404);
-    for (const char* path : {"/../secret.txt", "/public/../../secret.txt", "/public/%2e%2e/%2e%2e/secret.txt",
-                             "/public/..%2f..%2fsecret.txt", "//secret.txt", "/public/10elotto/matrici/download.aspx?file=..%2F..%2F..%2Fsecret.txt",
-                             "/public/.hidden", "/public/%2ehidden", "/public/10elotto/matrici/download.aspx?file=.hidden"}) {
+    for (const std::string& path : std::vector<std::string>{
+             "/../secret.txt", "/public/../../secret.txt", "/public/%2e%2e/%2e%2e/secret.txt",
+             "/public/..%2f..%2fsecret.txt", "//secret.txt", matrici + "?file=..%2F..%2F..%2Fsecret.txt",
+             "/public/.hidden", "/public/%2ehidden", matrici + "?file=.hidden"}) {
         const QByteArray answer = dv::test::rawRequest(
-            porta(server), QByteArray("GET ") + path + " HTTP/1.1\r\nHost: 127.0.0.1\r\nConnection: close\r\n\r\n");
+            server.port(), QByteArray::fromStdString(
+                               "GET " + path + " HTTP/1.1\r\nHost: 127.0.0.1\r\nConnection: close\r\n\r\n"));
         EXPECT_FALSE(answer.isEmpty()) << path;
         EXPECT_FALSE(answer.contains("SECRET")) << path;
         EXPECT_FALSE(answer.startsWith("HTTP/1.1 200")) << path;
@@ -106,13 +107,13 @@ TEST(DataServer, NeverServesAFileOutsideItsDataFolder) {
 }
 
 TEST(DataServer, RefusesABadCommandLine) {
-    QProcess p;
-    p.start(QStringLiteral(DV_SERVER_BINARY), {QStringLiteral("--data"), QStringLiteral("/nonexistent/folder")});
-    ASSERT_TRUE(p.waitForFinished(10'000));
-    EXPECT_NE(p.exitCode(), 0);
-    p.start(QStringLiteral(DV_SERVER_BINARY), {QStringLiteral("--data"), Sample, QStringLiteral("--port"), QStringLiteral("x")});
-    ASSERT_TRUE(p.waitForFinished(10'000));
-    EXPECT_NE(p.exitCode(), 0);
+    for (const QStringList& args :
+         {QStringList{"--data", "/nonexistent/folder"}, QStringList{"--data", Sample, "--port", "x"}}) {
+        QProcess p;
+        p.start(QStringLiteral(DV_SERVER_BINARY), args);
+        ASSERT_TRUE(p.waitForFinished(10'000));
+        EXPECT_NE(p.exitCode(), 0) << args.join(' ').toStdString();
+    }
 }
 
 int main(int argc, char** argv) {

@@ -15,8 +15,9 @@ public:
     // extra: further arguments, such as "--demo".
     explicit ServerProcess(const QString& dataDir, const QStringList& extra = {}) {
         m_process.setProgram(QStringLiteral(DV_SERVER_BINARY));
-        m_process.setArguments(QStringList{QStringLiteral("--data"), dataDir, QStringLiteral("--port"), QStringLiteral("0")} +
-                               extra);
+        m_process.setArguments(
+            QStringList{QStringLiteral("--data"), dataDir, QStringLiteral("--port"), QStringLiteral("0")} +
+            extra);
         m_process.start();
         if (!m_process.waitForStarted(10'000)) return;
         // The first line is "Listening on http://127.0.0.1:PORT/".
@@ -41,6 +42,7 @@ public:
     // "http://127.0.0.1:PORT", without a closing "/".
     std::string base() const { return m_base.toStdString(); }
     std::string url(const std::string& path) const { return base() + path; }
+    quint16 port() const { return static_cast<quint16>(m_base.section(QLatin1Char(':'), -1).toUInt()); }
     // The log lines printed since the address.
     QStringList logLines() {
         m_process.waitForReadyRead(200);
