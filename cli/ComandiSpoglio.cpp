@@ -10,6 +10,8 @@
 #include "prize/VerificaSistemi.h"
 #include "system_files/FileSistema.h"
 
+#include <atomic>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -125,18 +127,53 @@ public:
         m_barra.progress(info);
     }
     BarraSpoglio() { m_barra.started(0); }
+    void chiudi() { m_barra.chiudi(); }
 
 private:
     BarraProgresso m_barra{stderr};
 };
 
-void StampaGriglia(const GrigliaTesti& g) {
+// While it lives, Ctrl-C sets the stop flag of the check under way, the flag that the window's
+// stop sets; the handler does nothing else, so it is safe at any moment.
+std::atomic<AvanzamentoSpoglio*> g_spoglio{nullptr};
+extern "C" void InterrompiSpoglio(int) {
+    if (AvanzamentoSpoglio* a = g_spoglio.load()) a->stop.store(true);
+}
+
+class CtrlC {
+public:
+    explicit CtrlC(AvanzamentoSpoglio& a) {
+        g_spoglio.store(&a);
+        m_precedente = std::signal(SIGINT, InterrompiSpoglio);
+    }
+    ~CtrlC() {
+        std::signal(SIGINT, m_precedente);
+        g_spoglio.store(nullptr);
+    }
+    CtrlC(const CtrlC&) = delete;
+    CtrlC& operator=(const CtrlC&) = delete;
+
+private:
+    void (*m_precedente)(int) = SIG_DFL;
+};
+
+// A stopped run: its message, and no file written.
+int Fermato(BarraSpoglio& barra) {
+    barra.chiudi();
+    std::fprintf(stderr, "Stopped by the user: the check is not complete, no CSV file written.\n");
+    return EsitoFileRifiutato;
+}
+
+// The grid's rows on stdout; false when the user stopped before the last one.
+bool StampaGriglia(const GrigliaTesti& g, const AvanzamentoSpoglio& a) {
     for (int r = 0; r < g.righe; ++r) {
+        if (a.stop.load()) return false;
         std::string riga;
         for (int col = 0; col < g.colonne; ++col)
             (riga += col ? "\t" : "") += g.testo(r, col);
         std::printf("%s\n", riga.c_str());
     }
+    return true;
 }
 
 int ScriviCsv(const GrigliaTesti& g, const std::string& path, UiTesto& ui) {
@@ -145,6 +182,8 @@ int ScriviCsv(const GrigliaTesti& g, const std::string& path, UiTesto& ui) {
 }
 
 int ComandoCheckArchive(const OpzioniSpoglio& o, UiTesto& ui) {
+    BarraSpoglio barra;
+    CtrlC ctrlC(barra);
     auto c = std::make_unique<Corpo>();
     if (auto rc = Prepara(*c, ui, o)) return *rc;
     if (!InitPremi(c->LenColonna)) {
@@ -165,23 +204,27 @@ int ComandoCheckArchive(const OpzioniSpoglio& o, UiTesto& ui) {
         return Rifiuto(ui, "Error -2147211504 (" + ui.Lang("0022") +
                                ") in procedure SpoglioArchivioEstrazioni of Form frmSpoglioEstrazioni");
     const Tratto t = TrovaTratto(c->mArrEstrazioni, o.from, o.concDa, o.to, o.concA);
-    BarraSpoglio barra;
     const RisultatoEstrazioni r = SpoglioArchivio(*c, ui, t, barra);
+    if (r.fermato) return Fermato(barra);
+    barra.chiudi();
     const GrigliaTesti g = GrigliaSpoglio(c->mArrEstrazioni, r, '.');
-    StampaGriglia(g);
+    if (!StampaGriglia(g, barra)) return Fermato(barra);
     return ScriviCsv(g, o.csv, ui);
 }
 
 int ComandoCompare(const OpzioniSpoglio& o, UiTesto& ui) {
+    BarraSpoglio barra;
+    CtrlC ctrlC(barra);
     std::error_code ec;
     for (const std::string* f : {&o.file1, &o.file2})
         if (!std::filesystem::is_regular_file(*f, ec)) return Rifiuto(ui, *f + ": no such file");
     const std::vector<RecordNumeri> c1 = LoadTxtToColonneArray(ui, o.file1);
     const std::vector<RecordNumeri> c2 = LoadTxtToColonneArray(ui, o.file2);
-    BarraSpoglio barra;
     const RisultatoVerifica v = VerificaSistema(c1, c2, barra);
+    if (v.fermato) return Fermato(barra);
+    barra.chiudi();
     const GrigliaTesti g = GrigliaVerifica(c2, v);
-    StampaGriglia(g);
+    if (!StampaGriglia(g, barra)) return Fermato(barra);
     return ScriviCsv(g, o.csv, ui);
 }
 
@@ -231,7 +274,7 @@ void RegistraComandiSpoglio(CLI::App& app, ComandiCli& comandi) {
         "Also write the grid as CSV: header, totals, a row per draw, every cell followed by \";\"");
     archivio->footer(
         "Prints the grid's rows, cells separated by tabs. Draws skipped for their Oro number are "
-        "reported on stderr.");
+        "reported on stderr. Ctrl-C stops the check: exit code 1, no CSV file written.");
     comandi.aggiungi(archivio, [o](UiTesto& ui) { return ComandoCheckArchive(*o, ui); });
 
     auto* compare =
@@ -239,7 +282,8 @@ void RegistraComandiSpoglio(CLI::App& app, ComandiCli& comandi) {
     compare->add_option("file1", o->file1, "Text file whose lines are counted")->required();
     compare->add_option("file2", o->file2, "Text file with a row per line")->required();
     compare->add_option("--csv", o->csv, "Also write the grid as CSV: header, a row per line, totals");
-    compare->footer("Prints the grid's rows, cells separated by tabs.");
+    compare->footer("Prints the grid's rows, cells separated by tabs. Ctrl-C stops the comparison: exit "
+                    "code 1, no CSV file written.");
     comandi.aggiungi(compare, [o](UiTesto& ui) { return ComandoCompare(*o, ui); });
 }
 
