@@ -1,6 +1,6 @@
+#include "settings/Lingua.h"
 #include "core/Corpo.h"
 #include "settings/Impostazioni.h"
-#include "settings/Lingua.h"
 
 #include "TempDir.h"
 
@@ -13,7 +13,8 @@ namespace {
 // A language file of at least n bytes: the given lines, then padding comments.
 std::string fileLungo(const std::string& lines, size_t n) {
     std::string s = lines;
-    while (s.size() < n) s += "; padding padding padding padding padding padding padding padding\r\n";
+    while (s.size() < n)
+        s += "; padding padding padding padding padding padding padding padding\r\n";
     return s;
 }
 
@@ -21,7 +22,8 @@ std::string fileLungo(const std::string& lines, size_t n) {
 
 TEST(ReadLanguageValue, ShortFileIsReadAsIniBySectionAndKey) {
     TempDir dir;
-    const auto f = dir.write("x.lng", "[frmA]\r\ncmd.Caption=\"Other\"\r\n[Strings]\r\n0025 = \"Due volte\"\r\n");
+    const auto f =
+        dir.write("x.lng", "[frmA]\r\ncmd.Caption=\"Other\"\r\n[Strings]\r\n0025 = \"Due volte\"\r\n");
     EXPECT_EQ(dv::ReadLanguageValue(f, "Strings", "0025"), "Due volte");
     EXPECT_EQ(dv::ReadLanguageValue(f, "frmB", "cmd.Caption"), "");
     EXPECT_EQ(dv::ReadLanguageValue(dir.file("missing.lng"), "Strings", "0025"), "");
@@ -34,7 +36,8 @@ TEST(ReadLanguageValue, LongFileIsScannedIgnoringSectionAndCase) {
                                                 "[Strings]\r\n"
                                                 "0025=\"Numero ripetuto\"\r\n"
                                                 "CMD.caption=\"Esegui\"\r\n"
-                                                "0026=\"\r\n",
+                                                "0026=\"\r\n"
+                                                "0001=\"citt\xE0\"\r\n",
                                                 70000));
     ASSERT_GE(std::filesystem::file_size(f), dv::SogliaFileLungo);
     // The first line that starts with the key wins, whatever its section.
@@ -44,14 +47,12 @@ TEST(ReadLanguageValue, LongFileIsScannedIgnoringSectionAndCase) {
     EXPECT_EQ(dv::ReadLanguageValue(f, "Strings", "002"), "\"from another section");
     EXPECT_EQ(dv::ReadLanguageValue(f, "Strings", "0026"), "");
     EXPECT_EQ(dv::ReadLanguageValue(f, "Strings", "0099"), "");
-}
-
-TEST(ReadLanguageValue, LongFileSavedAsUtf8WithAMarkReadsTheSame) {
-    TempDir dir;
-    const auto f = dir.write("x.lng", fileLungo("\xEF\xBB\xBF" "0001=\"città\"\r\n", 70000));
-    EXPECT_EQ(dv::ReadLanguageValue(f, "Strings", "0001"), "città");
-    const auto ansi = dir.write("y.lng", fileLungo("0001=\"citt\xE0\"\r\n", 70000));
-    EXPECT_EQ(dv::ReadLanguageValue(ansi, "Strings", "0001"), "città");
+    EXPECT_EQ(dv::ReadLanguageValue(f, "Strings", "0001"), "citt\xC3\xA0");
+    // A file saved as UTF-8 with a byte-order mark reads the same.
+    const auto utf8 = dir.write("y.lng", fileLungo("\xEF\xBB\xBF"
+                                                   "0001=\"citt\xC3\xA0\"\r\n",
+                                                   70000));
+    EXPECT_EQ(dv::ReadLanguageValue(utf8, "Strings", "0001"), "citt\xC3\xA0");
 }
 
 TEST(ReadLanguageValue, ThresholdIs64001Bytes) {
@@ -65,8 +66,11 @@ TEST(ReadLanguageValue, ThresholdIs64001Bytes) {
     EXPECT_EQ(dv::ReadLanguageValue(longFile, "Strings", "0001"), " \"spaced");
 }
 
-TEST(Lingua, LangReadsTheSettingWhenNoLanguageIsInUse) {
+TEST(Lingua, LangReadsTheSettingWhenNoLanguageIsInUseAndAMissingFileGivesEmptyTexts) {
     TempDir dir;
+    dv::Lingua nessuna{dir.path(), ""};
+    EXPECT_EQ(nessuna.Lang("0053"), "");
+    EXPECT_EQ(nessuna.languageFile(), "");
     dir.write("dorvantaqvn.ini", "[IMPOSTAZIONI]\r\nLINGUA=ENGLISH\r\n");
     dir.write("english.lng", "[Strings]\r\n0053=\"Quit?\"\r\n");
     dv::Lingua lingua{dir.path(), ""};
@@ -74,14 +78,6 @@ TEST(Lingua, LangReadsTheSettingWhenNoLanguageIsInUse) {
     EXPECT_EQ(lingua.CurrentLanguage, "ENGLISH");
     EXPECT_EQ(lingua.languageFile(), dir.file("english.lng"));
     EXPECT_EQ(lingua.Lang("0054"), "");
-}
-
-TEST(Lingua, NoLanguageGivesEmptyTextsAndNoFile) {
-    TempDir dir;
-    dv::Lingua lingua{dir.path(), ""};
-    EXPECT_EQ(lingua.Lang("0053"), "");
-    EXPECT_EQ(lingua.languageFile(), "");
-    // A language whose file is missing gives empty texts too.
     lingua.CurrentLanguage = "KLINGON";
     EXPECT_EQ(lingua.Lang("0053"), "");
 }
@@ -108,7 +104,8 @@ TEST(ReadConfiguration, ReadsEveryKeyAsTheSettingsWindowWroteIt) {
     corpo.AppDir = dir.path();
     dv::Impostazioni imp;
     dv::Lingua lingua;
-    ASSERT_TRUE(dv::ScriviImpostazioni(dir.path(), {std::string(60, 'H'), "HP LaserJet", true, 0, "ITALIANO"}));
+    ASSERT_TRUE(
+        dv::ScriviImpostazioni(dir.path(), {std::string(60, 'H'), "HP LaserJet", true, 0, "ITALIANO"}));
     dv::ReadConfiguration(corpo, imp, lingua);
     EXPECT_EQ(imp.Intestazione, std::string(55, 'H'));
     EXPECT_EQ(imp.StampanteTabulato, "HP LaserJet");
@@ -135,7 +132,8 @@ TEST(ReadConfiguration, OnlyTheExactTrueTurnsTheModeOnAndAMissingLanguageIsNotTa
     EXPECT_FALSE(imp.ModalitaRicalcolo);
     EXPECT_EQ(imp.SorgenteRicalcolo, 1);
     EXPECT_EQ(lingua.CurrentLanguage, "ENGLISH"); // no francais.lng: the language in use stays
-    EXPECT_EQ(dv::ServerUrl(imp, "/public/10elotto/ver.asp"), "http://example.invalid:81/public/10elotto/ver.asp");
+    EXPECT_EQ(dv::ServerUrl(imp, "/public/10elotto/ver.asp"),
+              "http://example.invalid:81/public/10elotto/ver.asp");
     // The header is cut to 55 characters first and trimmed afterwards.
     dir.write("dorvantaqvn.ini", "[IMPOSTAZIONI]\nINTESTAZIONE=\"  " + std::string(60, 'H') + "\"\n");
     dv::ReadConfiguration(dir.path(), imp, lingua);

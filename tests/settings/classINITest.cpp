@@ -1,5 +1,5 @@
-#include "settings/Ansi.h"
 #include "settings/classINI.h"
+#include "settings/Ansi.h"
 
 #include "TempDir.h"
 
@@ -20,41 +20,34 @@ TEST(classINI, MissingFileGivesTheDefaultAndIsNotCreatedByReading) {
     EXPECT_FALSE(dir.exists("none.ini"));
 }
 
+// Comments, blanks around names and values, case, quotes, the first of two keys, lines of either
+// end and none after the last, a value cut to what the buffer holds, integers by their leading digits.
 TEST(classINI, ReadsHandEditedFilesAsTheProfileCallsDo) {
     TempDir dir;
-    const classINI ini(dir.write("a.ini", "; settings\r\n"
-                                          "\r\n"
-                                          "  [Altro]\r\n"
-                                          "LINGUA=wrong\r\n"
-                                          "[impostazioni]  \r\n"
-                                          "\r\n"
-                                          "; LINGUA=commented\r\n"
-                                          "  lingua   =   English  \r\n"
-                                          "EMPTY=\r\n"
-                                          "Quoted=\"  padded  \"\r\n"
-                                          "noequals\r\n"
-                                          "LINGUA=second\r\n"));
-    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "LINGUA", "def"), "English");
-    EXPECT_EQ(ini.getProperty("Altro", "lingua", "def"), "wrong");
-    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "EMPTY", "def"), "");
-    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "QUOTED", "def"), "  padded  ");
-    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "noequals", "def"), "def");
-    EXPECT_EQ(ini.getProperty("Missing", "LINGUA", "def"), "def");
-}
-
-TEST(classINI, LineEndsOfEitherKindAndNoFinalLineEnd) {
-    TempDir dir;
-    const classINI lf(dir.write("lf.ini", "[S]\nA=1\nB=2"));
-    EXPECT_EQ(lf.getProperty("S", "A", ""), "1");
-    EXPECT_EQ(lf.getProperty("S", "B", ""), "2");
-    const classINI crlf(dir.write("crlf.ini", "[S]\r\nA=1\r\n"));
-    EXPECT_EQ(crlf.getProperty("S", "A", ""), "1");
-}
-
-TEST(classINI, ValueIsCutToWhatTheBufferHolds) {
-    TempDir dir;
-    const classINI ini(dir.write("a.ini", "[S]\nK=" + std::string(300, 'x') + "\n"));
+    const classINI ini(
+        dir.write("a.ini", "; settings\r\n\r\n  [Altro]\r\nLINGUA=wrong\r\n[impostazioni]  \r\n\r\n"
+                           "; LINGUA=commented\r\n  lingua   =   English  \r\nEMPTY=\r\n"
+                           "Quoted=\"  padded  \"\r\nnoequals\r\nLINGUA=second\r\n"
+                           "[S]\nK=" +
+                               std::string(300, 'x') + "\nA=12abc\nB=abc\nC= -3\nL=last"));
+    const struct {
+        const char *section, *key, *value;
+    } casi[] = {{"IMPOSTAZIONI", "LINGUA", "English"},
+                {"Altro", "lingua", "wrong"},
+                {"IMPOSTAZIONI", "EMPTY", ""},
+                {"IMPOSTAZIONI", "QUOTED", "  padded  "},
+                {"IMPOSTAZIONI", "noequals", "def"},
+                {"Missing", "LINGUA", "def"},
+                {"S", "L", "last"}};
+    for (const auto& k : casi)
+        EXPECT_EQ(ini.getProperty(k.section, k.key, "def"), k.value) << k.section << "." << k.key;
     EXPECT_EQ(ini.getProperty("S", "K", "").size(), classINI::BufferLettura - 1);
+    EXPECT_EQ(ini.getInt("S", "A"), 12);
+    EXPECT_EQ(ini.getInt("S", "B"), 0);
+    EXPECT_EQ(ini.getInt("S", "C"), -3);
+    EXPECT_EQ(ini.getInt("S", "D", 7), 7);
+    ASSERT_TRUE(ini.setInt("S", "D", 2));
+    EXPECT_EQ(ini.getInt("S", "D"), 2);
 }
 
 TEST(classINI, WritingMakesFileAndSectionAndKeepsEveryOtherLine) {
@@ -65,9 +58,9 @@ TEST(classINI, WritingMakesFileAndSectionAndKeepsEveryOtherLine) {
 
     const std::string original = "; keep me\r\n[A]\r\nx = 1 \r\n\r\n[B]\r\ny=2\r\n";
     const classINI other(dir.write("b.ini", original));
-    ASSERT_TRUE(other.setProperty("a", "X", "9"));      // replaces the key where it stands
-    ASSERT_TRUE(other.setProperty("A", "new", "n"));    // joins its section, before the blank line
-    ASSERT_TRUE(other.setProperty("C", "z", "3"));      // a new section at the end
+    ASSERT_TRUE(other.setProperty("a", "X", "9"));   // replaces the key where it stands
+    ASSERT_TRUE(other.setProperty("A", "new", "n")); // joins its section, before the blank line
+    ASSERT_TRUE(other.setProperty("C", "z", "3"));   // a new section at the end
     EXPECT_EQ(dir.read("b.ini"), "; keep me\r\n[A]\r\nX=9\r\nnew=n\r\n\r\n[B]\r\ny=2\r\n\r\n[C]\r\nz=3\r\n");
     EXPECT_FALSE(dir.exists("b.ini.new"));
 }
@@ -94,17 +87,6 @@ TEST(classINI, TextIsAnsiOnDiskAndUtf8InMemory) {
     EXPECT_EQ(accents.getProperty("s", "città", ""), "1");
 }
 
-TEST(classINI, IntegersReadByTheirLeadingDigits) {
-    TempDir dir;
-    const classINI ini(dir.write("a.ini", "[S]\nA=12abc\nB=abc\nC= -3\n"));
-    EXPECT_EQ(ini.getInt("S", "A"), 12);
-    EXPECT_EQ(ini.getInt("S", "B"), 0);
-    EXPECT_EQ(ini.getInt("S", "C"), -3);
-    EXPECT_EQ(ini.getInt("S", "D", 7), 7);
-    ASSERT_TRUE(ini.setInt("S", "D", 2));
-    EXPECT_EQ(ini.getInt("S", "D"), 2);
-}
-
 TEST(Ansi, BrokenUtf8AndCharactersOutsideTheCodePageBecomeQuestionMarks) {
     EXPECT_EQ(dv::Utf8ToAnsi("a\xC3"), "a?");
     EXPECT_EQ(dv::Utf8ToAnsi("\xE2\x82"), "??");
@@ -114,21 +96,23 @@ TEST(Ansi, BrokenUtf8AndCharactersOutsideTheCodePageBecomeQuestionMarks) {
 
 TEST(classINI, AWriteReadsBackAndLeavesEveryOtherKeyOfAnyFileAsItWas) {
     // Files of random lines drawn from the odd shapes users' files have.
-    const char* pieces[] = {"[A]", "[b]", " [ C ] ", "k=1", "K = 2", "x=\"q\"", "; c=3", "", "junk", "=v",
-                            "[", "k2=", "\xE0=\xE8", "[A]", "y=\x01"};
+    const char* pieces[] = {"[A]",  "[b]", " [ C ] ", "k=1", "K = 2",     "x=\"q\"", "; c=3", "",
+                            "junk", "=v",  "[",       "k2=", "\xE0=\xE8", "[A]",     "y=\x01"};
     std::mt19937 rng(12345);
     TempDir dir;
     for (int round = 0; round < 200; ++round) {
         std::string text;
         const int lines = static_cast<int>(rng() % 12);
-        for (int i = 0; i < lines; ++i) text += std::string(pieces[rng() % std::size(pieces)]) + (rng() % 2 ? "\r\n" : "\n");
+        for (int i = 0; i < lines; ++i)
+            text += std::string(pieces[rng() % std::size(pieces)]) + (rng() % 2 ? "\r\n" : "\n");
         const classINI ini(dir.write("r.ini", text));
         const char* sections[] = {"A", "B", "c", "new"};
         const char* keys[] = {"k", "x", "k2", "z"};
         // What every other key reads before the write.
         std::vector<std::string> before;
         for (const char* s : sections) {
-            for (const char* k : keys) before.push_back(ini.getProperty(s, k, "<none>"));
+            for (const char* k : keys)
+                before.push_back(ini.getProperty(s, k, "<none>"));
         }
         const char* section = sections[rng() % 4];
         const char* key = keys[rng() % 4];
