@@ -28,10 +28,7 @@ EsitoAggiornamento Converti(const std::string& source, const std::string& target
 // after a conversion that completed and left behind otherwise, for a look at what came.
 EsitoAggiornamento ScaricaEConverti(const std::string& url, const std::string& target, const Corpo& c, Ui& ui,
                                     const ServerArchivi& server) {
-    if (!server.download || !server.download(url, c.PathArchivioDownload)) {
-        ui.messageBox(ui.Lang("0049"), "", BoxIcon::Critical);
-        return EsitoAggiornamento::DownloadFallito;
-    }
+    if (!ScaricaArchivio(url, c, ui, server)) return EsitoAggiornamento::DownloadFallito;
     const EsitoAggiornamento esito = Converti(c.PathArchivioDownload, target, ui);
     if (esito == EsitoAggiornamento::Aggiornato) Rimuovi(c.PathArchivioDownload);
     return esito;
@@ -52,6 +49,15 @@ double DataOdierna() {
     const long doe = yoe * 365 + yoe / 4 - yoe / 100 + doy;
     const long giorni1970 = era * 146097 + doe - 719468;
     return static_cast<double>(giorni1970 + 25569);
+}
+
+bool ScaricaArchivio(const std::string& url, const Corpo& c, Ui& ui, const ServerArchivi& server) {
+    const EsitoDownload esito = server.download ? server.download.scarica(url, c.PathArchivioDownload)
+                                                : EsitoDownload{ErroreDownload::Rete, 0, {}};
+    if (esito.ok()) return true;
+    // "0049" first, as always, then what went wrong.
+    ui.messageBox(ui.Lang("0049") + "\n" + MessaggioDownload(esito, ui), "", BoxIcon::Critical);
+    return false;
 }
 
 std::string UrlArchivio5Minuti(const std::string& indirizzo, int16_t giorni, double oggi) {

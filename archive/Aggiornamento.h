@@ -63,6 +63,9 @@ EsitoAggiornamento ImportaArchivioManuale(const Corpo& c, Ui& ui, const std::str
 // The same with the file already chosen.
 EsitoAggiornamento ImportaArchivioManualeDa(const Corpo& c, Ui& ui, const std::string& file);
 
+// Fetches url into PathArchivioDownload; on failure shows "0049" and the reason with the error icon.
+bool ScaricaArchivio(const std::string& url, const Corpo& c, Ui& ui, const ServerArchivi& server);
+
 // The URL of the five-minute update for that day offset.
 std::string UrlArchivio5Minuti(const std::string& indirizzo, int16_t giorni, double oggi);
 

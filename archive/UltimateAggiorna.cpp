@@ -10,10 +10,7 @@ namespace dv {
 EsitoAggiornamento AggiornaArchivioUltimate(const Corpo& c, Ui& ui, const ServerArchivi& server,
                                             double oggi) {
     const std::string url = UrlArchivio5Minuti(server.indirizzo, GiorniUltimate, oggi);
-    if (!server.download || !server.download(url, c.PathArchivioDownload)) {
-        ui.messageBox(ui.Lang("0049"), "", BoxIcon::Critical);
-        return EsitoAggiornamento::DownloadFallito;
-    }
+    if (!ScaricaArchivio(url, c, ui, server)) return EsitoAggiornamento::DownloadFallito;
     const EsitoConversione esito = ConvertArchivioTmpToDat(c.PathArchivioDownload, c.PathArchivio5Min);
     if (!esito.completata()) {
         // The download stays behind for a look at what came.

@@ -29,11 +29,10 @@ SessioneRete::SessioneRete() {
 SessioneRete::~SessioneRete() = default;
 
 Scaricatore SessioneRete::scaricatore() const {
-    return [](const std::string& url, const std::string& path) {
-        std::string why;
-        const bool ok = DownloadFile(url, path, true, {}, &why);
-        if (!ok) std::fprintf(stderr, "%s: %s\n", url.c_str(), why.c_str());
-        return ok;
+    return [](const std::string& url, const std::string& path, const OpzioniDownload& opzioni) {
+        const EsitoDownload esito = ScaricaFile(url, path, true, {}, opzioni);
+        if (!esito.ok()) std::fprintf(stderr, "%s: %s\n", url.c_str(), MessaggioDownload(esito).c_str());
+        return esito;
     };
 }
 

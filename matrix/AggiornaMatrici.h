@@ -26,9 +26,12 @@ using AvanzamentoMatrici = std::function<bool(size_t numero, size_t totale)>;
 // its lines, upper-cased, names a matrix "NAME.DAT" on the server. A name that is not a plain file
 // name is skipped without touching the disk; each other is downloaded into the temporary folder
 // and moved to "matrici" as "NAME.mqvn" in place of any older file. A failed download skips that
-// file. Nothing when the list could not be fetched.
+// file. Nothing when the list could not be fetched. The list is handled up to MaxFileLista names,
+// each file up to MaxByteFileLista bytes; names starting with "." or "-" are skipped. rapporto,
+// when given, says what failed and why.
 std::optional<EsitoAggiornamentoMatrici> AggiornaMatrici(const Impostazioni& imp, const std::string& appDir,
                                                          const Scaricatore& download,
-                                                         const AvanzamentoMatrici& avanzamento = {});
+                                                         const AvanzamentoMatrici& avanzamento = {},
+                                                         RapportoDownload* rapporto = nullptr);
 
 } // namespace dv

@@ -2,6 +2,10 @@
 
 #include "settings/Folders.h"
 #include "settings/FileTesto.h"
+#include "settings/ScritturaSicura.h"
+
+#include "core/Helpers.h"
+#include "core/Ui.h"
 
 #include <filesystem>
 #include <system_error>
@@ -41,6 +45,96 @@ void rimuovi(const std::string& path) {
 
 } // namespace
 
+EsitoDownload Scaricatore::scarica(const std::string& url, const std::string& path, int64_t maxBytes) const {
+    if (m_stop && m_stop->load()) return {ErroreDownload::Interrotto, 0, {}};
+    if (!m_f) return {ErroreDownload::Rete, 0, {}};
+    EsitoDownload esito = m_f(url, path, OpzioniDownload{maxBytes, m_stop});
+    if (esito.ok() && maxBytes > 0) {
+        std::error_code ec;
+        const auto size = fs::file_size(path, ec);
+        if (!ec && size > static_cast<uintmax_t>(maxBytes)) {
+            rimuovi(path);
+            return {ErroreDownload::TroppoGrande, maxBytes, {}};
+        }
+    }
+    return esito;
+}
+
+Scaricatore Scaricatore::conStop(std::shared_ptr<const std::atomic<bool>> stop) const {
+    Scaricatore s = *this;
+    s.m_stop = std::move(stop);
+    return s;
+}
+
+namespace {
+
+// The language's text for key, or the English one where there is no language or it has none.
+std::string Testo(Ui* ui, const char* key, const char* english, const std::string& a1 = {},
+                  const std::string& a2 = {}) {
+    const std::string t = ui ? ui->Lang(key) : std::string();
+    return TestoCon(t.empty() ? std::string(english) : t, a1, a2);
+}
+
+std::string Messaggio(const EsitoDownload& e, Ui* ui) {
+    auto testo = [ui](const char* key, const char* english, const std::string& a1 = {}) {
+        return Testo(ui, key, english, a1);
+    };
+    const std::string v = std::to_string(e.valore);
+    switch (e.errore) {
+    case ErroreDownload::Nessuno: return {};
+    case ErroreDownload::IndirizzoNonValido:
+        return testo("0241", "Not a web address that can be downloaded: %1", e.dettaglio);
+    case ErroreDownload::ServerNonTrovato: return testo("0242", "Server not found: %1", e.dettaglio);
+    case ErroreDownload::ConnessioneRifiutata: return testo("0243", "The server refused the connection.");
+    case ErroreDownload::TempoScaduto: return testo("0244", "The server sent no data for %1 seconds.", v);
+    case ErroreDownload::DurataEccessiva:
+        return testo("0245", "The download was given up after %1 seconds: the server sends too slowly.", v);
+    case ErroreDownload::Troncato:
+        return testo("0246", "The server closed the connection before the end of the file.");
+    case ErroreDownload::TroppoGrande: return testo("0247", "The file is larger than the %1 bytes allowed.", v);
+    case ErroreDownload::ReindirizzamentoAltroSchema:
+        return testo("0248", "The server redirected to another kind of address, which is refused: %1",
+                     e.dettaglio);
+    case ErroreDownload::TroppiReindirizzamenti:
+        return testo("0249", "The server redirects in a loop (more than %1 redirects).", v);
+    case ErroreDownload::StatoHttp: return testo("0250", "The server answered with HTTP status %1.", v);
+    case ErroreDownload::Scrittura: return testo("0251", "The file could not be written: %1", e.dettaglio);
+    case ErroreDownload::Interrotto: return testo("0252", "Download stopped.");
+    case ErroreDownload::Rete: break;
+    }
+    return testo("0253", "Network error: %1", e.dettaglio.empty() ? std::string("?") : e.dettaglio);
+}
+
+} // namespace
+
+std::string MessaggioDownload(const EsitoDownload& esito, Ui& ui) { return Messaggio(esito, &ui); }
+std::string MessaggioDownload(const EsitoDownload& esito) { return Messaggio(esito, nullptr); }
+
+std::string MessaggioRapporto(const RapportoDownload& r, Ui& ui) {
+    auto testo = [&ui](const char* key, const char* english, const std::string& a1 = {}) {
+        return Testo(&ui, key, english, a1);
+    };
+    std::string out;
+    auto riga = [&out](const std::string& s) { out += (out.empty() ? "" : "\n") + s; };
+    if (r.lista) riga(testo("0254", "The server's list could not be downloaded:") + " " + MessaggioDownload(*r.lista, ui));
+    if (r.tagliata)
+        riga(testo("0255", "The server's list names more than %1 files: only the first %1 were handled.",
+                   std::to_string(MaxFileLista)));
+    if (!r.falliti.empty()) {
+        riga(testo("0256", "%1 files were not downloaded:", std::to_string(r.falliti.size())));
+        // The first few, each with its reason: a list of a hundred failures says no more than that.
+        for (size_t i = 0; i < r.falliti.size() && i < 5; ++i)
+            riga(r.falliti[i].first + ": " + MessaggioDownload(r.falliti[i].second, ui));
+        if (r.falliti.size() > 5) riga("...");
+    }
+    if (r.interrotto) riga(testo("0252", "Download stopped."));
+    return out;
+}
+
+bool NomeDaLista(std::string_view name) {
+    return NomeFileSicuro(name) && name.front() != '.' && name.front() != '-';
+}
+
 bool NomeFileSicuro(std::string_view name) {
     if (name.empty() || name == "." || name.find("..") != std::string_view::npos) return false;
     for (char c : name) {
@@ -70,33 +164,53 @@ std::vector<std::string> RigheListaServer(const std::string& path) {
     return out;
 }
 
+std::vector<std::string> VociListaServer(const std::string& path, bool& tagliata) {
+    std::vector<std::string> righe = RigheListaServer(path);
+    tagliata = righe.size() > MaxFileLista;
+    if (tagliata) righe.resize(MaxFileLista);
+    return righe;
+}
+
 std::optional<std::vector<std::string>> AggiornaLingue(const Impostazioni& imp, const std::string& appDir,
-                                                       const Scaricatore& download) {
+                                                       const Scaricatore& download, RapportoDownload* rapporto) {
+    RapportoDownload locale;
+    RapportoDownload& r = rapporto ? *rapporto : locale;
     const std::string temp = GetTempFolder(appDir);
     const std::string lista = temp + "10elottolingue.txt";
-    if (!download(ServerUrl(imp, std::string(CartellaLingue) + "lista.txt"), lista)) return std::nullopt;
+    const EsitoDownload esitoLista =
+        download.scarica(ServerUrl(imp, std::string(CartellaLingue) + "lista.txt"), lista, MaxByteLista);
+    if (!esitoLista.ok()) {
+        r.lista = esitoLista;
+        return std::nullopt;
+    }
     std::vector<std::string> installed;
-    for (const std::string& line : RigheListaServer(lista)) {
-        if (!NomeFileSicuro(line) || line.size() <= 4 || line.substr(line.size() - 4) != ".txt") continue;
+    for (const std::string& line : VociListaServer(lista, r.tagliata)) {
+        if (!NomeDaLista(line) || line.size() <= 4 || line.substr(line.size() - 4) != ".txt") continue;
         const std::string scaricato = temp + line;
-        if (!download(ServerUrl(imp, std::string(CartellaLingue) + line), scaricato)) continue;
-        const std::string target = (fs::path(appDir) / (line.substr(0, line.size() - 4) + ".lng")).string();
-        std::error_code ec;
-        fs::remove(target, ec);
-        fs::rename(scaricato, target, ec);
-        if (ec) {
-            rimuovi(scaricato);
+        const EsitoDownload esito =
+            download.scarica(ServerUrl(imp, std::string(CartellaLingue) + line), scaricato, MaxByteFileLista);
+        if (esito.errore == ErroreDownload::Interrotto) {
+            r.interrotto = true;
+            break;
+        }
+        if (!esito.ok()) {
+            r.falliti.emplace_back(line, esito);
             continue;
         }
+        const std::string target = (fs::path(appDir) / (line.substr(0, line.size() - 4) + ".lng")).string();
+        if (SostituisciFile(scaricato, target) != 0) continue;
         installed.push_back(target);
     }
     return installed;
 }
 
 std::optional<std::string> CreditiLingue(const Impostazioni& imp, const std::string& appDir,
-                                         const Scaricatore& download) {
+                                         const Scaricatore& download, EsitoDownload* esito) {
     const std::string path = GetTempFolder(appDir) + "thankstolingue.txt";
-    if (!download(ServerUrl(imp, std::string(CartellaLingue) + "thankstolingue.txt"), path)) return std::nullopt;
+    const EsitoDownload e =
+        download.scarica(ServerUrl(imp, std::string(CartellaLingue) + "thankstolingue.txt"), path, MaxByteLista);
+    if (esito) *esito = e;
+    if (!e.ok()) return std::nullopt;
     const std::optional<std::string> content = LeggiFileTesto(path);
     if (!content) return std::nullopt;
     std::string text;
@@ -132,7 +246,7 @@ ControlloVersione ControllaVersione(const Impostazioni& imp, const std::string& 
                                     const Scaricatore& download) {
     ControlloVersione out;
     const std::string path = GetTempFolder(appDir) + "dorvanqvnver.txt";
-    if (!download(ServerUrl(imp, "/public/10elotto/ver.asp"), path)) return out;
+    if (!download.scarica(ServerUrl(imp, "/public/10elotto/ver.asp"), path, MaxByteLista).ok()) return out;
     out.scaricato = true;
     const std::vector<std::string> lines = RigheListaServer(path);
     out.remota = lines.empty() ? std::string() : lines.front();

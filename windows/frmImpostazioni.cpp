@@ -1,5 +1,7 @@
 #include "windows/frmImpostazioni.h"
 
+#include "windows/AttesaDownload.h"
+
 #include "core/Helpers.h"
 #include "core/Ui.h"
 #include "platform/ApplyLanguage.h"
@@ -125,7 +127,8 @@ void frmImpostazioni::Form_Load() {
         // 4. No language yet: fetch the language files before the window appears. The list
         // that follows says when none came.
         size_t installate = 0;
-        scaricaLingue(installate);
+        RapportoDownload rapporto;
+        scaricaLingue(installate, rapporto);
         elencaStampanti(false);
         m_cmbStampante->setFocus();
         return;
@@ -181,10 +184,24 @@ void frmImpostazioni::cmbLingua_Click() {
     m_ui.setBusy(false);
 }
 
-bool frmImpostazioni::scaricaLingue(size_t& installate) {
+namespace {
+
+// "0233", or its English text before any language is installed.
+std::string ServerNonRaggiunto(Ui& ui) {
+    const std::string t = ui.Lang("0233");
+    return t.empty() ? "The server could not be reached." : t;
+}
+
+} // namespace
+
+bool frmImpostazioni::scaricaLingue(size_t& installate, RapportoDownload& rapporto) {
     m_ui.setBusy(true);
     setEnabled(false);
-    const auto nomi = AggiornaLingue(m_imp, m_lingua.AppDir, m_servizi.download);
+    // Off the window thread, with a stop that reaches the file being fetched.
+    std::optional<std::vector<std::string>> nomi;
+    EseguiConAttesa(this, m_ui, [&](std::shared_ptr<const std::atomic<bool>> stop) {
+        nomi = AggiornaLingue(m_imp, m_lingua.AppDir, m_servizi.download.conStop(std::move(stop)), &rapporto);
+    });
     setEnabled(true);
     m_ui.setBusy(false);
     installate = nomi ? nomi->size() : 0;
@@ -192,30 +209,34 @@ bool frmImpostazioni::scaricaLingue(size_t& installate) {
     return nomi.has_value();
 }
 
-void frmImpostazioni::avvisa(const std::string& messaggio, const char* testo, BoxIcon icon) {
-    m_ui.messageBox(messaggio.empty() ? std::string(testo) : messaggio, "", icon);
-}
-
 void frmImpostazioni::cmdLangUpdate_Click() {
     size_t installate = 0;
-    if (!scaricaLingue(installate))
-        avvisa(m_ui.Lang("0233"), "The server could not be reached.", BoxIcon::Exclamation);
-    else
-        avvisa(TestoCon(m_ui.Lang("0234"), std::to_string(installate)),
-               ("Download finished: " + std::to_string(installate) + " language files installed.").c_str(),
-               BoxIcon::Information);
+    RapportoDownload rapporto;
+    const bool lista = scaricaLingue(installate, rapporto);
+    const std::string n = std::to_string(installate);
+    // The outcome, then what went wrong and why.
+    std::string testo = TestoCon(m_ui.Lang("0234"), n);
+    if (testo.empty()) testo = "Download finished: " + n + " language files installed.";
+    if (!lista) testo = ServerNonRaggiunto(m_ui);
+    const std::string perche = MessaggioRapporto(rapporto, m_ui);
+    if (!perche.empty()) testo += "\n" + perche;
+    m_ui.messageBox(testo, "", lista && perche.empty() ? BoxIcon::Information : BoxIcon::Exclamation);
 }
 
 void frmImpostazioni::cmdInfoLanguage_Click() {
     m_ui.setBusy(true);
     setEnabled(false);
-    const auto crediti = CreditiLingue(m_imp, m_lingua.AppDir, m_servizi.download);
+    std::optional<std::string> crediti;
+    EsitoDownload esito;
+    EseguiConAttesa(this, m_ui, [&](std::shared_ptr<const std::atomic<bool>> stop) {
+        crediti = CreditiLingue(m_imp, m_lingua.AppDir, m_servizi.download.conStop(std::move(stop)), &esito);
+    });
     setEnabled(true);
     m_ui.setBusy(false);
     if (crediti)
         m_ui.messageBox(*crediti, "", BoxIcon::Information);
     else
-        avvisa(m_ui.Lang("0233"), "The server could not be reached.", BoxIcon::Exclamation);
+        m_ui.messageBox(ServerNonRaggiunto(m_ui) + "\n" + MessaggioDownload(esito, m_ui), "", BoxIcon::Exclamation);
 }
 
 void frmImpostazioni::cmdSalva_Click() {

@@ -56,10 +56,7 @@ private:
     void Form_Load();
     void mostraOpzioni();
     // Downloads the language files and lists them; false when the server could not be reached.
-    bool scaricaLingue(size_t& installate);
-    // A short message of the language in use; text when the language has none (no language is
-    // in use before the first download).
-    void avvisa(const std::string& messaggio, const char* testo, BoxIcon icon);
+    bool scaricaLingue(size_t& installate, RapportoDownload& rapporto);
     void elencaStampanti(bool seleziona);
     // Runs f; an exception ends in the error box that names the procedure.
     void protetto(const char* procedura, const std::function<void()>& f);

@@ -398,7 +398,9 @@ void frmMatr::cmdUpdateMatrix_Click() {
     m_ferma = std::make_shared<std::atomic<bool>>(false);
     const Impostazioni imp = m_imp;
     const std::string appDir = m_corpo.AppDir;
-    const Scaricatore download = m_servizi.download;
+    // The stop reaches the file being fetched as well, not only the next one.
+    const Scaricatore download = m_servizi.download.conStop(m_ferma);
+    auto rapporto = std::make_shared<RapportoDownload>();
     const AvanzamentoMatrici avanzamento = [this, ferma = m_ferma](size_t numero, size_t totale) {
         if (ferma->load()) return false;
         QMetaObject::invokeMethod(
@@ -406,9 +408,14 @@ void frmMatr::cmdUpdateMatrix_Click() {
             Qt::QueuedConnection);
         return true;
     };
-    avvia([imp, appDir, download, avanzamento] { AggiornaMatrici(imp, appDir, download, avanzamento); },
+    avvia([imp, appDir, download, avanzamento,
+           rapporto] { AggiornaMatrici(imp, appDir, download, avanzamento, rapporto.get()); },
           " in procedure cmdUpdateMatrix_Click of Form frmMatr",
-          [this](bool) {
+          [this, rapporto](bool) {
+              // What failed, and why, in one box; a stop asked for by the user needs none.
+              rapporto->interrotto = false;
+              const std::string messaggio = MessaggioRapporto(*rapporto, m_ui);
+              if (!messaggio.empty()) m_ui.messageBox(messaggio, "", BoxIcon::Exclamation);
               try {
                   m_catalogo = BuildMatrixCatalog(m_corpo.AppDir, 0, m_corpo.LenColonna, OggiSeriale());
                   riempiLista();

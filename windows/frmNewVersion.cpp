@@ -63,7 +63,13 @@ void frmNewVersion::lbURL_Click() {
 
 bool NewVersion(const Impostazioni& imp, const std::string& appDir, Ui& ui, QWidget* parent, Scaricatore download) {
     const std::string local = VersioneProgramma();
-    const ControlloVersione c = ControllaVersione(imp, appDir, local, download ? download : ScaricatoreDiRete());
+    // The check runs before the main window, with nobody to press a stop: a server that stalls
+    // or trickles holds the start for a few seconds at most.
+    LimitiDownload breve;
+    breve.idleTimeoutMs = 5'000;
+    breve.totalTimeoutMs = 10'000;
+    const ControlloVersione c =
+        ControllaVersione(imp, appDir, local, download ? download : ScaricatoreDiRete(breve));
     if (!c.scaricato) return false;
     if (c.esito == EsitoVersione::NonLeggibile) {
         ui.messageBox("Error 9 (Subscript out of range) in procedure NewVersion of Modulo corpo", "", BoxIcon::None);

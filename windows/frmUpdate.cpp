@@ -53,7 +53,9 @@ frmUpdate::frmUpdate(Corpo& corpo, QtUi& ui, Finestre& finestre, ServiziArchivio
 
 frmUpdate::~frmUpdate() {
     if (m_thread) {
-        // The end of the program while a run is on: its result is no longer wanted.
+        // The end of the program while a run is on: its result is no longer wanted, and a
+        // download in progress is stopped.
+        m_ferma->store(true);
         disconnect(m_thread, nullptr, this, nullptr);
         m_thread->wait();
         delete m_thread;
@@ -85,11 +87,16 @@ void frmUpdate::creaControlli() {
     m_cmdStatistiche->setToolTip(QStringLiteral("Click per visualizzare le statistiche"));
     m_cmdStatistiche->setVisible(false);
     connect(m_cmdStatistiche, &QPushButton::clicked, this, &frmUpdate::cmdStatistiche_Click);
+    m_cmdInterrompi = new QPushButton(QStringLiteral("&Interrompi"), this);
+    m_cmdInterrompi->setObjectName(QStringLiteral("cmdInterrompi"));
+    m_cmdInterrompi->setVisible(false);
+    connect(m_cmdInterrompi, &QPushButton::clicked, this, &frmUpdate::cmdInterrompi_Click);
 
     auto* alto = new QHBoxLayout;
     alto->addWidget(m_frameTipoArchivio);
     alto->addWidget(m_cmdUpdate);
     alto->addWidget(m_cmdStatistiche);
+    alto->addWidget(m_cmdInterrompi);
     alto->addStretch();
 
     // The headings above the grid's one column, placed over the fields of its rows.
@@ -252,7 +259,14 @@ void frmUpdate::cmdUpdate_Click() {
     int scelta = m_corpo.TipoArchivio;
     for (int i = 2; i >= 0; --i)
         if (m_OptArchivio[i]->isChecked()) scelta = i;
-    const ServerArchivi server{m_servizi.server ? m_servizi.server() : std::string(), m_servizi.download};
+    // The download runs on the update's thread; the stop button reaches it there.
+    m_ferma = std::make_shared<std::atomic<bool>>(false);
+    const ServerArchivi server{m_servizi.server ? m_servizi.server() : std::string(),
+                               m_servizi.download.conStop(m_ferma)};
+    if (scelta != ArchivioManuale) {
+        m_cmdInterrompi->setEnabled(true);
+        m_cmdInterrompi->setVisible(true);
+    }
     const std::string desktop = m_servizi.cartellaDesktop;
     const std::string cartella = PercorsoIn(m_corpo.AppDir, {"archivio"});
     const Corpo& c = m_corpo;
@@ -280,11 +294,17 @@ void frmUpdate::cmdUpdate_Click() {
             if (m_finestre.popolaSpoglioEstrazioni) m_finestre.popolaSpoglioEstrazioni();
             if (m_finestre.popolaStatistiche) m_finestre.popolaStatistiche();
             // 5. The window ready again.
+            m_cmdInterrompi->setVisible(false);
             m_cmdUpdate->setEnabled(true);
             m_occupato = false;
             m_ui.setBusy(false);
             m_flexGrid->setEnabled(true);
         });
+}
+
+void frmUpdate::cmdInterrompi_Click() {
+    m_ferma->store(true);
+    m_cmdInterrompi->setEnabled(false);
 }
 
 void frmUpdate::evidenziaOpzione(int index) {

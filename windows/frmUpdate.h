@@ -15,6 +15,7 @@
 
 #include <QWidget>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <string>
@@ -51,6 +52,8 @@ public:
     // Fills the grid, lbLast and lbTotale from mArrEstrazioni.
     void PopolaListView();
     void cmdUpdate_Click();
+    // Stops the download of an update in progress; the archive stays as it was.
+    void cmdInterrompi_Click();
     void OptArchivio_Click(int index);
     void cmdStatistiche_Click();
     // A double click on row r: the draw becomes the forecast, or the draw under check when a
@@ -91,12 +94,14 @@ private:
     ServiziArchivio m_servizi;
     bool m_occupato = false;
     QThread* m_thread = nullptr;
+    std::shared_ptr<std::atomic<bool>> m_ferma = std::make_shared<std::atomic<bool>>(false);
     std::unique_ptr<frmUpdateModello> m_modello;
 
     QGroupBox* m_frameTipoArchivio = nullptr;
     QRadioButton* m_OptArchivio[3] = {};
     QPushButton* m_cmdUpdate = nullptr;
     QPushButton* m_cmdStatistiche = nullptr;
+    QPushButton* m_cmdInterrompi = nullptr; // shown while an update downloads
     QWidget* m_intestazioni = nullptr;
     QTableView* m_flexGrid = nullptr;
     QGroupBox* m_frameUltimaEstrazione = nullptr;

@@ -90,8 +90,10 @@ TEST_F(Server, TheServersOwnFilesInTheTextFormatAndAFailingServerLeaveTheArchive
     EXPECT_EQ(AggiornaArchivioSerale(c, ui, {"http://127.0.0.1:9", rete.scaricatore()}),
               EsitoAggiornamento::DownloadFallito);
     ASSERT_EQ(ui.boxes.size(), 3u);
-    for (const auto& b : ui.boxes)
-        EXPECT_EQ(b.text, "<0049>");
+    // "0049", then the reason in words: the status, then the refused connection.
+    EXPECT_EQ(ui.boxes[0].text, "<0049>\n<0250>");
+    EXPECT_EQ(ui.boxes[1].text, "<0049>\n<0250>");
+    EXPECT_EQ(ui.boxes[2].text, "<0049>\n<0243>");
     EXPECT_EQ(test::LeggiFile(c.PathArchivioSerale), prima);
 }
 

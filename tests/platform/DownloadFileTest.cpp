@@ -1,5 +1,6 @@
-// DownloadFile against dorvanta-server and against small servers that misbehave on purpose.
+// DownloadFile against dorvanta-server and against a server of the test's own that misbehaves.
 #include "platform/DownloadFile.h"
+#include "platform/RispostaHttp.h"
 
 #include "server/ServerProcess.h"
 
@@ -8,12 +9,15 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <memory>
+#include <set>
 
+using dv::ErroreDownload;
 using dv::test::ServerProcess;
 
 namespace {
@@ -23,10 +27,12 @@ QByteArray leggi(const QString& path) {
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-// A server in this process that answers every request with what answer returns for it.
-class ServerFinto {
+// A server in this process that answers every request with what answer does for it. It runs in
+// the event loop that DownloadFile runs while it waits.
+class ServerOstile {
 public:
-    explicit ServerFinto(std::function<void(QTcpSocket&, const QByteArray&)> answer) : m_answer(std::move(answer)) {
+    using Risposta = std::function<void(QTcpSocket&, const QByteArray& request)>;
+    explicit ServerOstile(Risposta answer) : m_answer(std::move(answer)) {
         m_server.listen(QHostAddress::LocalHost, 0);
         QObject::connect(&m_server, &QTcpServer::newConnection, [this] {
             while (QTcpSocket* s = m_server.nextPendingConnection()) {
@@ -48,15 +54,33 @@ public:
 
 private:
     QTcpServer m_server;
-    std::function<void(QTcpSocket&, const QByteArray&)> m_answer;
+    Risposta m_answer;
 };
+
+// Sends text and hangs up.
+ServerOstile::Risposta eChiude(QByteArray text) {
+    return [text](QTcpSocket& s, const QByteArray&) {
+        s.write(text);
+        s.flush();
+        s.disconnectFromHost();
+    };
+}
+
+// Sends the head, then one byte every 100 ms for as long as the client listens.
+void gocciola(QTcpSocket& s, const QByteArray&) {
+    s.write("HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\n");
+    auto* timer = new QTimer(&s);
+    QObject::connect(timer, &QTimer::timeout, &s, [&s] { s.write("x"); });
+    timer->start(100);
+}
 
 } // namespace
 
-TEST(DownloadFile, WholeBodyToThePathAndNothingOnFailure) {
+TEST(DownloadFile, WholeBodyFromTheServerAndAFailureLeavesTheOldFile) {
     QTemporaryDir data, out;
     QByteArray body;
-    for (int i = 0; i < 300'000; ++i) body.append(static_cast<char>(i * 7 % 256));
+    for (int i = 0; i < 300'000; ++i)
+        body.append(static_cast<char>(i * 7 % 256));
     QDir().mkpath(data.filePath(QStringLiteral("public")));
     QFile f(data.filePath(QStringLiteral("public/big.bin")));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
@@ -67,95 +91,145 @@ TEST(DownloadFile, WholeBodyToThePathAndNothingOnFailure) {
 
     const QString target = out.filePath(QStringLiteral("sub/big.bin"));
     std::string error;
-    ASSERT_TRUE(dv::DownloadFile(server.url("/public/big.bin"), target.toStdString(), true, {}, &error)) << error;
+    ASSERT_TRUE(dv::DownloadFile(server.url("/public/big.bin"), target.toStdString(), true, {}, &error))
+        << error;
     EXPECT_EQ(leggi(target), body);
-
-    const QString missing = out.filePath(QStringLiteral("missing.txt"));
-    EXPECT_FALSE(dv::DownloadFile(server.url("/public/none.txt"), missing.toStdString(), true, {}, &error));
-    EXPECT_FALSE(QFile::exists(missing));
-    // A failed download leaves a file already at the path as it was.
-    EXPECT_FALSE(dv::DownloadFile(server.url("/public/none.txt"), target.toStdString(), true));
+    EXPECT_FALSE(dv::DownloadFile(server.url("/public/none.txt"), target.toStdString(), true, {}, &error));
+    EXPECT_EQ(error, "The server answered with HTTP status 404.");
     EXPECT_EQ(leggi(target), body);
-
-    dv::LimitiDownload small;
-    small.maxBytes = 100'000;
-    const QString refused = out.filePath(QStringLiteral("refused.bin"));
-    EXPECT_FALSE(dv::DownloadFile(server.url("/public/big.bin"), refused.toStdString(), true, small, &error));
-    EXPECT_EQ(error, "body too large");
-    EXPECT_FALSE(QFile::exists(refused));
-    EXPECT_TRUE(QDir(out.path()).entryList({QStringLiteral("*.bin*")}, QDir::Files).isEmpty());
 }
 
-TEST(DownloadFile, RefusesWhatIsNotAWebAddressAndAClosedPort) {
-    QTemporaryDir out;
-    const std::string target = out.filePath(QStringLiteral("x")).toStdString();
-    EXPECT_FALSE(dv::DownloadFile("file:///etc/passwd", target, true));
-    EXPECT_FALSE(dv::DownloadFile("not a url", target, true));
-    QTcpServer closed;
-    closed.listen(QHostAddress::LocalHost, 0);
-    const auto port = closed.serverPort();
-    closed.close();
-    EXPECT_FALSE(dv::DownloadFile("http://127.0.0.1:" + std::to_string(port) + "/x", target, true));
-    EXPECT_FALSE(QFile::exists(QString::fromStdString(target)));
-}
-
-TEST(DownloadFile, AsksForNoCachedCopy) {
-    ServerFinto server([](QTcpSocket& s, const QByteArray&) {
-        s.write("HTTP/1.1 200 OK\r\nContent-Length: 2\r\nConnection: close\r\n\r\nok");
-        s.disconnectFromHost();
+TEST(DownloadFile, AsksForNoCachedCopyAndFollowsARedirectWithinTheScheme) {
+    std::string finale;
+    ServerOstile server([&finale](QTcpSocket& s, const QByteArray& request) {
+        if (request.startsWith("GET /final"))
+            s.write("HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok");
+        else
+            s.write(QByteArray("HTTP/1.1 302 Found\r\nLocation: ") + QByteArray::fromStdString(finale) +
+                    "\r\nContent-Length: 0\r\n\r\n");
     });
+    finale = server.url("/final");
     QTemporaryDir out;
     const QString target = out.filePath(QStringLiteral("x"));
-    ASSERT_TRUE(dv::DownloadFile(server.url("/x"), target.toStdString(), true));
+    ASSERT_TRUE(dv::DownloadFile(server.url("/start"), target.toStdString(), true));
     EXPECT_EQ(leggi(target), "ok");
     EXPECT_TRUE(server.m_request.contains("Cache-Control: no-cache"));
 }
 
-TEST(DownloadFile, InterruptedBodyLeavesNoFile) {
-    ServerFinto server([](QTcpSocket& s, const QByteArray&) {
-        s.write("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\nonly a part");
-        s.flush();
-        s.disconnectFromHost();
-    });
-    QTemporaryDir out;
-    const QString target = out.filePath(QStringLiteral("x"));
-    EXPECT_FALSE(dv::DownloadFile(server.url("/x"), target.toStdString(), true));
-    EXPECT_FALSE(QFile::exists(target));
-}
-
-TEST(DownloadFile, GivesUpAfterTheTimeWithoutData) {
-    ServerFinto server([](QTcpSocket& s, const QByteArray&) { s.write("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\nab"); });
-    QTemporaryDir out;
-    const QString target = out.filePath(QStringLiteral("x"));
-    dv::LimitiDownload quick;
-    quick.idleTimeoutMs = 300;
-    std::string error;
-    EXPECT_FALSE(dv::DownloadFile(server.url("/x"), target.toStdString(), true, quick, &error));
-    EXPECT_EQ(error, "no data for too long");
-    EXPECT_FALSE(QFile::exists(target));
-}
-
-TEST(DownloadFile, FollowsRedirectsOnlyWithinTheScheme) {
-    QTemporaryDir out;
-    const QString target = out.filePath(QStringLiteral("x"));
-    std::string finalUrl;
-    ServerFinto server([&finalUrl](QTcpSocket& s, const QByteArray& request) {
-        if (request.startsWith("GET /final")) {
-            s.write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\nConnection: close\r\n\r\ndone");
-        } else if (request.startsWith("GET /to-https")) {
-            s.write("HTTP/1.1 302 Found\r\nLocation: https://127.0.0.1:1/final\r\nContent-Length: 0\r\n\r\n");
+// Each fault ends in its own reason, leaves no file at the target and nothing beside it, and
+// ends within the short limits the test gives.
+TEST(DownloadFile, EveryFaultOfTheServerEndsInItsReasonAndLeavesNothing) {
+    struct Guasto {
+        const char* nome;
+        ServerOstile::Risposta risposta; // empty: nobody listens at the port
+        ErroreDownload atteso;
+        int64_t valore = 0;
+    };
+    const Guasto guasti[] = {
+        {"body cut short", eChiude("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\nonly a part"),
+         ErroreDownload::Troncato},
+        {"chunked body cut short",
+         eChiude("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5\r\nhello\r\n"),
+         ErroreDownload::Troncato},
+        {"stalled",
+         [](QTcpSocket& s, const QByteArray&) { s.write("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nab"); },
+         ErroreDownload::TempoScaduto},
+        {"trickling", gocciola, ErroreDownload::DurataEccessiva, 1},
+        {"declared too large",
+         [](QTcpSocket& s, const QByteArray&) { s.write("HTTP/1.1 200 OK\r\nContent-Length: 5000\r\n\r\n"); },
+         ErroreDownload::TroppoGrande, 1000},
+        {"too large without a length",
+         eChiude("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + QByteArray(5000, 'y')),
+         ErroreDownload::TroppoGrande, 1000},
+        {"redirect to ftp",
+         eChiude("HTTP/1.1 302 Found\r\nLocation: ftp://127.0.0.1/x\r\nContent-Length: 0\r\n\r\n"),
+         ErroreDownload::ReindirizzamentoAltroSchema},
+        {"redirect loop",
+         [](QTcpSocket& s, const QByteArray&) {
+             s.write("HTTP/1.1 302 Found\r\nLocation: /loop\r\nContent-Length: 0\r\n\r\n");
+         },
+         ErroreDownload::TroppiReindirizzamenti, 3},
+        {"server error", eChiude("HTTP/1.1 500 Oops\r\nContent-Length: 3\r\n\r\nbad"),
+         ErroreDownload::StatoHttp, 500},
+        {"refused", {}, ErroreDownload::ConnessioneRifiutata},
+        {"stopped by the user", gocciola, ErroreDownload::Interrotto},
+    };
+    dv::LimitiDownload limiti;
+    limiti.idleTimeoutMs = 400;
+    limiti.totalTimeoutMs = 1500;
+    limiti.maxRedirects = 3;
+    std::set<std::string> messaggi;
+    for (const Guasto& g : guasti) {
+        SCOPED_TRACE(g.nome);
+        QTemporaryDir out;
+        const QString target = out.filePath(QStringLiteral("x"));
+        std::string url;
+        std::unique_ptr<ServerOstile> server;
+        if (g.risposta) {
+            server = std::make_unique<ServerOstile>(g.risposta);
+            url = server->url("/loop");
         } else {
-            s.write(QByteArray("HTTP/1.1 302 Found\r\nLocation: ") + QByteArray::fromStdString(finalUrl) +
-                    "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
+            QTcpServer closed;
+            closed.listen(QHostAddress::LocalHost, 0);
+            url = "http://127.0.0.1:" + std::to_string(closed.serverPort()) + "/x";
         }
-        s.disconnectFromHost();
-    });
-    finalUrl = server.url("/final");
-    ASSERT_TRUE(dv::DownloadFile(server.url("/start"), target.toStdString(), true));
-    EXPECT_EQ(leggi(target), "done");
-    std::string error;
-    const QString other = out.filePath(QStringLiteral("y"));
-    EXPECT_FALSE(dv::DownloadFile(server.url("/to-https"), other.toStdString(), true, {}, &error));
-    EXPECT_EQ(error, "redirect to another scheme refused");
-    EXPECT_FALSE(QFile::exists(other));
+        dv::OpzioniDownload opzioni;
+        opzioni.maxBytes = 1000;
+        auto stop = std::make_shared<std::atomic<bool>>(false);
+        opzioni.stop = stop;
+        if (g.atteso == ErroreDownload::Interrotto) QTimer::singleShot(300, [stop] { *stop = true; });
+
+        const dv::EsitoDownload e = dv::ScaricaFile(url, target.toStdString(), true, limiti, opzioni);
+        EXPECT_EQ(e.errore, g.atteso) << dv::MessaggioDownload(e);
+        if (g.valore) {
+            EXPECT_EQ(e.valore, g.valore);
+        }
+        EXPECT_TRUE(QDir(out.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+        messaggi.insert(dv::MessaggioDownload(e));
+    }
+    // Every kind of fault is told in its own words.
+    EXPECT_EQ(messaggi.size(), 9u);
+}
+
+TEST(DownloadFile, RefusesWhatIsNotAWebAddressAndCapsWhatAPlainDownloaderWrote) {
+    QTemporaryDir out;
+    const std::string target = out.filePath(QStringLiteral("x")).toStdString();
+    EXPECT_EQ(dv::ScaricaFile("file:///etc/passwd", target, true).errore, ErroreDownload::IndirizzoNonValido);
+    EXPECT_EQ(dv::ScaricaFile("not a url", target, true).errore, ErroreDownload::IndirizzoNonValido);
+    // A stopped downloader fetches nothing more; one that wrote too much has its file removed.
+    const dv::Scaricatore grande = [](const std::string&, const std::string& path) {
+        QFile f(QString::fromStdString(path));
+        return f.open(QIODevice::WriteOnly) && f.write(QByteArray(2000, 'z')) == 2000;
+    };
+    EXPECT_EQ(grande.scarica("http://127.0.0.1/x", target, 1000).errore, ErroreDownload::TroppoGrande);
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(target)));
+    EXPECT_EQ(grande.conStop(std::make_shared<std::atomic<bool>>(true))
+                  .scarica("http://127.0.0.1/x", target)
+                  .errore,
+              ErroreDownload::Interrotto);
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(target)));
+}
+
+// A chunked answer read whole, and byte by byte as a slow network hands it over, gives the same
+// body; cut before its last chunk it is not complete.
+TEST(RispostaHttp, ChunkedBodyInAnyPiecesAndCutShort) {
+    const std::string risposta =
+        "HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
+        "5;ext=1\r\nhello\r\nA\r\n, world!!!\r\n0\r\nX-Trailer: 1\r\n\r\n";
+    for (size_t passo : {risposta.size(), size_t{1}, size_t{7}}) {
+        dv::RispostaHttp r;
+        std::string corpo;
+        for (size_t i = 0; i < risposta.size(); i += passo)
+            r.aggiungi(std::string_view(risposta).substr(i, passo), corpo);
+        EXPECT_EQ(r.stato(), dv::RispostaHttp::Stato::Completa) << passo;
+        EXPECT_EQ(r.status(), 200);
+        EXPECT_EQ(corpo, "hello, world!!!") << passo;
+    }
+    dv::RispostaHttp cut;
+    std::string corpo;
+    cut.aggiungi(risposta.substr(0, risposta.size() - 20), corpo);
+    EXPECT_EQ(cut.chiusa(), dv::RispostaHttp::Stato::Corpo);
+    dv::RispostaHttp lunga;
+    EXPECT_EQ(lunga.aggiungi("HTTP/1.1 200 OK\r\nX: " + std::string(40'000, 'a'), corpo),
+              dv::RispostaHttp::Stato::Malformata);
 }

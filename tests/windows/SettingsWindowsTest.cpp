@@ -195,11 +195,11 @@ TEST(frmImpostazioni, FirstStartWithoutNetworkSaysNoLanguageWasFound) {
     FakeUi ui;
     dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({}, dv::ScaricatoreDiRete()));
     EXPECT_EQ(testiBox(ui), std::vector<std::string>{"Warning files language not found"});
-    // The buttons say that the server cannot be reached.
+    // The buttons say that the server cannot be reached, and why.
     trova<QPushButton>(f, "cmdInfoLanguage")->click();
     trova<QPushButton>(f, "cmdLangUpdate")->click();
-    EXPECT_EQ(testiBox(ui), (std::vector<std::string>{"Warning files language not found", "<0233>",
-                                                      "Warning files language not found", "<0233>"}));
+    EXPECT_EQ(testiBox(ui), (std::vector<std::string>{"Warning files language not found", "<0233>\n<0243>",
+                                                      "Warning files language not found", "<0233>\n<0254> <0243>"}));
 }
 
 TEST(frmNewVersion, ShowsBothVersionsAndOpensThePage) {

@@ -10,6 +10,7 @@
 #include "windows/frmUpdateModello.h"
 
 #include <QClipboard>
+#include <QTcpServer>
 #include <QTableView>
 
 #include <gtest/gtest.h>
@@ -135,7 +136,8 @@ TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive)
     ctl<QPushButton>("cmdUpdate")->click();
     m_win->attendi();
     ASSERT_EQ(m_dialogs->boxes.size(), 1u);
-    EXPECT_EQ(m_dialogs->boxes[0].text, "Non è stato possibile scaricare l'archivio delle estrazioni.");
+    EXPECT_EQ(m_dialogs->boxes[0].text,
+              "Non è stato possibile scaricare l'archivio delle estrazioni.\nIl server ha rifiutato la connessione.");
     EXPECT_EQ(m_win->modello().rowCount(), 2);
 
     m_main->impostazioni().Server = server.base();
@@ -149,6 +151,19 @@ TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive)
     EXPECT_EQ(m_chiamate,
               (std::vector<std::string>{"ricalcola", "spoglio", "popola", "ricalcola", "spoglio", "popola"}));
     EXPECT_EQ(m_corpo->TipoArchivio, 0);
+
+    // A server that takes the request and says nothing: the stop reaches the download at once.
+    QTcpServer muto;
+    muto.listen(QHostAddress::LocalHost, 0);
+    m_main->impostazioni().Server = "http://127.0.0.1:" + std::to_string(muto.serverPort());
+    ctl<QPushButton>("cmdUpdate")->click();
+    ASSERT_TRUE(ctl<QPushButton>("cmdInterrompi")->isVisibleTo(m_win));
+    ctl<QPushButton>("cmdInterrompi")->click();
+    m_win->attendi();
+    EXPECT_EQ(m_dialogs->boxes.back().text,
+              "Non è stato possibile scaricare l'archivio delle estrazioni.\nScaricamento interrotto.");
+    EXPECT_FALSE(ctl<QPushButton>("cmdInterrompi")->isVisibleTo(m_win));
+    EXPECT_EQ(m_win->modello().rowCount(), 12);
 }
 
 TEST_F(FinestraArchivio, DoubleClickMakesTheForecastOrHandsTheDrawToTheCheckAndCtrlCCopiesRows) {
