@@ -18,5 +18,6 @@ TEST(ListaNumeri, RefusesMalformedAndOutOfRangeItems) {
         EXPECT_FALSE(LeggiLista(bad, 1, 90, why)) << bad;
         EXPECT_FALSE(why.empty());
     }
-    for (const char* bad : {"", "10", "20:10", "1:x", "-1:5", "0:3000"}) EXPECT_FALSE(LeggiIntervallo(bad, 0, 2250, why)) << bad;
+    for (const char* bad : {"", "10", "20:10", "1:x", "-1:5", "0:3000"})
+        EXPECT_FALSE(LeggiIntervallo(bad, 0, 2250, why)) << bad;
 }

@@ -1,30 +1,17 @@
 // dorvanta-cli matrix ...: seal, show, verify, list, adapt and import-txt as a user runs them.
-#include "tests/cli/EseguiCli.h"
-#include "matrix/Catalogo.h"
 #include "matrix/Matrice.h"
 #include "matrix/SupportoMatrici.h"
 #include "support/FakeUi.h"
+#include "support/StateBuilder.h"
 #include "system_files/FileSistema.h"
+#include "tests/cli/EseguiCli.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdio>
-#include <filesystem>
 #include <fstream>
-#include <memory>
-#include <sys/wait.h>
 
 namespace dv {
-using dv::test::Esecuzione;
-using dv::test::EseguiComando;
+using test::Cli;
 
 namespace {
-
-// Runs dorvanta-cli with args; stdout is kept, stderr too when err is true.
-Esecuzione Esegui(const std::string& args, bool err = false) {
-    const std::string cmd = std::string("'") + DV_CLI_PATH + "' " + args + (err ? " 2>&1" : " 2>/dev/null");
-    return EseguiComando(cmd);
-}
 
 class MatriciCli : public testing::Test {
 protected:
@@ -32,57 +19,49 @@ protected:
     std::string q(const std::string& rel) { return "'" + dir.in(rel) + "'"; }
 };
 
-TEST_F(MatriciCli, SealShowAndVerifyTheFanoPlane) {
+TEST_F(MatriciCli, SealShowVerifyAndListTheFanoPlane) {
     std::ofstream(dir.in("txt/fano.txt")) << "1 2 3\n1 4 5\n1 6 7\n2 4 6\n2 5 7\n3 4 7\n3 5 6\n";
-    auto r =
-        Esegui("matrix seal " + q("txt/fano.txt") + " -o " + q("matrici/FANO.mqvn") +
-               " --t 2 --m 2 --author Io --desc 'Piano di Fano' --from 20200101 --to 20991231 --cover 100");
-    ASSERT_EQ(r.rc, 0) << r.out;
-    const MATRIX_STRUCTURE m = ReadMatrix(dir.in("matrici/FANO.mqvn"));
-    EXPECT_EQ(m.NUMBERS_OF_MATRIX_V, 7);
-    EXPECT_EQ(m.COLUMNS_OF_MATRIX_C, 7);
-    EXPECT_EQ(m.AUTHOR, "Io" + std::string(28, ' '));
-    EXPECT_EQ(m.VALID_FROM, SerialeDaData(2020, 1, 1));
+    auto r = Cli("matrix seal " + q("txt/fano.txt") + " -o " + q("matrici/FANO.mqvn") +
+                 " --t 2 --m 2 --author Io --desc 'Piano di Fano' --from 20200101 --to 20991231 --cover 100");
+    ASSERT_EQ(r.rc, 0) << r.err;
     EXPECT_TRUE(CheckMatrixCrc(dir.in("matrici/FANO.mqvn")));
 
-    r = Esegui("matrix show --json " + q("matrici/FANO.mqvn"));
+    r = Cli("matrix show --json " + q("matrici/FANO.mqvn"));
     EXPECT_EQ(r.rc, 0);
-    EXPECT_EQ(
-        r.out,
-        "{\"v\": 7, \"k\": 3, \"t\": 2, \"m\": 2, \"f\": 0, \"c\": 7, \"cover\": \"100\", \"author\": "
-        "\"Io\", "
-        "\"description\": \"Piano di Fano\", \"valid_from\": \"01/01/2020\", \"valid_to\": \"31/12/2099\", "
-        "\"signature_ok\": true, \"crc_ok\": true, \"expired\": false, \"started\": true}\n");
-    r = Esegui("matrix verify " + q("matrici/FANO.mqvn") + " --drawn 2 --hits 2 --json");
+    EXPECT_EQ(r.out,
+              "{\"v\": 7, \"k\": 3, \"t\": 2, \"m\": 2, \"f\": 0, \"c\": 7, \"cover\": \"100\", \"author\": "
+              "\"Io\", \"description\": \"Piano di Fano\", \"valid_from\": \"01/01/2020\", \"valid_to\": "
+              "\"31/12/2099\", \"signature_ok\": true, \"crc_ok\": true, \"expired\": false, \"started\": "
+              "true}\n");
+    r = Cli("matrix verify " + q("matrici/FANO.mqvn") + " --drawn 2 --hits 2 --json");
     EXPECT_EQ(r.out, "{\"subsets\": 21, \"covered\": 21, \"holes\": 0, \"first_holes\": []}\n");
-    r = Esegui("matrix verify " + q("matrici/FANO.mqvn") + " --drawn 3 --hits 3 --json");
+    r = Cli("matrix verify " + q("matrici/FANO.mqvn") + " --drawn 3 --hits 3 --json");
     EXPECT_EQ(
         r.out.rfind(
             "{\"subsets\": 35, \"covered\": 7, \"holes\": 28, \"first_holes\": [[1, 2, 4], [1, 2, 5], ", 0),
         0u);
 
-    r = Esegui("matrix list --data-dir " + q(""));
+    r = Cli("matrix list --data-dir " + q(""));
     EXPECT_EQ(r.out, "  7 |  3 |  2 |  2 |  0 |      7 | 100         FANO.mqvn\n");
-    r = Esegui("matrix list --data-dir " + q("") + " --numbers 7 --length 3");
+    r = Cli("matrix list --data-dir " + q("") + " --numbers 7 --length 3");
     EXPECT_EQ(r.out.rfind("  0 |  0 |  0 |  0 |  0 |      0 |   CUSTOM\n  7 |", 0), 0u);
-    EXPECT_NE(r.out.find("FANO.mqvn"), std::string::npos);
-    EXPECT_EQ(Esegui("matrix list --data-dir " + q("") + " --numbers 8 --length 3").out.find("FANO"),
+    EXPECT_EQ(Cli("matrix list --data-dir " + q("") + " --numbers 8 --length 3").out.find("FANO"),
               std::string::npos);
 }
 
 TEST_F(MatriciCli, ImportFailuresAndUsageErrors) {
     std::ofstream(dir.in("txt/buco.txt")) << "1 2\n4 5\n";
-    auto r = Esegui("matrix import-txt " + q("txt/buco.txt"), true);
+    auto r = Cli("matrix import-txt " + q("txt/buco.txt"));
     EXPECT_EQ(r.rc, 1);
-    EXPECT_NE(r.out.find("Matrice con sviluppo non sequenziale"), std::string::npos);
+    EXPECT_NE(r.err.find("Matrice con sviluppo non sequenziale"), std::string::npos);
     std::ofstream(dir.in("txt/ok.txt")) << "1 2 3\n3 4 5\n";
-    r = Esegui("matrix import-txt " + q("txt/ok.txt"));
+    r = Cli("matrix import-txt " + q("txt/ok.txt"));
     EXPECT_EQ(r.rc, 0);
     EXPECT_EQ(r.out, "V=5 K=3 C=2\n");
-    EXPECT_EQ(Esegui("matrix seal " + q("txt/buco.txt") + " -o " + q("x.mqvn") + " --t 2 --m 2").rc, 1);
+    EXPECT_EQ(Cli("matrix seal " + q("txt/buco.txt") + " -o " + q("x.mqvn") + " --t 2 --m 2").rc, 1);
     EXPECT_FALSE(std::filesystem::exists(dir.in("x.mqvn")));
-    EXPECT_EQ(Esegui("matrix seal " + q("txt/ok.txt") + " -o " + q("x.mqvn") + " --t 2").rc, 2);
-    EXPECT_EQ(Esegui("matrix verify " + q("txt/ok.txt") + " --drawn 2 --hits 2").rc, 1);
+    EXPECT_EQ(Cli("matrix seal " + q("txt/ok.txt") + " -o " + q("x.mqvn") + " --t 2").rc, 2);
+    EXPECT_EQ(Cli("matrix verify " + q("txt/ok.txt") + " --drawn 2 --hits 2").rc, 1);
 }
 
 TEST_F(MatriciCli, AdaptInTheGivenOrderAndRefuseWhatDoesNotFit) {
@@ -91,28 +70,24 @@ TEST_F(MatriciCli, AdaptInTheGivenOrderAndRefuseWhatDoesNotFit) {
     m.FIXED_NUMBERS_OF_MATRIX_F = 1;
     ScriviMatrice(dir.in("matrici/m.mqvn"), m);
     ScriviMatrice(dir.in("matrici/altra.mqvn"), test::MatriceDi(6, 2, 2, {{1, 2, 3}, {4, 5, 6}}));
-    ASSERT_EQ(Esegui("new -o " + q("sistemi/f.dvs") + " --numbers 10,20,30,40,50 --length 3").rc, 0);
+    ASSERT_EQ(Cli("new -o " + q("sistemi/f.dvs") + " --numbers 10,20,30,40,50 --length 3").rc, 0);
 
-    auto r = Esegui("matrix adapt " + q("matrici/m.mqvn") + " " + q("sistemi/f.dvs") + " -o " +
-                        q("sistemi/o.dvs") + " --order 50,10,40,20,30 --fixed 30",
-                    true);
-    ASSERT_EQ(r.rc, 0) << r.out;
+    const std::string adatta = "matrix adapt " + q("matrici/m.mqvn") + " " + q("sistemi/f.dvs") + " -o ";
+    const auto r = Cli(adatta + q("sistemi/o.dvs") + " --order 50,10,40,20,30 --fixed 30");
+    ASSERT_EQ(r.rc, 0) << r.err;
     auto c = std::make_unique<Corpo>();
     test::FakeUi ui;
     ASSERT_EQ(ApriFile(*c, ui, dir.in("sistemi/o.dvs")), EsitoApriFile::Aperto);
-    EXPECT_EQ(c->pronostico.NumColonne, 3);
-    uint8_t col[3];
-    c->Colonne.getColumn(2, col, 3);
-    EXPECT_EQ(std::vector<uint8_t>(col, col + 3), (std::vector<uint8_t>{20, 30, 50}));
+    const auto colonne = test::StoredColumns(*c);
+    ASSERT_EQ(colonne.size(), 3u);
+    EXPECT_EQ(colonne[1], (std::vector<int>{20, 30, 50}));
     EXPECT_EQ(c->condizioni.TabFisse[30], 1);
     EXPECT_EQ(c->condizioni.ValRidotto, 1);
 
     for (const std::string& args :
          {"matrix adapt " + q("matrici/altra.mqvn") + " " + q("sistemi/f.dvs") + " -o " + q("sistemi/n.dvs"),
-          "matrix adapt " + q("matrici/m.mqvn") + " " + q("sistemi/f.dvs") + " -o " + q("sistemi/n.dvs") +
-              " --order 10,20,30,40,51"}) {
-        r = Esegui(args);
-        EXPECT_NE(r.rc, 0) << args;
+          adatta + q("sistemi/n.dvs") + " --order 10,20,30,40,51"}) {
+        EXPECT_NE(Cli(args).rc, 0) << args;
         EXPECT_FALSE(std::filesystem::exists(dir.in("sistemi/n.dvs")));
     }
 }
