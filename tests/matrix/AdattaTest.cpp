@@ -32,21 +32,6 @@ std::vector<uint8_t> Colonna(const Corpo& c, int32_t j) {
     return out;
 }
 
-// Answers the prompts from a list, recording what was asked.
-struct Risposte {
-    std::deque<std::optional<std::string>> coda;
-    std::vector<std::string> prompt, proposte;
-    ChiediNumero funzione() {
-        return [this](const std::string& p, const std::string& d) {
-            prompt.push_back(p);
-            proposte.push_back(d);
-            auto r = coda.front();
-            coda.pop_front();
-            return r;
-        };
-    }
-};
-
 TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReduction) {
     CartellaTemporanea dir("adatta");
     // V=5, K=3, T=2, F=1: columns {1,2,3}, {1,4,5}, {2,4,5}.
@@ -64,15 +49,19 @@ TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReduction) {
                 {"0014", "Fisse:"},
                 {"0017", "Da matrice"},
                 {"0018", "Ridotto"}};
-    Risposte r;
-    r.coda = {std::nullopt, "91", "7", " 30 "}; // Cancel, out of range, not in the forecast, then 30
+    // Cancel, out of range, not in the forecast, then 30.
+    std::deque<std::optional<std::string>> risposte = {std::nullopt, "91", "7", " 30 "};
+    std::vector<std::string> domande;
+    const ChiediNumero chiedi = [&](const std::string& domanda, const std::string& proposta) {
+        domande.push_back(domanda + "|" + proposta);
+        const auto r = risposte.front();
+        risposte.pop_front();
+        return r;
+    };
     FisseMatrice fisse(c.LenColonna);
-    AdattaMatriceCatalogo(c, ui, dir.in("matrici/m.mqvn"), fisse, r.funzione());
-
-    ASSERT_EQ(r.prompt.size(), 4u);
-    EXPECT_EQ(r.prompt[0], "Fissa n. 1 del pronostico ?");
-    EXPECT_EQ(r.prompt[3], r.prompt[0]); // the same prompt until a number of the forecast
-    EXPECT_EQ(r.proposte[0], "50");
+    AdattaMatriceCatalogo(c, ui, dir.in("matrici/m.mqvn"), fisse, chiedi);
+    // The same prompt until a number of the forecast, the first number proposed.
+    EXPECT_EQ(domande, std::vector<std::string>(4, "Fissa n. 1 del pronostico ?|50"));
     EXPECT_EQ(ui.boxes.at(0).text, "Fisse:\n\n30   \n\n");
     // 30 moved to the head: the order is 30 10 40 20 50, index i is the i-th of it.
     EXPECT_EQ(c.pronostico.Numeri[0], 30);

@@ -69,6 +69,7 @@ TEST(MatriceTest, HeaderAndBodyRoundTripByPositionWithTheSealAtTheEnd) {
     EXPECT_EQ(bytes[148] | bytes[149] << 8 | bytes[150] << 16 | static_cast<uLong>(bytes[151]) << 24, crc);
 
     const MATRIX_STRUCTURE r = ReadMatrix("  " + path + " ");
+    EXPECT_EQ(SerializzaMatrice(r), bytes); // every field read back
     EXPECT_EQ(r.NUMBERS_OF_MATRIX_V, 5);
     EXPECT_EQ(r.LENGTH_OF_COLUMN_K, 3);
     EXPECT_EQ(r.GARANTY_T, 2);
@@ -76,11 +77,7 @@ TEST(MatriceTest, HeaderAndBodyRoundTripByPositionWithTheSealAtTheEnd) {
     EXPECT_EQ(r.FIXED_NUMBERS_OF_MATRIX_F, 1);
     EXPECT_EQ(r.COLUMNS_OF_MATRIX_C, 2);
     EXPECT_EQ(r.AUTHOR, std::string(30, 'x'));
-    EXPECT_EQ(TrimCampo(r.DESCRIPTION), "Matrice di prova");
-    EXPECT_EQ(r.VALID_FROM, 45000.0);
     EXPECT_EQ(r.VALID_TO, 46000.5);
-    EXPECT_EQ(r.MATRIX_READY, -1);
-    EXPECT_EQ(r.COLUMS, m.COLUMS);
     EXPECT_EQ(r.colum(3, 2), 5);
     EXPECT_TRUE(CheckMatrixCrc(path));
     EXPECT_EQ(ScriviIntestazione(ReadMatrixHeader(path)),
@@ -114,17 +111,9 @@ TEST(MatriceTest, DamagedShortAndLyingFilesAreListedAsUnsoundAndNeverReadPastThe
     const auto cat = BuildMatrixCatalog(dir.str(), 0, 3, 46000);
     ASSERT_EQ(cat.size(), 6u);
     for (const auto& e : cat) {
-        SCOPED_TRACE(e.FILE_NAME);
-        if (e.FILE_NAME == "firma.mqvn") {
-            EXPECT_EQ(e.SIGNATURE_OK, 0);
-            EXPECT_EQ(e.CRC_OK, 0); // the signature is sealed too
-        } else if (e.FILE_NAME == "cambiato.mqvn") {
-            EXPECT_EQ(e.SIGNATURE_OK, -1);
-            EXPECT_EQ(e.CRC_OK, 0);
-        } else {
-            EXPECT_EQ(e.SIGNATURE_OK, 0);
-            EXPECT_EQ(e.CRC_OK, 0);
-        }
+        // Only the changed body keeps its signature; the signature is sealed too.
+        EXPECT_EQ(e.SIGNATURE_OK, e.FILE_NAME == "cambiato.mqvn" ? -1 : 0) << e.FILE_NAME;
+        EXPECT_EQ(e.CRC_OK, 0) << e.FILE_NAME;
     }
     EXPECT_FALSE(CheckMatrixCrc(dir.in("matrici/cambiato.mqvn")));
     EXPECT_FALSE(CheckMatrixCrc(dir.in("matrici/minimo.mqvn")));

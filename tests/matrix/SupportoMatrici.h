@@ -2,10 +2,9 @@
 #pragma once
 
 #include "matrix/Matrice.h"
+#include "tests/settings/TempDir.h"
 
-#include <filesystem>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace dv::test {
@@ -32,27 +31,15 @@ inline MATRIX_STRUCTURE MatriceDi(int v, int t, int m, const std::vector<std::ve
     return x;
 }
 
-// A fresh folder under the system's temporary folder, removed at the end of the test.
-class CartellaTemporanea {
+// A fresh data folder with the sub-folders the matrix code uses, removed at the end of the test.
+class CartellaTemporanea : public TempDir {
 public:
-    explicit CartellaTemporanea(const std::string& nome)
-        : m_path(std::filesystem::temp_directory_path() /
-                 ("dv-matrici-" + nome + "-" + std::to_string(::getpid()))) {
-        std::filesystem::remove_all(m_path);
-        std::filesystem::create_directories(m_path / "matrici");
-        std::filesystem::create_directories(m_path / "temp");
-        std::filesystem::create_directories(m_path / "txt");
-        std::filesystem::create_directories(m_path / "sistemi");
+    explicit CartellaTemporanea(const std::string& = {}) {
+        for (const char* sub : {"matrici", "temp", "txt", "sistemi"})
+            std::filesystem::create_directories(file(sub));
     }
-    ~CartellaTemporanea() {
-        std::error_code ec;
-        std::filesystem::remove_all(m_path, ec);
-    }
-    std::string str() const { return m_path.string(); }
-    std::string in(const std::string& rel) const { return (m_path / rel).string(); }
-
-private:
-    std::filesystem::path m_path;
+    std::string str() const { return path(); }
+    std::string in(const std::string& rel) const { return file(rel); }
 };
 
 } // namespace dv::test
