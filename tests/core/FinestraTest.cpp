@@ -29,12 +29,9 @@ TEST(Costo, KindOfPlayMultipliesTheStakeOfEachOption) {
     EXPECT_FLOAT_EQ(c.Importo, 200.0f);
 }
 
-TEST(Testi, NumbersInPlayAndIntegralFollowTheSelection) {
+TEST(Testi, IntegralShownOnlyForAForecastThatFillsAColumn) {
     Corpo c;
-    test::FakeUi ui;
-    ui.texts["0042"] = "Numeri in gioco";
     test::SetForecast(c, test::Range(1, 9));
-    EXPECT_EQ(TestoNumeriInGioco(c, ui), "Numeri in gioco [09]");
     EXPECT_EQ(IntegraleMostrato(c), 0.0);
     test::SetForecast(c, test::Range(1, 20));
     EXPECT_EQ(IntegraleMostrato(c), 184756.0);
@@ -42,23 +39,10 @@ TEST(Testi, NumbersInPlayAndIntegralFollowTheSelection) {
     EXPECT_EQ(IntegraleMostrato(c), 0.0);
 }
 
-TEST(Percorsi, SaveAndExportNamesFollowTheCurrentFileAndANewSystemIsNuovoDvs) {
+TEST(Percorsi, SaveAndExportNamesFollowTheCurrentFile) {
     Corpo c;
     c.AppDir = "/data/Dorvanta";
     c.FileCorrente = "/elsewhere/Colonne.TXT";
     EXPECT_EQ(PercorsoSalva(c), "/data/Dorvanta/sistemi/Colonne.dvs");
     EXPECT_EQ(NomeEsportazione(c), "Colonne.txt");
-    c.FileCorrente = "/data/Dorvanta/sistemi/mio.dvs";
-    EXPECT_EQ(PercorsoSalva(c), "/data/Dorvanta/sistemi/mio.dvs");
-    EXPECT_EQ(NomeEsportazione(c), "mio.txt");
-
-    test::FakeUi ui;
-    test::SetForecast(c, test::Range(1, 12));
-    c.FileCorrente = "/x/Altro.dvs";
-    c.TitoloFile = "altro.dvs";
-    NuovoSistema(c, ui);
-    EXPECT_EQ(c.pronostico.Quanti, 0);
-    EXPECT_EQ(c.FileCorrente, "/data/Dorvanta/sistemi/nuovo.dvs");
-    EXPECT_EQ(c.TitoloFile, "nuovo.dvs");
-    EXPECT_EQ(ui.calls.back(), "ViewStatusBar");
 }
