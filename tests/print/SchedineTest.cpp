@@ -11,15 +11,12 @@ namespace {
 using test::Conta;
 using test::Righe;
 
-class NessunaFermata : public AvanzamentoSchedine {
-public:
-    explicit NessunaFermata(int fermaDopo = -1) : m_fermaDopo(fermaDopo) {}
-    bool fermata() override { return m_fermaDopo >= 0 && static_cast<int>(testi.size()) >= m_fermaDopo; }
-    void scheda(int32_t, const std::string& testo) override { testi.push_back(testo); }
+// Records the slips reported and asks to stop once fermaDopo of them were (never when negative).
+struct Avanzamento : AvanzamentoSchedine {
+    int fermaDopo = -1;
     std::vector<std::string> testi;
-
-private:
-    int m_fermaDopo;
+    bool fermata() override { return fermaDopo >= 0 && static_cast<int>(testi.size()) >= fermaDopo; }
+    void scheda(int32_t, const std::string& testo) override { testi.push_back(testo); }
 };
 
 struct Slip : ::testing::Test {
@@ -68,6 +65,12 @@ TEST_F(Slip, AmountBoxFollowsIndiceImportoAndKindsOfDrawTheirBoxes) {
     EXPECT_EQ(Conta(ops, "box 49.80 112.00 51.80 114.00"), 1); // Lotto: + 3 more
     EXPECT_EQ(Conta(ops, "box 81.00 112.00 83.00 114.00"), 1); // Immediata: + 4 more
     EXPECT_EQ(Conta(ops, "text \"               € 6.00\""), 1);
+    // An empty column, or no kind of draw, costs nothing.
+    EXPECT_EQ(Conta(scheda(3), "text \"               € 0.00\""), 1);
+    o.tipoEstrazione = {false, false, false};
+    const auto nessuno = scheda(1);
+    EXPECT_EQ(Conta(nessuno, "text \"               € 0.00\""), 1);
+    EXPECT_EQ(test::ContaInizio(nessuno, "box "), 10 + 1);
 }
 
 TEST_F(Slip, GameOptionsLieNineteenTwentyTwentyOneMillimetresApart) {
@@ -88,14 +91,6 @@ TEST_F(Slip, GameOptionsLieNineteenTwentyTwentyOneMillimetresApart) {
     EXPECT_EQ(test::ContaInizio(test, "box "), 90 + 10 + 3 + 4);
     EXPECT_EQ(Conta(test, "text \"Test.dvs Scheda n. 0\""), 1);
     EXPECT_EQ(test.back(), "end");
-}
-
-TEST_F(Slip, EmptyColumnOrNoKindOfDrawCostsNothing) {
-    EXPECT_EQ(Conta(scheda(3), "text \"               € 0.00\""), 1);
-    o.tipoEstrazione = {false, false, false};
-    const auto ops = scheda(1);
-    EXPECT_EQ(Conta(ops, "text \"               € 0.00\""), 1);
-    EXPECT_EQ(test::ContaInizio(ops, "box "), 10 + 1);
 }
 
 TEST_F(Slip, TextsFollowTheHeaderPositionAndTheTitleLine) {
@@ -131,7 +126,7 @@ TEST_F(Slip, RangeIsCheckedBeforeAnythingIsPrinted) {
 TEST_F(Slip, EverySlipIsFollowedByAPageAndAStopEndsTheJob) {
     std::ostringstream s;
     RegistroStampa r(s);
-    NessunaFermata avanzamento;
+    Avanzamento avanzamento;
     EXPECT_EQ(StampaScheda10eLottoNew(c, cal, o, {2, 3}, r, avanzamento, ui), EsitoSchedine::Completata);
     auto ops = Righe(s.str());
     EXPECT_EQ(ops.front(), "units mm");
@@ -142,7 +137,8 @@ TEST_F(Slip, EverySlipIsFollowedByAPageAndAStopEndsTheJob) {
 
     std::ostringstream s2;
     RegistroStampa r2(s2);
-    NessunaFermata ferma(1);
+    Avanzamento ferma;
+    ferma.fermaDopo = 1;
     EXPECT_EQ(StampaScheda10eLottoNew(c, cal, o, {1, 3}, r2, ferma, ui), EsitoSchedine::Interrotta);
     ops = Righe(s2.str());
     EXPECT_EQ(Conta(ops, "page"), 1);
