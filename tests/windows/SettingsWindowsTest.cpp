@@ -12,15 +12,9 @@
 #include "support/FakeUi.h"
 #include "windows/Controlli.h"
 
-#include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDir>
 #include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QTcpServer>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -28,7 +22,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <set>
 
 using dv::test::FakeUi;
 using dv::test::ServerProcess;
@@ -128,23 +121,7 @@ TEST(frmImpostazioni, ChoosingALanguageAppliesItAtOnceAndSavingStoresIt) {
     EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "SERVER", "none"), "none");
 }
 
-TEST(frmImpostazioni, ASettingsFileThatCannotBeWrittenKeepsTheWindowOpen) {
-    Cartella app;
-    app.conLingue();
-    dv::Impostazioni imp;
-    dv::Lingua lingua{app.path(), "ITALIANO"};
-    FakeUi ui;
-    dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({"Laser A"}));
-    QDir().mkdir(app.dir.filePath(QStringLiteral("dorvantaqvn.ini"))); // a folder in the file's place
-    ui.boxes.clear();
-    trova<QPushButton>(f, "cmdSalva")->click();
-    ASSERT_EQ(ui.boxes.size(), 1u);
-    EXPECT_NE(ui.boxes[0].text.find("in procedure cmdSalva_Click of Form frmImpostazioni"),
-              std::string::npos);
-    EXPECT_NE(f.result(), QDialog::Accepted);
-}
-
-TEST(frmImpostazioni, AMachineWithoutPrintersIsToldSo) {
+TEST(frmImpostazioni, AMachineWithoutPrintersIsToldSoAndASettingsFileThatCannotBeWrittenKeepsTheWindow) {
     Cartella app;
     app.conLingue();
     dv::Impostazioni imp;
@@ -153,6 +130,13 @@ TEST(frmImpostazioni, AMachineWithoutPrintersIsToldSo) {
     dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({}));
     // No language is set in the file: the list asks for one, then the printers are missing.
     EXPECT_EQ(testiBox(ui), (std::vector<std::string>{"Select Language", "Printer not found"}));
+    QDir().mkdir(app.dir.filePath(QStringLiteral("dorvantaqvn.ini"))); // a folder in the file's place
+    ui.boxes.clear();
+    trova<QPushButton>(f, "cmdSalva")->click();
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_NE(ui.boxes[0].text.find("in procedure cmdSalva_Click of Form frmImpostazioni"),
+              std::string::npos);
+    EXPECT_NE(f.result(), QDialog::Accepted);
 }
 
 TEST(frmImpostazioni, FirstStartDownloadsTheLanguagesFromTheServer) {
@@ -198,25 +182,9 @@ TEST(frmImpostazioni, FirstStartWithoutNetworkSaysNoLanguageWasFound) {
     // The buttons say that the server cannot be reached, and why.
     trova<QPushButton>(f, "cmdInfoLanguage")->click();
     trova<QPushButton>(f, "cmdLangUpdate")->click();
-    EXPECT_EQ(testiBox(ui), (std::vector<std::string>{"Warning files language not found", "<0233>\n<0243>",
-                                                      "Warning files language not found", "<0233>\n<0254> <0243>"}));
-}
-
-TEST(frmNewVersion, ShowsBothVersionsAndOpensThePage) {
-    FakeUi ui;
-    std::string opened;
-    dv::frmNewVersion f(ui, nullptr, [&opened](const std::string& s) {
-        opened = s;
-        return true;
-    });
-    f.localVersion = "1.0.0";
-    f.remoteVersion = "1.10.0";
-    f.show();
-    EXPECT_EQ(trova<QLabel>(f, "lbLocalVersion")->text(), "1.0.0");
-    EXPECT_EQ(trova<QLabel>(f, "lbRemoteVersion")->text(), "1.10.0");
-    f.lbURL_Click();
-    EXPECT_EQ(opened, dv::IndirizzoPaginaWeb());
-    EXPECT_FALSE(f.isVisible());
+    EXPECT_EQ(testiBox(ui),
+              (std::vector<std::string>{"Warning files language not found", "<0233>\n<0243>",
+                                        "Warning files language not found", "<0233>\n<0254> <0243>"}));
 }
 
 TEST(NewVersion, NewerOnTheServerShowsTheWindowOtherwiseStartsWithoutAWord) {
@@ -263,23 +231,24 @@ TEST(NewVersion, NewerOnTheServerShowsTheWindowOtherwiseStartsWithoutAWord) {
     EXPECT_EQ(shown, "999.0.0");
 }
 
-TEST(frmAbout, ShowsItsTextsInEnglishAndOpensThePage) {
-    Cartella app;
-    app.conLingue();
-    dv::Lingua lingua{app.path(), "ENGLISH"};
-    FakeUi ui;
-    struct UiConLingua : FakeUi {
-        std::string file;
-        std::string languageFile() override { return file; }
-    } uiEn;
-    uiEn.file = lingua.languageFile();
-    std::string opened;
-    dv::frmAbout about(uiEn, nullptr, [&opened](const std::string& s) {
-        opened = s;
+TEST(frmAboutAndNewVersion, ShowTheirTextsAndOpenThePage) {
+    struct UiInglese : FakeUi {
+        std::string languageFile() override { return DV_SOURCE_DIR "/languages/english.lng"; }
+    } ui;
+    std::vector<std::string> opened;
+    const auto opener = [&opened](const std::string& s) {
+        opened.push_back(s);
         return true;
-    });
-    EXPECT_EQ(about.windowTitle(), "About Dorvanta");
-    EXPECT_EQ(trova<QPushButton>(about, "cmdOK")->text(), "OK");
+    };
+    dv::frmAbout about(ui, nullptr, opener);
+    EXPECT_EQ(dv::test::Testi(about, "frmAbout cmdOK"), "About Dorvanta|OK");
     about.lbURL_Click();
-    EXPECT_EQ(opened, dv::IndirizzoPaginaWeb());
+    dv::frmNewVersion f(ui, nullptr, opener);
+    f.localVersion = "1.0.0";
+    f.remoteVersion = "1.10.0";
+    f.show();
+    EXPECT_EQ(dv::test::Testi(f, "lbLocalVersion lbRemoteVersion"), "1.0.0|1.10.0");
+    f.lbURL_Click();
+    EXPECT_EQ(opened, std::vector<std::string>(2, dv::IndirizzoPaginaWeb()));
+    EXPECT_FALSE(f.isVisible());
 }
