@@ -77,6 +77,7 @@ private:
     int m_fd = -1;
     int m_errore = 0;
     int m_permessi = -1; // of the file replaced
+    uint64_t m_dimensioneVecchio = 0;
     uint64_t m_scritti = 0;
     uint64_t m_avviati = 0; // bytes whose writeback has been started
 };
