@@ -13,10 +13,13 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QStackedLayout>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -196,8 +199,28 @@ void frmSpoglioEstrazioni::concludi(bool fermato) {
     }
     m_griglia->setVisible(true);
     m_griglia->mostra();
+    if (!fermato) adattaLarghezza();
     m_controlli->setEnabled(true);
     m_ui.setBusy(false);
+}
+
+int frmSpoglioEstrazioni::larghezzaGriglia() const {
+    const QTableView& v = m_griglia->vista();
+    int w = 2 * v.frameWidth() + v.verticalScrollBar()->sizeHint().width() +
+            (v.verticalHeader()->isVisible() ? v.verticalHeader()->width() : 0);
+    for (int c = 0; c < v.model()->columnCount(); ++c)
+        w += v.columnWidth(c);
+    return w;
+}
+
+void frmSpoglioEstrazioni::adattaLarghezza() {
+    // The grid's width plus 350 twips (1440 to the inch), but never less than the room the layout
+    // keeps beside the grid, so that every column shows; no wider than the screen.
+    const int margine = 350 * logicalDpiX() / 1440;
+    const int fuori = width() - m_griglia->vista().width();
+    int larghezza = larghezzaGriglia() + std::max(margine, fuori);
+    if (const QScreen* s = screen()) larghezza = std::min(larghezza, s->availableGeometry().width());
+    resize(larghezza, height());
 }
 
 std::string frmSpoglioEstrazioni::percorsoCsv() const {

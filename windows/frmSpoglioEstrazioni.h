@@ -35,6 +35,8 @@ public:
     LavoroSpoglio& lavoro() { return *m_lavoro; }
     // The path the CSV file is written to.
     std::string percorsoCsv() const;
+    // The width the grid needs to show every column: the columns, its frame, header and scroll bar.
+    int larghezzaGriglia() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -43,6 +45,8 @@ private:
     void costruisci();
     void SpoglioArchivioEstrazioni();
     void concludi(bool fermato);
+    // After a run: the window as wide as the grid plus 350 twips.
+    void adattaLarghezza();
 
     Corpo& m_corpo;
     QtUi& m_ui;

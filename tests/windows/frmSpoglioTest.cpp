@@ -11,6 +11,7 @@
 #include <QClipboard>
 #include <QFocusEvent>
 #include <QListView>
+#include <QScreen>
 #include <QTableView>
 
 #include <gtest/gtest.h>
@@ -116,6 +117,8 @@ TEST_F(FinestreSpoglio, ArchiveCheckFillsTheGridFiltersItAndWritesTheCsv) {
     ASSERT_TRUE(f->isVisible());
     EXPECT_EQ(ctl<QComboBox>(f, "cmbDal")->count(), 3);
     EXPECT_FALSE(ctl<QComboBox>(f, "cmbConcDal")->isVisibleTo(f)); // the evening archive
+    f->resize(400, f->height());
+    const int prima = f->width();
     ctl<QPushButton>(f, "cmdSpoglioEstrazioni")->click();
     EXPECT_FALSE(ctl<QWidget>(f, "cmdSpoglioEstrazioni")->isEnabled() && f->lavoro().inCorso());
     f->lavoro().attendi();
@@ -126,6 +129,9 @@ TEST_F(FinestreSpoglio, ArchiveCheckFillsTheGridFiltersItAndWritesTheCsv) {
     EXPECT_TRUE(grid->model()->index(0, 5).data(Qt::FontRole).value<QFont>().bold());
     EXPECT_EQ(grid->model()->index(1, 4).data(Qt::BackgroundRole).value<QColor>(), QColor(0x80, 0xff, 0x80));
     EXPECT_EQ(testo(f, "lblNumEstr"), "4");
+    // The window is widened to the grid, within the screen.
+    EXPECT_GT(f->width(), prima);
+    EXPECT_LE(f->width(), f->screen()->availableGeometry().width());
     EXPECT_EQ(m_dialogs->boxes.back().text, m_main->ui().Lang("0026") + " Numero ORO [90] del 01/03/2024");
 
     // A filter on the Euro column keeps the totals row and the draws that won 325.
