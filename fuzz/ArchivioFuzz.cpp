@@ -11,10 +11,8 @@
 using namespace dv::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string cartella = PercorsoFuzz("archivio");
-    static const std::string input = PercorsoFuzz("archivio/10elotto.dat");
-    std::filesystem::create_directories(cartella);
-    ScriviInput(input, data, size);
+    const std::string input = InputFuzz("archivio/10elotto.dat", data, size);
+    const std::string cartella = PercorsoFuzz("archivio");
     dv::test::FakeUi ui;
     const dv::ArrayEstrazioni a = dv::LoadArchivioDAT(input, cartella, ui);
     Verifica(a.size() >= 2, "at least one draw beside element 0");

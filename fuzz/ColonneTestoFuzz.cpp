@@ -13,12 +13,11 @@
 using namespace dv::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string input = PercorsoFuzz("colonne.txt");
     static const std::string copia = PercorsoFuzz("copia.txt");
     static auto c = std::make_unique<dv::Corpo>();
     static auto d = std::make_unique<dv::Corpo>();
     dv::test::FakeUi ui;
-    ScriviInput(input, data, size);
+    const std::string input = InputFuzz("colonne.txt", data, size);
     for (const dv::RecordNumeri& r : dv::LoadTxtToColonneArray(ui, input))
         Verifica(r.count <= dv::MaxLenColonna, "at most 25 numbers a line");
     Rinnova(*c);
@@ -37,10 +36,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Verifica(dv::SalvaColonneTxt(*c, ui, copia), "imported columns save");
     Rinnova(*d);
     Verifica(dv::ImportaColonneTxt(*d, ui, copia), "saved columns import");
-    Verifica(d->LenColonna == c->LenColonna && d->pronostico.NumColonne == c->pronostico.NumColonne,
-             "the same shape again");
-    for (int32_t j = 1; j <= c->pronostico.NumColonne; ++j)
-        for (int p = 1; p <= c->LenColonna; ++p)
-            Verifica(d->Colonne.get(j, p) == c->Colonne.get(j, p), "same columns");
+    VerificaStesseColonne(*c, *d);
     return 0;
 }

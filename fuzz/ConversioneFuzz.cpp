@@ -23,13 +23,11 @@ std::string Contenuto(const std::string& path) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string cartella = PercorsoFuzz("conversione");
-    static const std::string source = PercorsoFuzz("conversione.txt");
-    static const std::string target = PercorsoFuzz("conversione/10elotto.dat");
     static const std::string precedente = "previous archive, kept on failure";
-    std::filesystem::create_directories(cartella);
-    ScriviInput(source, data, size);
-    ScriviInput(target, reinterpret_cast<const uint8_t*>(precedente.data()), precedente.size());
+    const std::string source = InputFuzz("conversione.txt", data, size);
+    const std::string target = InputFuzz(
+        "conversione/10elotto.dat", reinterpret_cast<const uint8_t*>(precedente.data()), precedente.size());
+    const std::string cartella = PercorsoFuzz("conversione");
 
     const dv::EsitoConversione esito = dv::ConvertArchivioTmpToDat(source, target);
     size_t file = 0;

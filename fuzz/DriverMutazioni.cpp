@@ -19,7 +19,9 @@ using Bytes = std::vector<uint8_t>;
 
 Bytes Muta(const Bytes& seme, std::mt19937& rng) {
     Bytes b = seme;
-    auto pos = [&](size_t extra = 0) { return b.empty() ? size_t{0} : static_cast<size_t>(rng() % (b.size() + extra)); };
+    auto pos = [&](size_t extra = 0) {
+        return b.empty() ? size_t{0} : static_cast<size_t>(rng() % (b.size() + extra));
+    };
     static const uint8_t Confini[] = {0x00, 0x01, 0x7F, 0x80, 0xFF, 0x19, 0x1A, 0x5A, 0x5B};
     const int passi = 1 + static_cast<int>(rng() % 4);
     for (int k = 0; k < passi; ++k) {
@@ -36,7 +38,8 @@ Bytes Muta(const Bytes& seme, std::mt19937& rng) {
         case 3: { // a 16- or 32-bit count at its extremes
             const uint32_t v = (rng() % 2) ? 0xFFFFFFFFu : 0x7FFFFFFFu;
             const size_t at = pos();
-            for (size_t i = 0; i < 4 && at + i < b.size(); ++i) b[at + i] = static_cast<uint8_t>(v >> (8 * i));
+            for (size_t i = 0; i < 4 && at + i < b.size(); ++i)
+                b[at + i] = static_cast<uint8_t>(v >> (8 * i));
             break;
         }
         case 4: { // repeat a chunk
@@ -76,7 +79,8 @@ int main(int argc, char** argv) {
         return 1;
     }
     semi.push_back({});
-    for (const Bytes& s : semi) LLVMFuzzerTestOneInput(s.data(), s.size());
+    for (const Bytes& s : semi)
+        LLVMFuzzerTestOneInput(s.data(), s.size());
     std::mt19937 rng(12345);
     for (long i = 0; i < mutazioni; ++i) {
         const Bytes b = Muta(semi[static_cast<size_t>(i) % semi.size()], rng);

@@ -42,6 +42,14 @@ inline void ScriviInput(const std::string& path, const uint8_t* data, size_t siz
     out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
 }
 
+// Writes the input to name inside CartellaFuzz(), making its folder first; returns its path.
+inline std::string InputFuzz(const std::string& name, const uint8_t* data, size_t size) {
+    const std::string path = PercorsoFuzz(name);
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+    ScriviInput(path, data, size);
+    return path;
+}
+
 // Stops the run, so the fuzzer keeps the input, when an invariant does not hold.
 inline void Verifica(bool ok, const char* what) {
     if (ok) return;
@@ -74,6 +82,15 @@ inline void VerificaStato(const Corpo& c) {
                  c.FiltriXOR.count() <= MaxFiltri,
              "filter tables within capacity");
     Verifica(c.CondizioniDistanza.count() <= MaxCondizioniDistanza, "distance table within capacity");
+}
+
+// The second state holds the first one's columns, cell for cell.
+inline void VerificaStesseColonne(const Corpo& c, const Corpo& d) {
+    Verifica(d.LenColonna == c.LenColonna && d.pronostico.NumColonne == c.pronostico.NumColonne,
+             "the same shape again");
+    for (int32_t j = 1; j <= c.pronostico.NumColonne; ++j)
+        for (int p = 1; p <= c.LenColonna; ++p)
+            Verifica(d.Colonne.get(j, p) == c.Colonne.get(j, p), "same columns");
 }
 
 } // namespace dv::fuzz

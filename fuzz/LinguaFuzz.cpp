@@ -10,17 +10,12 @@
 using namespace dv::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string appDir = PercorsoFuzz("lingua");
-    static const std::string file = PercorsoFuzz("lingua/fuzz.lng");
-    std::filesystem::create_directories(appDir);
-    if (size > 0 && (data[0] & 1) != 0) {
-        std::string lungo;
-        while (lungo.size() < dv::SogliaFileLungo)
-            lungo.append(reinterpret_cast<const char*>(data), size);
-        ScriviInput(file, reinterpret_cast<const uint8_t*>(lungo.data()), lungo.size());
-    } else {
-        ScriviInput(file, data, size);
-    }
+    std::string testo(reinterpret_cast<const char*>(data), size);
+    while (size > 0 && (data[0] & 1) != 0 && testo.size() < dv::SogliaFileLungo)
+        testo.append(reinterpret_cast<const char*>(data), size);
+    const std::string file =
+        InputFuzz("lingua/fuzz.lng", reinterpret_cast<const uint8_t*>(testo.data()), testo.size());
+    const std::string appDir = PercorsoFuzz("lingua");
     (void)dv::ReadLanguageValue(file, "Strings", "0001");
     (void)dv::ReadLanguageValue(file, "frmMAIN", "cmdCalcolo.Caption");
     (void)dv::ReadLanguageValue(file, "frmMAIN", "");

@@ -13,10 +13,8 @@
 using namespace dv::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string cartella = PercorsoFuzz("matrici");
-    static const std::string input = PercorsoFuzz("matrici/FUZZ.mqvn");
-    std::filesystem::create_directories(cartella);
-    ScriviInput(input, data, size);
+    const std::string input = InputFuzz("matrici/FUZZ.mqvn", data, size);
+    const std::string cartella = PercorsoFuzz("matrici");
     try {
         (void)dv::ReadMatrixHeader(input);
     } catch (const dv::ErroreEsecuzione&) {

@@ -13,9 +13,8 @@
 using namespace dv::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string input = PercorsoFuzz("matrice.txt");
+    const std::string input = InputFuzz("matrice.txt", data, size);
     static const std::string copia = PercorsoFuzz("copia.mqvn");
-    ScriviInput(input, data, size);
     dv::test::FakeUi ui;
     const dv::MATRIX_STRUCTURE m = dv::ImportMatrixText(input, ui, 46000.0);
     Verifica(m.COLUMNS_OF_MATRIX_C >= 0 && m.COLUMNS_OF_MATRIX_C <= dv::MaxRigheMatriceTesto, "C in range");

@@ -18,10 +18,8 @@ bool Uguali(float a, float b) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const std::string input = PercorsoFuzz("printer/FUZZ.prn");
+    const std::string input = InputFuzz("printer/FUZZ.prn", data, size);
     static const std::string copia = PercorsoFuzz("printer/COPIA.prn");
-    std::filesystem::create_directories(PercorsoFuzz("printer"));
-    ScriviInput(input, data, size);
     const dv::SlipCalibration c = dv::LoadCalibration(input);
     for (int i = 0; i < dv::NumeroValoriTaratura; ++i)
         (void)dv::BarraDaMm(dv::ValoreTaratura(c, i));
