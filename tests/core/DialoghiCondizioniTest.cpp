@@ -1,5 +1,4 @@
 #include "core/dialogs/Celle.h"
-#include "core/dialogs/Condizione.h"
 #include "core/dialogs/Riduzioni.h"
 #include "core/dialogs/Somma.h"
 #include "core/dialogs/SweepGesture.h"
@@ -73,16 +72,6 @@ TEST(SommaDialog, ClosingChecksAndWrites) {
         }
         EXPECT_EQ(c.condizioni.SommaMinMax, k.somma);
     }
-}
-
-TEST(ConditionSwitch, OnlyIndexZeroSwitchesOn) {
-    int16_t flag = Falso;
-    ImpostaCondizione(flag, 0);
-    EXPECT_EQ(flag, Vero);
-    EXPECT_EQ(IndiceCondizione(flag), 0);
-    ImpostaCondizione(flag, 1);
-    EXPECT_EQ(flag, Falso);
-    EXPECT_EQ(IndiceCondizione(flag), 1);
 }
 
 TEST(PariDialog, KeepsTheEntriesOfHiddenCells) {
