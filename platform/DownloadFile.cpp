@@ -1,11 +1,11 @@
 #include "platform/DownloadFile.h"
 
+#include "platform/DispositivoSalvataggio.h"
 #include "platform/RispostaHttp.h"
 
 #include <QDir>
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QSet>
 #include <QSslSocket>
 #include <QTcpSocket>
@@ -38,7 +38,7 @@ struct Passo {
 // and the cap hold for the download as a whole; the idle time for this connection.
 class Richiesta {
 public:
-    Richiesta(const QUrl& url, bool removeCache, const LimitiDownload& limiti, int64_t cap, QSaveFile& file,
+    Richiesta(const QUrl& url, bool removeCache, const LimitiDownload& limiti, int64_t cap, DispositivoSalvataggio& file,
               int64_t& ricevuti)
         : m_url(url), m_removeCache(removeCache), m_limiti(limiti), m_cap(cap), m_file(file),
           m_ricevuti(ricevuti) {}
@@ -177,7 +177,7 @@ private:
     bool m_removeCache;
     const LimitiDownload& m_limiti;
     int64_t m_cap;
-    QSaveFile& m_file;
+    DispositivoSalvataggio& m_file;
     int64_t& m_ricevuti;
     QTcpSocket* m_socket = nullptr;
     QEventLoop m_loop;
@@ -202,7 +202,7 @@ EsitoDownload ScaricaFile(const std::string& url, const std::string& path, bool 
 
     const QString target = QString::fromStdString(path);
     QDir().mkpath(QFileInfo(target).absolutePath());
-    QSaveFile file(target);
+    DispositivoSalvataggio file(target);
     if (!file.open(QIODevice::WriteOnly))
         return esito(ErroreDownload::Scrittura, 0, target + QStringLiteral(": ") + file.errorString());
 

@@ -1,9 +1,9 @@
 #include "platform/StampanteQt.h"
 
+#include "platform/DispositivoSalvataggio.h"
 #include "settings/ScritturaSicura.h"
 
 #include <QFile>
-#include <QIODevice>
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPageSize>
@@ -206,26 +206,6 @@ double StampanteQt::larghezzaTesto(std::string_view s) {
     return *it / m_fattore;
 }
 
-// The device a PDF is written into: a save that puts the file in place only once complete.
-class DispositivoSalvataggio : public QIODevice {
-public:
-    explicit DispositivoSalvataggio(const std::string& path) : m_file(path) {
-        if (m_file.errore() == 0) open(QIODevice::WriteOnly);
-    }
-    bool isSequential() const override { return true; }
-    int errore() const { return m_file.errore(); }
-    int conferma() { return m_file.conferma(); }
-
-protected:
-    qint64 readData(char*, qint64) override { return -1; }
-    qint64 writeData(const char* data, qint64 len) override {
-        return m_file.scrivi(data, static_cast<size_t>(len)) ? len : -1;
-    }
-
-private:
-    ScritturaSicura m_file;
-};
-
 LavoroStampa::~LavoroStampa() {
     if (m_renderer) m_renderer->chiudi();
     m_pdf.reset(); // the unconfirmed save then removes its temporary file
@@ -234,7 +214,7 @@ LavoroStampa::~LavoroStampa() {
 std::unique_ptr<LavoroStampa> LavoroStampa::pdf(const std::string& path) {
     std::unique_ptr<LavoroStampa> j(new LavoroStampa);
     j->m_path = path;
-    j->m_file = std::make_unique<DispositivoSalvataggio>(path);
+    j->m_file = std::make_unique<DispositivoSalvataggio>(QString::fromStdString(path));
     j->m_pdf = std::make_unique<QPdfWriter>(j->m_file.get());
     j->m_pdf->setResolution(600);
     j->m_pdf->setCreator(QStringLiteral("Dorvanta"));
@@ -276,8 +256,8 @@ bool LavoroStampa::concludi(std::string& errore) {
         return false;
     }
     if (m_file) {
-        if (const int e = m_file->conferma(); e != 0) {
-            errore = "cannot write " + m_path + ": " + CausaErrore(e).inglese;
+        if (!m_file->commit()) {
+            errore = "cannot write " + m_path + ": " + m_file->errorString().toStdString();
             return false;
         }
         m_file.reset();
