@@ -33,16 +33,16 @@ uint32_t C(int v, int i) {
     return Binomiali[static_cast<size_t>(v)][static_cast<size_t>(i)];
 }
 
-// A set of numbers 1..90 as a 128-bit mask: bit v for number v.
-struct Maschera {
-    uint64_t lo = 0, hi = 0;
-};
+// A set of numbers 1..90 as a 128-bit mask: bit v for number v, element 0 holding 0..63 and
+// element 1 64..127. One vector register, so that a union is one instruction.
+using Maschera = uint64_t __attribute__((vector_size(16)));
 
 // BitNumero[v]: the mask of number v, empty for a byte outside 1..90.
 constexpr auto BitNumero = [] {
     std::array<Maschera, 256> t{};
     for (int v = 1; v <= 90; ++v)
-        (v < 64 ? t[static_cast<size_t>(v)].lo : t[static_cast<size_t>(v)].hi) = uint64_t{1} << (v & 63);
+        t[static_cast<size_t>(v)] =
+            v < 64 ? Maschera{uint64_t{1} << v, 0} : Maschera{0, uint64_t{1} << (v - 64)};
     return t;
 }();
 
@@ -55,34 +55,31 @@ int ArrotondaPari(double x) {
 
 // For each prefix P of n - 1 numbers, the union of the draws that hold P. The combination P + {c}
 // (c above the last of P) was seen exactly when bit c of P's mask is set. Prefixes are indexed by
-// their colex rank, the sum over i of C(p_i - 1, i) for p_1 < ... < p_m.
+// their colex rank, the sum over i of C(p_i - 1, i) for p_1 < ... < p_m; a prefix of one number by
+// the number itself, with an entry for every byte so that a draw's numbers index it unchecked.
 class TabellaPrefissi {
 public:
-    explicit TabellaPrefissi(int n) : m_m(n - 1), m_viste(C(90, n - 1)) {}
+    explicit TabellaPrefissi(int n) : m_m(n - 1), m_viste(n == 2 ? 256 : C(90, n - 1)) {}
 
     // Adds a draw: its mask goes into the entry of every prefix it holds.
     void marca(const Estrazione& e) {
         // The draw's mask of its numbers 1..90 (a repeated number counts once).
-        Maschera maschera;
-        for (int i = 1; i <= 20; ++i) {
-            const Maschera& bit = BitNumero[e.Numeri[static_cast<size_t>(i)]];
-            maschera.lo |= bit.lo;
-            maschera.hi |= bit.hi;
+        Maschera maschera{};
+        for (int i = 1; i <= 20; ++i)
+            maschera |= BitNumero[e.Numeri[static_cast<size_t>(i)]];
+        // A prefix of one number: each number of the draw takes the whole draw. A byte outside
+        // 1..90 (its mask empty) marks an entry that no prefix reads, a repeated number its entry twice.
+        if (m_m == 1) {
+            for (int i = 1; i <= 20; ++i)
+                m_viste[e.Numeri[static_cast<size_t>(i)]] |= maschera;
+            return;
         }
-        // Its numbers ascending; a prefix of one number is ranked by the number alone.
+        // Its numbers ascending.
         std::array<uint8_t, 20> x{};
         int k = 0;
         for (int parte = 0; parte < 2; ++parte)
-            for (uint64_t bits = parte == 0 ? maschera.lo : maschera.hi; bits; bits &= bits - 1) {
-                const int v = parte * 64 + std::countr_zero(bits);
-                if (m_m == 1) {
-                    m_viste[static_cast<size_t>(v - 1)].lo |= maschera.lo;
-                    m_viste[static_cast<size_t>(v - 1)].hi |= maschera.hi;
-                } else {
-                    x[static_cast<size_t>(k++)] = static_cast<uint8_t>(v);
-                }
-            }
-        if (m_m == 1) return;
+            for (uint64_t bits = maschera[parte]; bits; bits &= bits - 1)
+                x[static_cast<size_t>(k++)] = static_cast<uint8_t>(parte * 64 + std::countr_zero(bits));
         // The rank term of each number at each position of a prefix.
         for (int i = 1; i <= m_m; ++i)
             for (int j = 0; j < k; ++j)
@@ -102,17 +99,19 @@ public:
 
     // The numbers above p[m - 1] that no draw holding the prefix p[0..m-1] holds, as a mask.
     Maschera libere(const uint8_t* p) const {
-        uint32_t rank = 0;
-        for (int i = 1; i <= m_m; ++i)
-            rank += C(p[i - 1] - 1, i);
+        uint32_t rank = p[0];
+        if (m_m > 1) {
+            rank = 0;
+            for (int i = 1; i <= m_m; ++i)
+                rank += C(p[i - 1] - 1, i);
+        }
         const Maschera& v = m_viste[rank];
         // Bits 1..90 above the prefix's last number.
         const int ultimo = p[m_m - 1];
-        Maschera sopra;
-        sopra.lo = ultimo >= 63 ? 0 : ~uint64_t{0} << (ultimo + 1);
-        sopra.hi =
-            (ultimo >= 64 ? ~uint64_t{0} << (ultimo - 63) : ~uint64_t{0}) & ((uint64_t{1} << (91 - 64)) - 1);
-        return {~v.lo & sopra.lo, ~v.hi & sopra.hi};
+        const Maschera sopra{ultimo >= 63 ? 0 : ~uint64_t{0} << (ultimo + 1),
+                             (ultimo >= 64 ? ~uint64_t{0} << (ultimo - 63) : ~uint64_t{0}) &
+                                 ((uint64_t{1} << (91 - 64)) - 1)};
+        return ~v & sopra;
     }
 
 private:
@@ -121,8 +120,7 @@ private:
         for (int a = start; a <= k - (M - i) - 1; ++a) {
             const uint32_t r = rank + t[static_cast<size_t>(a)];
             if (i == M) {
-                m_viste[r].lo |= maschera.lo;
-                m_viste[r].hi |= maschera.hi;
+                m_viste[r] |= maschera;
             } else {
                 marcaDa<M>(i + 1, a + 1, k, r, maschera);
             }
@@ -133,6 +131,49 @@ private:
     std::vector<Maschera> m_viste;
     std::array<std::array<uint32_t, 20>, MaxN> m_termini{};
 };
+
+// A count of combinations done at which the walk stops: to show progress when its step differs
+// from the last one shown, or at the end.
+struct Taglio {
+    int64_t done;
+    int passo; // round(done / step), halves to even
+};
+
+// The cuts of a walk over total combinations: every count at which the step of the 75 changes,
+// then the total, then one past every count. The step is total / 75 and a count's step is
+// round(done / step), in doubles as the progress window computes them.
+std::vector<Taglio> CalcolaTagli(double total) {
+    const double step = total / PassiUltimate;
+    auto passo = [step](double done) { return ArrotondaPari(done / step); };
+    std::vector<Taglio> tagli;
+    int ultimoPasso = 0;
+    double done = 0;
+    while (done < total) {
+        // The first count after done at which the step changes, or the total.
+        double fine = std::clamp(static_cast<double>(static_cast<int64_t>((ultimoPasso + 0.5) * step)),
+                                 done + 1, total);
+        while (fine > done + 1 && passo(fine - 1) != ultimoPasso)
+            --fine;
+        while (fine < total && passo(fine) == ultimoPasso)
+            ++fine;
+        tagli.push_back({static_cast<int64_t>(fine), passo(fine)});
+        ultimoPasso = tagli.back().passo;
+        done = fine;
+    }
+    tagli.push_back({INT64_MAX, ultimoPasso});
+    return tagli;
+}
+
+// The cuts of the walk over the combinations of n out of 90, made once for each n.
+const std::vector<Taglio>& TagliUltimate(int n) {
+    static const auto tagli = [] {
+        std::array<std::vector<Taglio>, MaxN + 1> t;
+        for (int k = 2; k <= MaxN; ++k)
+            t[static_cast<size_t>(k)] = CalcolaTagli(C(90, k));
+        return t;
+    }();
+    return tagli[static_cast<size_t>(n)];
+}
 
 } // namespace
 
@@ -159,72 +200,57 @@ RisultatoUltimate UltimateCerca(const ArrayEstrazioni& archivio, int n, int32_t 
         tabella.marca(archivio[static_cast<size_t>(i)]);
 
     // 2. The combinations in lexicographic order: each prefix in that order, then its last number
-    // ascending. The walk is cut at each of the 75 steps (where round(done / step) changes) to
-    // report progress and to see a stop.
+    // ascending. The walk stops at each of the 75 steps (where round(done / step) changes) to
+    // report progress and to see a stop: after the combination of that count, before the next.
     obs.started(total);
-    const double step = total / PassiUltimate;
-    auto passo = [step](double done) { return ArrotondaPari(done / step); };
+    const Taglio* taglio = TagliUltimate(n).data();
     int ultimoPasso = 0;
-    // The first count done at which the step changes, or the total.
-    auto prossimoTaglio = [&](double done) {
-        double fine = std::clamp(static_cast<double>(static_cast<int64_t>((ultimoPasso + 0.5) * step)),
-                                 done + 1, total);
-        while (fine > done + 1 && passo(fine - 1) != ultimoPasso)
-            --fine;
-        while (fine < total && passo(fine) == ultimoPasso)
-            ++fine;
-        return fine;
+    // Shows the steps of the cuts up to the count fino; true when a stop was asked at one.
+    auto mostra = [&](int64_t fino) {
+        for (; taglio->done <= fino; ++taglio) {
+            if (taglio->passo == ultimoPasso) continue;
+            ultimoPasso = taglio->passo;
+            ProgressInfo info;
+            info.step = ultimoPasso;
+            info.bar = static_cast<int16_t>(ArrotondaPari(ultimoPasso * 100.0 / PassiUltimate));
+            info.total = total;
+            info.counter = static_cast<double>(taglio->done);
+            info.kept = r.trovate();
+            obs.progress(info);
+            if (ctl.StopElaborazione) {
+                r.interrotta = true;
+                r.elaborate = info.counter;
+                return true;
+            }
+        }
+        return false;
     };
-    double done = 0;
-    double taglio = prossimoTaglio(0);
+    int64_t done = 0; // the combinations before the current prefix's
     std::array<uint8_t, MaxN> c{};
     const int m = n - 1;
     for (int i = 0; i < m; ++i)
         c[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
     for (;;) {
+        // The prefix's combinations are done + 1 .. fine, their last numbers primo..90.
+        const int primo = c[static_cast<size_t>(m - 1)] + 1;
+        const int64_t fine = done + (91 - primo);
         const Maschera libere = tabella.libere(c.data());
-        // The last numbers of this prefix, from the one after its last, as far as the next cut.
-        for (int da = c[static_cast<size_t>(m - 1)] + 1; da <= 90;) {
-            const int a = std::min(90, da + static_cast<int>(taglio - done) - 1);
-            // The free numbers da..a, lowest first.
-            for (int parte = 0; parte < 2; ++parte) {
-                const int base = parte * 64;
-                uint64_t bits = parte == 0 ? libere.lo : libere.hi;
-                if (da > base) bits &= da - base >= 64 ? 0 : ~uint64_t{0} << (da - base);
-                if (a < base + 63) bits &= a < base ? 0 : ~uint64_t{0} >> (63 - (a - base));
-                for (; bits; bits &= bits - 1) {
-                    const int v = base + std::countr_zero(bits);
-                    if (r.trovate() == MaxTrovate) {
-                        r.overflow = true;
-                        r.elaborate = done + (v - da);
-                        return r;
-                    }
-                    c[static_cast<size_t>(m)] = static_cast<uint8_t>(v);
-                    r.numeri.insert(r.numeri.end(), c.begin(), c.begin() + n);
-                }
-            }
-            done += a - da + 1;
-            da = a + 1;
-            r.elaborate = done;
-            if (done < taglio) continue;
-            const int k = passo(done);
-            if (k != ultimoPasso) {
-                ultimoPasso = k;
-                ProgressInfo info;
-                info.step = k;
-                info.bar = static_cast<int16_t>(ArrotondaPari(k * 100.0 / PassiUltimate));
-                info.total = total;
-                info.counter = done;
-                info.kept = r.trovate();
-                obs.progress(info);
-                if (ctl.StopElaborazione) {
-                    r.interrotta = true;
+        for (int parte = 0; parte < 2; ++parte)
+            for (uint64_t bits = libere[parte]; bits; bits &= bits - 1) {
+                const int v = parte * 64 + std::countr_zero(bits);
+                const int64_t conta = done + (v - primo) + 1;
+                if (mostra(conta - 1)) return r;
+                if (r.trovate() == MaxTrovate) {
+                    r.overflow = true;
+                    r.elaborate = static_cast<double>(conta - 1);
                     return r;
                 }
+                c[static_cast<size_t>(m)] = static_cast<uint8_t>(v);
+                r.numeri.insert(r.numeri.end(), c.begin(), c.begin() + n);
             }
-            if (done >= total) return r;
-            taglio = prossimoTaglio(done);
-        }
+        if (taglio->done <= fine && mostra(fine)) return r;
+        done = fine;
+        r.elaborate = static_cast<double>(done);
         // The next prefix: the last position that can still grow, and the ones after it in a row.
         int j = m - 1;
         while (j >= 0 && c[static_cast<size_t>(j)] >= 90 - n + j + 1)
