@@ -1,6 +1,7 @@
 // The three checks on the integral system of the numbers 1..23 at length 10: the literal loops
 // and the program's in one run, their times, the ratio, and a signature of each result. Exits
 // with 1 when a signature differs.
+#include "bench/Cronometro.h"
 #include "prize/Spoglio.h"
 #include "prize/SpoglioEstrazioni.h"
 #include "prize/VerificaSistemi.h"
@@ -17,6 +18,7 @@
 #include <random>
 
 using namespace dv;
+using dv::bench::Secondi;
 
 namespace {
 
@@ -84,18 +86,6 @@ uint64_t FirmaDi(const RisultatoVerifica& v) {
     for (int32_t x : v.totali)
         f.add(x);
     return f.h;
-}
-
-// The best of volte runs: other work on the machine only ever adds time.
-template <typename F> double Secondi(F f, int volte = 1) {
-    double migliore = 1e30;
-    for (int i = 0; i < volte; ++i) {
-        const auto t0 = std::chrono::steady_clock::now();
-        f();
-        migliore =
-            std::min(migliore, std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
-    }
-    return migliore;
 }
 
 bool Riporta(const char* nome, double letterale, double nostro, uint64_t f1, uint64_t f2, double obiettivo) {

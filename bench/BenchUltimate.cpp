@@ -3,6 +3,7 @@
 // of each result (count and checksum of the combinations, in order). Exits with 1 when a
 // signature differs.
 #include "archive/Ultimate.h"
+#include "bench/Cronometro.h"
 #include "tests/reference/UltimateLetterale.h"
 
 #include <algorithm>
@@ -12,6 +13,7 @@
 #include <random>
 
 using namespace dv;
+using dv::bench::Secondi;
 
 namespace {
 
@@ -45,18 +47,6 @@ Firma FirmaDi(const RisultatoUltimate& r) {
     for (uint8_t v : r.numeri)
         h = (h ^ v) * 1099511628211ull;
     return {r.trovate(), h};
-}
-
-// The best of volte runs: other work on the machine only ever adds time.
-template <typename F> double Secondi(F f, int volte) {
-    double migliore = 1e30;
-    for (int i = 0; i < volte; ++i) {
-        const auto t0 = std::chrono::steady_clock::now();
-        f();
-        migliore =
-            std::min(migliore, std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
-    }
-    return migliore;
 }
 
 } // namespace
