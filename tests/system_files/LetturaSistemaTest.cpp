@@ -106,12 +106,11 @@ TEST_F(LetturaSistema, ReadsEveryOlderVersion) {
                     {"aaaaaaaaaaa", 3, 11}};
     for (const auto& v : versioni) {
         SCOPED_TRACE(v.firma);
-        Header h;
-        h.firma = v.firma;
-        h.scriviLen = v.len != 10;
-        h.quanti = 12;
-        h.numColonne = 2;
-        h.vociTabPari = v.vociTabPari;
+        const Header h{.firma = v.firma,
+                       .scriviLen = v.len != 10,
+                       .quanti = 12,
+                       .numColonne = 2,
+                       .vociTabPari = v.vociTabPari};
         c = Corpo{};
         c.LenColonna = 4;
         ASSERT_EQ(apri(Colonne(Intestazione(h), 2, v.len)), EsitoApriFile::Aperto);
@@ -133,9 +132,7 @@ TEST_F(LetturaSistema, ANewerSignatureIsRefusedAndTheStateIsLeftAlone) {
     SetForecast(c, Range(1, 12));
     c.pronostico.NumColonne = 5;
     c.FileCorrente = "mine.dvs";
-    Header h;
-    h.firma = "dvqsy000006";
-    EXPECT_EQ(apri(Intestazione(h)), EsitoApriFile::Rifiutato);
+    EXPECT_EQ(apri(Intestazione({.firma = "dvqsy000006"})), EsitoApriFile::Rifiutato);
     ASSERT_EQ(ui.boxes.size(), 1u);
     EXPECT_EQ(ui.boxes[0].text, "<0008>");
     EXPECT_EQ(ui.boxes[0].title, "<0055>");
@@ -145,43 +142,34 @@ TEST_F(LetturaSistema, ANewerSignatureIsRefusedAndTheStateIsLeftAlone) {
     EXPECT_EQ(c.FileCorrente, "mine.dvs");
 }
 
-TEST_F(LetturaSistema, ColumnsCutShortOrEndingInZeroAreRefused) {
-    Header h;
-    h.numColonne = 3;
-    expectRefused(Colonne(Intestazione(h), 2, 3), "");
-    expectRefused(Colonne(Intestazione(h), 2, 3).u8(9).u8(9), "");
-    expectRefused(Colonne(Intestazione(h), 2, 3).u8(9).u8(0).u8(9), "");
+TEST_F(LetturaSistema, OutOfRangeCountsAndLengthsAndColumnsCutShortAreRefused) {
+    Bytes corta;
+    corta.text("dvqsy000005").i16(3).u8(0).i32(0).i16(60000).text("short");
+    // A forecast number outside 1..90 would select no cell of the grid.
+    Bytes zero = Intestazione({});
+    zero.data[11 + 2 + 1 + 4 + 3 + 2] = 0;
+    const Bytes tre = Colonne(Intestazione({.numColonne = 3}), 2, 3);
+    const std::pair<Bytes, std::string> casi[] = {
+        {Intestazione({.len = 0}), "\ncolumn length 0 outside 1..25"},
+        {Intestazione({.len = 26}), "\ncolumn length 26 outside"},
+        {Intestazione({.numColonne = -1}), "\ncount of columns -1 outside 0..4,000,000"},
+        {Intestazione({.numColonne = MaxColonne + 1}), "\ncount of columns 4000001 outside"},
+        {Intestazione({.quanti = 91}), "\n91 numbers in the forecast"},
+        {corta, "\ndescription longer than the file"},
+        {zero, "\nforecast number 0 outside 1..90"},
+        {tre, ""}, // columns cut short, or whose last number is 0
+        {Bytes(tre).u8(9).u8(9), ""},
+        {Bytes(tre).u8(9).u8(0).u8(9), ""},
+    };
+    for (const auto& [b, detail] : casi)
+        expectRefused(b, detail);
     // A 0 in a column other than the last is not looked at.
     c = Corpo{};
-    EXPECT_EQ(apri(Colonne(Intestazione(h).u8(0).u8(1).u8(2), 2, 3)), EsitoApriFile::Aperto);
-}
-
-TEST_F(LetturaSistema, OutOfRangeCountsAndLengthsAreRefused) {
-    Header h;
-    h.len = 0;
-    expectRefused(Intestazione(h), "\ncolumn length 0 outside 1..25");
-    h.len = 26;
-    expectRefused(Intestazione(h), "\ncolumn length 26 outside");
-    h = Header{};
-    h.numColonne = -1;
-    expectRefused(Intestazione(h), "\ncount of columns -1 outside 0..4,000,000");
-    h.numColonne = MaxColonne + 1;
-    expectRefused(Intestazione(h), "\ncount of columns 4000001 outside");
-    h = Header{};
-    h.quanti = 91;
-    expectRefused(Intestazione(h), "\n91 numbers in the forecast");
-    Bytes b;
-    b.text("dvqsy000005").i16(3).u8(0).i32(0).i16(60000).text("short");
-    expectRefused(b, "\ndescription longer than the file");
-    // A forecast number outside 1..90 would select no cell of the grid.
-    Bytes zero = Intestazione(Header{});
-    zero.data[11 + 2 + 1 + 4 + 3 + 2] = 0;
-    expectRefused(zero, "\nforecast number 0 outside 1..90");
+    EXPECT_EQ(apri(Colonne(Intestazione({.numColonne = 3}).u8(0).u8(1).u8(2), 2, 3)), EsitoApriFile::Aperto);
 }
 
 TEST_F(LetturaSistema, TablesBeyondTheirCapacityAreRefusedAndMemoryKeepsItsOwn) {
-    Header h;
-    Bytes b = Intestazione(h).i32(12345);
+    Bytes b = Intestazione({}).i32(12345);
     for (int i = 0; i < MaxCondizioniDistanza + 1; ++i)
         b.i32(32).u8(1).u8(1).fill(382).i16(-1);
     expectRefused(b.i32(100), "\nmore than 25 distance conditions");
@@ -189,7 +177,7 @@ TEST_F(LetturaSistema, TablesBeyondTheirCapacityAreRefusedAndMemoryKeepsItsOwn) 
     c = Corpo{};
     ui = FakeUi{};
     c.FiltriOR.setCount(MaxFiltri - 1);
-    EXPECT_EQ(apri(Filtro(Filtro(Intestazione(h).i32(12345), 16, 5), 16, 6).i32(100)),
+    EXPECT_EQ(apri(Filtro(Filtro(Intestazione({}).i32(12345), 16, 5), 16, 6).i32(100)),
               EsitoApriFile::Rifiutato);
     // A language without the detail's text shows the message alone, never an internal name.
     EXPECT_EQ(ui.boxes.at(0).text, "<0058>\n<0230>");
@@ -197,7 +185,7 @@ TEST_F(LetturaSistema, TablesBeyondTheirCapacityAreRefusedAndMemoryKeepsItsOwn) 
 }
 
 TEST_F(LetturaSistema, UnknownTagsAreReportedOnceAndReadingGoesOn) {
-    Bytes b = Intestazione(Header{}).i32(12345).i32(7);
+    Bytes b = Intestazione({}).i32(12345).i32(7);
     b = Filtro(b, 1, 33);
     b.i32(2).i32(0x0F).i16(-1).i32(8).u8(4).i16(-1);
     for (int i = 0; i < 1000; ++i)
@@ -220,7 +208,7 @@ TEST_F(LetturaSistema, ABlockCutShortReadsAsZerosWithAWarningThatStaysInView) {
     const auto avvisi = [this] {
         return std::count(ui.calls.begin(), ui.calls.end(), "statusWarning:<0224>");
     };
-    Bytes b = Intestazione(Header{}).i32(12345);
+    Bytes b = Intestazione({}).i32(12345);
     b = Filtro(b, 16, 40);
     EXPECT_EQ(apri(Bytes(b).i32(100)), EsitoApriFile::Aperto);
     EXPECT_EQ(avvisi(), 0);
@@ -236,15 +224,15 @@ TEST_F(LetturaSistema, ABlockCutShortReadsAsZerosWithAWarningThatStaysInView) {
 }
 
 TEST_F(LetturaSistema, TheDistanceMarkFollowsTheLastRecordReadEvenAcrossFiles) {
-    Bytes b = Intestazione(Header{}).i32(12345);
+    Bytes b = Intestazione({}).i32(12345);
     b.i32(32).u8(1).u8(1).fill(382).i16(-1).i32(32).u8(2).u8(1).fill(382).i16(0).i32(100);
     ASSERT_EQ(apri(b), EsitoApriFile::Aperto);
     EXPECT_EQ(c.CondizioniDistanza.count(), 2);
     EXPECT_EQ(c.CondizioneDistanzaLetta.Stato, 0);
-    ASSERT_EQ(apri(Intestazione(Header{}).i32(12345).i32(32).u8(1).fill(383).i16(-1).i32(100)),
+    ASSERT_EQ(apri(Intestazione({}).i32(12345).i32(32).u8(1).fill(383).i16(-1).i32(100)),
               EsitoApriFile::Aperto);
     EXPECT_EQ(c.CondizioneDistanzaLetta.Stato, -1);
-    ASSERT_EQ(apri(Intestazione(Header{})), EsitoApriFile::Aperto);
+    ASSERT_EQ(apri(Intestazione({})), EsitoApriFile::Aperto);
     EXPECT_EQ(c.CondizioniDistanza.count(), 0);
     EXPECT_EQ(c.CondizioneDistanzaLetta.Stato, -1);
 }
