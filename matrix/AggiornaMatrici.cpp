@@ -23,7 +23,9 @@ std::optional<EsitoAggiornamentoMatrici> AggiornaMatrici(const Impostazioni& imp
     const std::string lista = temp + "10elottomatrici.txt";
     const EsitoDownload esitoLista = download.scarica(ServerUrl(imp, "/public/10elotto/lista.asp"), lista, MaxByteLista);
     if (!esitoLista.ok()) {
-        r.lista = esitoLista;
+        // A stop asked for by the user is no failure of the server.
+        if (esitoLista.errore == ErroreDownload::Interrotto) r.interrotto = true;
+        else r.lista = esitoLista;
         return std::nullopt;
     }
     EsitoAggiornamentoMatrici esito;

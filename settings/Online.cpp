@@ -180,7 +180,9 @@ std::optional<std::vector<std::string>> AggiornaLingue(const Impostazioni& imp, 
     const EsitoDownload esitoLista =
         download.scarica(ServerUrl(imp, std::string(CartellaLingue) + "lista.txt"), lista, MaxByteLista);
     if (!esitoLista.ok()) {
-        r.lista = esitoLista;
+        // A stop asked for by the user is no failure of the server.
+        if (esitoLista.errore == ErroreDownload::Interrotto) r.interrotto = true;
+        else r.lista = esitoLista;
         return std::nullopt;
     }
     std::vector<std::string> installed;

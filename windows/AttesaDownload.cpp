@@ -2,6 +2,7 @@
 
 #include "core/Ui.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
@@ -23,6 +24,7 @@ public:
     Attesa(QWidget* parent, Ui& ui, std::shared_ptr<std::atomic<bool>> stop)
         : QDialog(parent), m_stop(std::move(stop)) {
         setWindowTitle(QStringLiteral("Dorvanta"));
+        setMinimumWidth(fontMetrics().averageCharWidth() * 40);
         auto* layout = new QVBoxLayout(this);
         layout->addWidget(new QLabel(testo(ui, "0257", "Downloading..."), this));
         m_ferma = new QPushButton(testo(ui, "0191", "&Stop"), this);
@@ -49,7 +51,10 @@ void EseguiConAttesa(QWidget* parent, Ui& ui,
     QThread* thread = QThread::create([&lavoro, stop] { lavoro(stop); });
     QObject::connect(thread, &QThread::finished, &attesa, &Attesa::fine, Qt::QueuedConnection);
     thread->start();
+    // The pointer says busy but shows that the stop can be clicked.
+    QApplication::setOverrideCursor(Qt::BusyCursor);
     attesa.exec();
+    QApplication::restoreOverrideCursor();
     thread->wait();
     delete thread;
 }

@@ -217,9 +217,10 @@ void frmImpostazioni::cmdLangUpdate_Click() {
     // The outcome, then what went wrong and why.
     std::string testo = TestoCon(m_ui.Lang("0234"), n);
     if (testo.empty()) testo = "Download finished: " + n + " language files installed.";
-    if (!lista) testo = ServerNonRaggiunto(m_ui);
+    // Without the list, the report says why (or that the user stopped it).
+    if (!lista) testo = rapporto.interrotto || rapporto.lista ? std::string() : ServerNonRaggiunto(m_ui);
     const std::string perche = MessaggioRapporto(rapporto, m_ui);
-    if (!perche.empty()) testo += "\n" + perche;
+    if (!perche.empty()) testo += (testo.empty() ? "" : "\n") + perche;
     m_ui.messageBox(testo, "", lista && perche.empty() ? BoxIcon::Information : BoxIcon::Exclamation);
 }
 
@@ -235,7 +236,7 @@ void frmImpostazioni::cmdInfoLanguage_Click() {
     m_ui.setBusy(false);
     if (crediti)
         m_ui.messageBox(*crediti, "", BoxIcon::Information);
-    else
+    else if (esito.errore != ErroreDownload::Interrotto)
         m_ui.messageBox(ServerNonRaggiunto(m_ui) + "\n" + MessaggioDownload(esito, m_ui), "", BoxIcon::Exclamation);
 }
 

@@ -4,6 +4,7 @@
 #include "archive/UltimateAggiorna.h"
 #include "core/Cartelle.h"
 #include "platform/ApplyLanguage.h"
+#include "windows/AttesaDownload.h"
 #include "windows/frmCalcolo.h"
 #include "windows/frmFiltriPannelli.h"
 #include "windows/QtUi.h"
@@ -266,20 +267,16 @@ void frmUltimate::cmdUpdate_Click() {
     m_cmdUpdate->setEnabled(false);
     m_cmdCalcolo->setEnabled(false);
     m_ui.setBusy(true);
-    m_thread = std::thread([this, server = m_server()] {
-        AggiornaArchivioUltimate(m_corpo, m_ui, server);
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                if (m_thread.joinable()) m_thread.join();
-                m_inCorso = false;
-                m_cmdUpdate->setEnabled(true);
-                m_cmdCalcolo->setEnabled(true);
-                m_ui.setBusy(false);
-                emit aggiornamentoConcluso();
-            },
-            Qt::QueuedConnection);
+    // The download runs off the window thread while a small window offers a stop that reaches it.
+    const ServerArchivi server = m_server();
+    EseguiConAttesa(this, m_ui, [this, &server](std::shared_ptr<const std::atomic<bool>> stop) {
+        AggiornaArchivioUltimate(m_corpo, m_ui, {server.indirizzo, server.download.conStop(std::move(stop))});
     });
+    m_inCorso = false;
+    m_cmdUpdate->setEnabled(true);
+    m_cmdCalcolo->setEnabled(true);
+    m_ui.setBusy(false);
+    emit aggiornamentoConcluso();
 }
 
 void frmUltimate::closeEvent(QCloseEvent* event) {

@@ -2,6 +2,7 @@
 #include "settings/Online.h"
 
 #include "TempDir.h"
+#include "tests/support/FakeUi.h"
 
 #include <gtest/gtest.h>
 
@@ -67,6 +68,30 @@ TEST(AggiornaLingue, InstallsSafeNamesAndSkipsTheRestWithoutAsking) {
     EXPECT_FALSE(dir.exists("missing.lng"));
     EXPECT_EQ(server.asked, (std::vector<std::string>{Base + "lingue/lista.txt", Base + "lingue/english.txt",
                                                       Base + "lingue/deutsch.txt", Base + "lingue/missing.txt"}));
+}
+
+TEST(AggiornaLingue, AListIsHeldTo100NamesOf4MBAndHiddenOrOptionNamesAreNeverAsked) {
+    TempDir dir;
+    FakeServer server;
+    std::string lista = ".hidden.txt\n-rf.txt\nbig.txt\n";
+    for (int i = 0; i < 102; ++i) {
+        lista += "l" + std::to_string(i) + ".txt\n";
+        server.files[Base + "lingue/l" + std::to_string(i) + ".txt"] = "[Strings]\r\n";
+    }
+    server.files[Base + "lingue/lista.txt"] = lista;
+    server.files[Base + "lingue/big.txt"] = std::string(dv::MaxByteFileLista + 1, 'x');
+    dv::RapportoDownload rapporto;
+    const auto installed = dv::AggiornaLingue({}, dir.path(), server.downloader(), &rapporto);
+    ASSERT_TRUE(installed.has_value());
+    // The first 100 lines: two never asked, one too large, 97 installed; the rest cut.
+    EXPECT_EQ(installed->size(), 97u);
+    EXPECT_EQ(server.asked.size(), 99u);
+    EXPECT_FALSE(dir.exists("big.lng"));
+    EXPECT_FALSE(dir.exists("temp/big.txt"));
+    EXPECT_TRUE(dir.exists("l96.lng"));
+    EXPECT_FALSE(dir.exists("l97.lng"));
+    dv::test::FakeUi ui;
+    EXPECT_EQ(dv::MessaggioRapporto(rapporto, ui), "<0255>\n<0256>\nbig.txt: <0247>");
 }
 
 TEST(AggiornaLingue, AFailedListChangesNothing) {

@@ -184,7 +184,7 @@ TEST(frmImpostazioni, FirstStartWithoutNetworkSaysNoLanguageWasFound) {
     trova<QPushButton>(f, "cmdLangUpdate")->click();
     EXPECT_EQ(testiBox(ui),
               (std::vector<std::string>{"Warning files language not found", "<0233>\n<0243>",
-                                        "Warning files language not found", "<0233>\n<0254> <0243>"}));
+                                        "Warning files language not found", "<0254> <0243>"}));
 }
 
 TEST(NewVersion, NewerOnTheServerShowsTheWindowOtherwiseStartsWithoutAWord) {
