@@ -4,6 +4,7 @@
 #include "core/Ui.h"
 #include "system_files/ErroreEsecuzione.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -110,16 +111,17 @@ ArrayEstrazioni LoadArchivioDAT(const std::string& path, const std::string& arch
         if (!archivioDir.empty() && !std::filesystem::is_directory(archivioDir, ec))
             std::filesystem::create_directories(archivioDir, ec);
         // 3. Open for read and write; a missing file is created empty.
+        if (std::filesystem::is_directory(path, ec))
+            throw ErroreEsecuzione(75, "Path/File access error", cause::CartellaNonFile);
         f = std::fopen(path.c_str(), "rb");
         if (!f) {
-            if (std::filesystem::is_directory(path, ec)) throw errori::AccessoNegato();
             f = std::fopen(path.c_str(), "wb+");
-            if (!f)
-                throw ErroreEsecuzione{
-                    std::filesystem::exists(std::filesystem::path(path).parent_path(), ec) ? 75 : 76,
-                    std::filesystem::exists(std::filesystem::path(path).parent_path(), ec)
-                        ? "Path/File access error"
-                        : "Path not found"};
+            if (!f) {
+                const int errore = errno;
+                if (!std::filesystem::exists(std::filesystem::path(path).parent_path(), ec))
+                    throw ErroreEsecuzione{76, "Path not found"};
+                throw errori::Salvataggio(errore);
+            }
         }
         ui.setBusy(true);
         // Room for every whole record of the file at once, so that the steps of growth below
@@ -146,7 +148,7 @@ ArrayEstrazioni LoadArchivioDAT(const std::string& path, const std::string& arch
             std::memmove(blocco.data(), blocco.data() + pos, resto);
             if (letti == 0) break;
         }
-        if (std::ferror(f)) throw errori::AccessoNegato();
+        if (std::ferror(f)) throw errori::Lettura();
         // 6. and 7. The pointer back, the file closed, the array cut to the count (one blank at least).
         ui.setBusy(false);
         std::fclose(f);
@@ -158,7 +160,7 @@ ArrayEstrazioni LoadArchivioDAT(const std::string& path, const std::string& arch
         ui.setBusy(false);
         if (f) std::fclose(f);
         const bool conPercorso = e.numero() == 75 || e.numero() == 76;
-        ui.messageBox("Error " + std::to_string(e.numero()) + " (" + e.descrizione() +
+        ui.messageBox("Error " + std::to_string(e.numero()) + " (" + e.descrizione(ui) +
                           (conPercorso ? " --> " + path : std::string()) +
                           ") in procedure LoadArchivioDAT of Form frmUpdate",
                       "", BoxIcon::None);

@@ -138,11 +138,11 @@ void ScriviMatrice(const std::string& path, const MATRIX_STRUCTURE& m) {
 std::vector<uint8_t> LeggiFileMatrice(const std::string& path) {
     std::error_code ec;
     const uint64_t size = std::filesystem::file_size(path, ec);
-    if (ec || !std::filesystem::is_regular_file(path, ec)) throw errori::FileNonTrovato();
+    if (ec || !std::filesystem::is_regular_file(path, ec)) throw errori::Apertura(path);
     if (size > MaxFileMatrice) throw errori::MemoriaEsaurita();
     std::vector<uint8_t> data(static_cast<size_t>(size));
     std::ifstream in(path, std::ios::binary);
-    if (!in) throw errori::FileNonTrovato();
+    if (!in) throw errori::Apertura(path);
     in.read(reinterpret_cast<char*>(data.data()), static_cast<std::streamsize>(data.size()));
     data.resize(static_cast<size_t>(in.gcount()));
     return data;
@@ -172,7 +172,7 @@ std::string TrimCampo(const std::string& s) {
 MatrixHeader ReadMatrixHeader(const std::string& path) {
     const std::string p = TrimCampo(path);
     std::ifstream in(p, std::ios::binary);
-    if (!in) throw errori::FileNonTrovato();
+    if (!in) throw errori::Apertura(p);
     uint8_t buf[LunghezzaIntestazioneMatrice] = {};
     in.read(reinterpret_cast<char*>(buf), sizeof buf);
     return LeggiIntestazione(buf, static_cast<size_t>(in.gcount()));

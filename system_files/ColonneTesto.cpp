@@ -29,9 +29,9 @@ public:
     explicit LettoreRighe(const std::string& path, size_t blocco = size_t{1} << 20)
         : m_blocco(std::max<size_t>(blocco, 1)) {
         std::error_code ec;
-        if (!std::filesystem::is_regular_file(path, ec)) throw errori::FileNonTrovato();
+        if (!std::filesystem::is_regular_file(path, ec)) throw errori::Apertura(path);
         m_in.open(path, std::ios::binary);
-        if (!m_in) throw errori::AccessoNegato();
+        if (!m_in) throw errori::Apertura(path);
         const auto dimensione = std::filesystem::file_size(path, ec);
         m_dimensione = ec ? 0 : static_cast<uint64_t>(dimensione);
     }
@@ -103,7 +103,7 @@ private:
         m_fine = resto;
         if (m_buf.size() < resto + m_blocco) m_buf.resize(resto + m_blocco);
         m_in.read(m_buf.data() + resto, static_cast<std::streamsize>(m_blocco));
-        if (m_in.bad()) throw errori::AccessoNegato();
+        if (m_in.bad()) throw errori::Lettura();
         const auto letti = static_cast<size_t>(m_in.gcount());
         m_fine += letti;
         if (letti < m_blocco) m_finito = true;

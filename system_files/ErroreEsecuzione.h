@@ -52,9 +52,11 @@ inline ErroreEsecuzione Salvataggio(int codice) {
 inline ErroreEsecuzione Apertura(const std::string& path) {
     const Causa causa = CausaApertura(path);
     if (std::string_view(causa.chiave) == cause::FileMancante.chiave) return FileNonTrovato();
-    if (std::string_view(causa.chiave) == cause::CartellaMancante.chiave) return {76, "Path not found", causa};
+    if (std::string_view(causa.chiave) == cause::CartellaMancante.chiave) return {76, "Path not found"};
     return {75, "Path/File access error", causa};
 }
+// The fault of a file whose reading failed half-way.
+inline ErroreEsecuzione Lettura() { return {75, "Path/File access error", cause::ErroreDisco}; }
 } // namespace errori
 
 // "Error 13 (Type mismatch" followed by the closing part, e.g. ") in procedure X of Modulo corpo".

@@ -15,12 +15,12 @@ namespace dv {
 
 LettoreBinario::LettoreBinario(const std::string& path) {
     std::error_code ec;
-    if (!std::filesystem::is_regular_file(path, ec)) throw errori::FileNonTrovato();
+    if (!std::filesystem::is_regular_file(path, ec)) throw errori::Apertura(path);
     m_in.open(path, std::ios::binary);
-    if (!m_in) throw errori::AccessoNegato();
+    if (!m_in) throw errori::Apertura(path);
     m_in.seekg(0, std::ios::end);
     const auto end = m_in.tellg();
-    if (end < 0) throw errori::AccessoNegato();
+    if (end < 0) throw errori::Lettura();
     m_size = static_cast<uint64_t>(end);
     m_in.seekg(0, std::ios::beg);
 }
@@ -29,7 +29,7 @@ size_t LettoreBinario::bytes(uint8_t* out, size_t n) {
     const size_t avail = static_cast<size_t>(std::min<uint64_t>(n, restanti()));
     if (avail > 0) {
         m_in.read(reinterpret_cast<char*>(out), static_cast<std::streamsize>(avail));
-        if (static_cast<size_t>(m_in.gcount()) != avail) throw errori::AccessoNegato();
+        if (static_cast<size_t>(m_in.gcount()) != avail) throw errori::Lettura();
     }
     if (avail < n) std::memset(out + avail, 0, n - avail);
     m_pos += n;

@@ -338,8 +338,7 @@ void frmMatr::cmdMatriceTXT_Click() {
     try {
         m = ImportaMatricePerAdattare(m_corpo, m_ui, path, OggiSeriale());
     } catch (const ErroreEsecuzione& e) {
-        m_ui.messageBox("Error " + std::to_string(e.numero()) + " (" + e.descrizione() + ")", "",
-                        BoxIcon::None);
+        m_ui.messageBox(TestoErrore(m_ui, e, ")"), "", BoxIcon::None);
         return;
     }
     m_servizi.ordina();

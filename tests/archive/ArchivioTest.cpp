@@ -84,7 +84,7 @@ TEST(LoadArchivioDAT, AFolderInPlaceOfTheFileEndsInTheBoxThatNamesThePath) {
     test::FakeUi ui;
     EXPECT_TRUE(ArchivioVuoto(LoadArchivioDAT(dir.file("a.dat"), dir.path(), ui)));
     ASSERT_EQ(ui.boxes.size(), 1u);
-    EXPECT_EQ(ui.boxes[0].text, "Error 75 (Path/File access error --> " + dir.file("a.dat") +
+    EXPECT_EQ(ui.boxes[0].text, "Error 75 (Path/File access error: <0262> --> " + dir.file("a.dat") +
                                     ") in procedure LoadArchivioDAT of Form frmUpdate");
 }
 

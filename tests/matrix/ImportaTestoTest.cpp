@@ -57,7 +57,7 @@ TEST(ImportaTestoTest, RefusalsShowTheirBoxAndLeaveVAtZero) {
     }
     test::FakeUi ui;
     EXPECT_EQ(ImportMatrixText("/nonexistent/m.txt", ui, 1).NUMBERS_OF_MATRIX_V, 0);
-    EXPECT_EQ(ui.boxes.at(0).text, "Error 76 (Path not found: <0260>) ");
+    EXPECT_EQ(ui.boxes.at(0).text, "Error 76 (Path not found) ");
 }
 
 TEST(ImportaTestoTest, LinesAfterTheHundredThousandthAreNotRead) {
