@@ -3,7 +3,6 @@
 find_package(Qt6 REQUIRED COMPONENTS Core Network)
 add_library(dv_cli_download STATIC
     ${PROJECT_SOURCE_DIR}/platform/DownloadFile.cpp
-    ${PROJECT_SOURCE_DIR}/platform/RispostaHttp.cpp
     ${CMAKE_CURRENT_LIST_DIR}/ReteArchivio.cpp
 )
 target_include_directories(dv_cli_download PUBLIC ${PROJECT_SOURCE_DIR})

@@ -1,7 +1,7 @@
 #include "platform/DownloadFile.h"
 
 #include "platform/DispositivoSalvataggio.h"
-#include "platform/RispostaHttp.h"
+#include "settings/RispostaHttp.h"
 
 #include <QDir>
 #include <QEventLoop>

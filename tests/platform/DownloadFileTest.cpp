@@ -1,6 +1,6 @@
 // DownloadFile against dorvanta-server and against a server of the test's own that misbehaves.
 #include "platform/DownloadFile.h"
-#include "platform/RispostaHttp.h"
+#include "settings/RispostaHttp.h"
 
 #include "server/ServerProcess.h"
 

@@ -1,4 +1,4 @@
-#include "platform/RispostaHttp.h"
+#include "settings/RispostaHttp.h"
 
 #include <algorithm>
 #include <cctype>
