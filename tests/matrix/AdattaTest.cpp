@@ -149,7 +149,7 @@ TEST(AdattaTest, AStopLeavesAnEmptySystem) {
     EXPECT_EQ(c.pronostico.NumColonne, 0);
 }
 
-TEST(AdattaTest, TextMatrixMustFitAndACancelledDialogLeavesAnEmptySystem) {
+TEST(AdattaTest, TextMatrixMustFitTheForecast) {
     CartellaTemporanea dir("testo");
     std::ofstream(dir.in("txt/m.txt")) << "1 2\n3 4\n2 3\n";
     Corpo c;
@@ -168,12 +168,6 @@ TEST(AdattaTest, TextMatrixMustFitAndACancelledDialogLeavesAnEmptySystem) {
     EXPECT_EQ(c.pronostico.NumColonne, 3);
     EXPECT_EQ(c.pronostico.Descrizione, "<0017>");
     EXPECT_EQ(Colonna(c, 2), (std::vector<uint8_t>{7, 8}));
-
-    AdattaMatriceTesto(c, ui, MATRIX_STRUCTURE{}, false, fisse, {});
-    EXPECT_EQ(c.pronostico.NumColonne, 0);
-    EXPECT_EQ(c.pronostico.Descrizione, "");
-    EXPECT_EQ(c.SistemaBloccato, 0);
-    EXPECT_EQ(c.pronostico.Quanti, 4);
 }
 
 TEST(AdattaTest, SaveAsMatrixOnlyChecks) {
