@@ -2,14 +2,18 @@
 // wrote on standard output and standard error.
 #pragma once
 
+#include "archive/Archivio.h"
 #include "tests/settings/TempDir.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
+#include <numeric>
+#include <random>
 #include <string>
 
 namespace dv::test {
@@ -53,5 +57,29 @@ protected:
     TempDir dir;
     std::string q(const std::string& name) const { return "'" + dir.file(name) + "'"; }
 };
+
+// An archive of five-minute draws, draws 1..perGiorno on each day from 01/05/2025, twenty
+// numbers drawn from a fixed seed, in ascending order. Written to path; returned with the unused
+// element 0 as the program holds it.
+inline ArrayEstrazioni ArchivioCasuale(int giorni, int perGiorno, const std::string& path) {
+    std::mt19937 rng(11);
+    std::array<uint8_t, 90> numeri;
+    std::iota(numeri.begin(), numeri.end(), uint8_t{1});
+    ArrayEstrazioni a(1);
+    std::ofstream out(path, std::ios::binary);
+    for (int g = 1; g <= giorni; ++g)
+        for (int c = 1; c <= perGiorno; ++c) {
+            Estrazione e;
+            const std::string data = (g < 10 ? "0" : "") + std::to_string(g) + "/05/2025";
+            std::copy_n(data.begin(), 10, e.Data.begin());
+            e.Concorso = static_cast<int16_t>(c);
+            std::shuffle(numeri.begin(), numeri.end(), rng);
+            std::copy_n(numeri.begin(), 20, e.Numeri.begin() + 1);
+            std::sort(e.Numeri.begin() + 1, e.Numeri.end());
+            out.write(RecordEstrazione(e).data(), DimensioneRecordEstrazione);
+            a.push_back(e);
+        }
+    return a;
+}
 
 } // namespace dv::test

@@ -91,7 +91,7 @@ TEST_F(SpoglioCli, CtrlCStopsTheArchiveCheckWithoutWritingAnything) {
     FakeUi ui;
     ASSERT_TRUE(SalvaFile(*c, ui, dir.file("big.dvs")));
     auto data = [](int giorno) {
-        char s[16];
+        char s[32];
         std::snprintf(s, sizeof s, "%02d/%02d/%04d", giorno % 28 + 1, giorno / 28 % 12 + 1,
                       2024 + giorno / 336);
         return std::string(s);

@@ -1,10 +1,7 @@
 // Runs `dorvanta-cli stats` on a small archive file and checks it against the computation itself.
-#include "archive/Archivio.h"
 #include "archive/Statistiche.h"
 #include "cli/UiTesto.h"
 #include "tests/cli/EseguiCli.h"
-
-#include <cstring>
 
 namespace dv {
 namespace {
@@ -13,24 +10,7 @@ using test::Cli;
 
 class StatsCli : public test::CliTest {
 protected:
-    StatsCli() {
-        // Three days of five-minute draws, 1..6 a day, numbers drifting so the counts differ.
-        a.resize(1);
-        std::string archivio;
-        for (int g = 1; g <= 3; ++g)
-            for (int c = 1; c <= 6; ++c) {
-                Estrazione e;
-                const std::string data = "0" + std::to_string(g) + "/05/2025";
-                std::memcpy(e.Data.data(), data.data(), e.Data.size());
-                e.Concorso = static_cast<int16_t>(c);
-                for (int k = 1; k <= 20; ++k)
-                    e.Numeri[static_cast<size_t>(k)] = static_cast<uint8_t>((k * (g + c) + c) % 90 + 1);
-                std::sort(e.Numeri.begin() + 1, e.Numeri.end());
-                a.push_back(e);
-                archivio.append(RecordEstrazione(e).data(), DimensioneRecordEstrazione);
-            }
-        dir.write("archivio.dat", archivio);
-    }
+    StatsCli() : a(test::ArchivioCasuale(3, 6, dir.file("archivio.dat"))) {}
     test::Esecuzione stats(const std::string& args) {
         return Cli(test::Italiano + "stats " + q("archivio.dat") + args);
     }

@@ -1,15 +1,11 @@
 // Runs `dorvanta-cli ultimate` and `dorvanta-cli filters import` as processes and checks their
 // output and files against the logic called directly.
-#include "archive/Archivio.h"
 #include "archive/Ultimate.h"
 #include "system_files/FileSistema.h"
 #include "tests/cli/EseguiCli.h"
 #include "tests/support/FakeUi.h"
 
-#include <algorithm>
 #include <memory>
-#include <numeric>
-#include <random>
 
 namespace dv {
 namespace {
@@ -18,26 +14,7 @@ using test::Cli;
 
 class UltimateCli : public test::CliTest {
 protected:
-    UltimateCli() {
-        // Two days of 100 draws each, random numbers from a fixed seed.
-        std::mt19937 rng(11);
-        std::vector<uint8_t> numeri(90);
-        std::iota(numeri.begin(), numeri.end(), uint8_t{1});
-        std::string archivio;
-        a.resize(1);
-        for (int g = 1; g <= 2; ++g)
-            for (int c = 1; c <= 100; ++c) {
-                Estrazione e;
-                const std::string data = "0" + std::to_string(g) + "/05/2025";
-                std::copy_n(data.begin(), 10, e.Data.begin());
-                e.Concorso = static_cast<int16_t>(c);
-                std::shuffle(numeri.begin(), numeri.end(), rng);
-                std::copy_n(numeri.begin(), 20, e.Numeri.begin() + 1);
-                archivio.append(RecordEstrazione(e).data(), DimensioneRecordEstrazione);
-                a.push_back(e);
-            }
-        dir.write("5min.dat", archivio);
-    }
+    UltimateCli() : a(test::ArchivioCasuale(2, 100, dir.file("5min.dat"))) {}
     // `filters import` of in.dvs into out with the options given.
     test::Esecuzione importa(const std::string& args, const std::string& out) {
         return Cli("filters import " + q("in.dvs") + " " + args + " -o " + q(out));

