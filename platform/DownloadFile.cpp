@@ -38,12 +38,15 @@ struct Passo {
 // and the cap hold for the download as a whole; the idle time for this connection.
 class Richiesta {
 public:
-    Richiesta(const QUrl& url, bool removeCache, const LimitiDownload& limiti, int64_t cap, DispositivoSalvataggio& file,
-              int64_t& ricevuti)
+    Richiesta(const QUrl& url, bool removeCache, const LimitiDownload& limiti, int64_t cap,
+              DispositivoSalvataggio& file, int64_t& ricevuti)
         : m_url(url), m_removeCache(removeCache), m_limiti(limiti), m_cap(cap), m_file(file),
           m_ricevuti(ricevuti) {}
 
     Passo esegui(QTimer& totale, const std::function<bool()>& fermato) {
+        // The deadline may have passed while the previous request of a redirect ended.
+        if (!totale.isActive())
+            return {esito(ErroreDownload::DurataEccessiva, m_limiti.totalTimeoutMs / 1000), {}};
         std::unique_ptr<QTcpSocket> socket;
         if (m_url.scheme() == QLatin1String("https")) {
             if (!QSslSocket::supportsSsl())
@@ -105,6 +108,7 @@ private:
         if (target.isEmpty()) target = "/";
         if (m_url.hasQuery()) target += "?" + m_url.query(QUrl::FullyEncoded).toLatin1();
         QByteArray host = m_url.host(QUrl::FullyEncoded).toLatin1();
+        if (host.contains(':')) host = "[" + host + "]"; // an IPv6 address
         if (m_url.port() != -1) host += ":" + QByteArray::number(m_url.port());
         QByteArray r = "GET " + target + " HTTP/1.1\r\nHost: " + host +
                        "\r\nUser-Agent: Dorvanta\r\nAccept-Encoding: identity\r\nConnection: close\r\n";
