@@ -84,18 +84,16 @@ TEST(DataServerCarico, AnswersAtOnceWhileTwoHundredHostileClientsHoldOn) {
 
     QThread::msleep(300); // the burst of connections is in place
 
-    std::vector<qint64> tempi;
+    qint64 piuLenta = 0;
     for (int i = 0; i < 20; ++i) {
         QElapsedTimer t;
         t.start();
         const QByteArray answer = rawRequest(port, Ver);
-        tempi.push_back(t.elapsed());
+        piuLenta = std::max(piuLenta, t.elapsed());
         ASSERT_TRUE(answer.startsWith("HTTP/1.1 200") && answer.endsWith("1.0.0"))
             << answer.left(200).constData();
     }
-    std::sort(tempi.begin(), tempi.end());
-    EXPECT_LT(tempi[tempi.size() / 2], 100) << "median ms";
-    EXPECT_LT(tempi.back(), 100) << "slowest ms";
+    EXPECT_LT(piuLenta, 100) << "slowest ms";
 
     // Fifty readers of a 32 MB file: held whole per client, that would be 1.6 GB.
     const qint64 sotto = rss(server.pid()) - (Asan ? rssPrima : 0); // the sanitizer's own memory aside
@@ -107,10 +105,9 @@ TEST(DataServerCarico, AnswersAtOnceWhileTwoHundredHostileClientsHoldOn) {
     while (apertiDa(server.pid()) > apertiPrima && attesa.elapsed() < 8'000)
         QThread::msleep(100);
     EXPECT_LE(apertiDa(server.pid()), apertiPrima);
-    std::printf("normal requests under load: median %lld ms, slowest %lld ms; resident %lld MB; all dropped "
-                "after %lld ms\n",
-                static_cast<long long>(tempi[tempi.size() / 2]), static_cast<long long>(tempi.back()),
-                static_cast<long long>(rss(server.pid()) >> 20), static_cast<long long>(attesa.elapsed()));
+    std::printf("slowest normal request under load %lld ms; resident %lld MB; all dropped after %lld ms\n",
+                static_cast<long long>(piuLenta), static_cast<long long>(rss(server.pid()) >> 20),
+                static_cast<long long>(attesa.elapsed()));
 }
 
 TEST(DataServerCarico, RefusesOversizedRequestsAndCapsTheLog) {
