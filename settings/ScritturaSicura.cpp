@@ -11,6 +11,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace dv {
@@ -103,6 +104,22 @@ Causa CausaApertura(const std::string& path) {
     if (!S_ISREG(st.st_mode)) return cause::NonUnFile;
     if (::access(path.c_str(), R_OK) != 0) return cause::PermessoNegato;
     return cause::ErroreDisco;
+}
+
+Causa CausaSalvataggio(const std::string& target) {
+    const std::string cartella = CartellaDi(target);
+    std::error_code ec;
+    if (!std::filesystem::is_directory(cartella, ec)) return cause::CartellaMancante;
+    int permessi = -1;
+    uint64_t dimensione = 0;
+    if (const int e = TargetNonSostituibile(target, permessi, dimensione); e != 0) return CausaErrore(e);
+    struct statvfs disco {};
+    if (::statvfs(cartella.c_str(), &disco) == 0) {
+        if (disco.f_flag & ST_RDONLY) return cause::DiscoSolaLettura;
+        if (disco.f_bavail == 0) return cause::DiscoPieno;
+    }
+    if (::access(cartella.c_str(), W_OK | X_OK) != 0) return CausaErrore(errno);
+    return {};
 }
 
 ScritturaSicura::ScritturaSicura(const std::string& target) : m_target(target) {

@@ -44,6 +44,10 @@ Causa CausaErrore(int codice);
 bool DiscoEsaurito(int codice);
 // Why path cannot be opened for reading: its folder or itself missing, a folder, closed to us.
 Causa CausaApertura(const std::string& path);
+// Why a save to target would fail, as far as the disk tells before trying: its folder missing or
+// closed to us, the target a folder or read-only, the disk read-only or full. No cause (a null
+// key) when nothing stands in the way.
+Causa CausaSalvataggio(const std::string& target);
 
 // A save in progress. The temporary file is created exclusively under a fresh name (a link or file
 // already there is never followed nor reused), so two saves of one target never share it and the

@@ -55,37 +55,9 @@ void LettoreBinario::i32(int32_t& v) {
                              (static_cast<uint32_t>(b[2]) << 16) | (static_cast<uint32_t>(b[3]) << 24));
 }
 
-namespace {
-// True when path could be written in place: some write permission is set and the process may
-// use it. Checking the bits too refuses a read-only file even to a user the system lets write
-// anything.
-bool ScrivibileSulPosto(const std::string& path, std::filesystem::perms bits) {
-    using std::filesystem::perms;
-    if ((bits & (perms::owner_write | perms::group_write | perms::others_write)) == perms::none) return false;
-#ifndef _WIN32
-    if (::access(path.c_str(), W_OK) != 0) return false;
-#else
-    (void)path;
-#endif
-    return true;
-}
-} // namespace
-
 std::string MotivoNonScrivibile(const std::string& target) {
-    namespace fs = std::filesystem;
-    std::error_code ec;
-    const fs::path folder = fs::absolute(target, ec).parent_path();
-    if (!fs::is_directory(folder, ec)) return "the folder " + folder.string() + " does not exist";
-#ifndef _WIN32
-    if (::access(folder.c_str(), W_OK | X_OK) != 0) return "the folder " + folder.string() + " cannot be written";
-#endif
-    const auto stato = fs::status(target, ec);
-    if (!ec && fs::exists(stato)) {
-        if (fs::is_directory(stato)) return "a folder, not a file";
-        if (!fs::is_regular_file(stato)) return "not a file";
-        if (!ScrivibileSulPosto(target, stato.permissions())) return "the file is read-only";
-    }
-    return {};
+    const Causa causa = CausaSalvataggio(target);
+    return causa.chiave ? causa.inglese : std::string();
 }
 
 } // namespace dv

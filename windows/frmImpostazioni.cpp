@@ -7,6 +7,7 @@
 #include "platform/ApplyLanguage.h"
 #include "platform/TraduzioniQt.h"
 #include "settings/Ansi.h"
+#include "settings/ScritturaSicura.h"
 #include "platform/DownloadFile.h"
 #include "platform/Shell.h"
 #include "print/StampantePdf.h"
@@ -248,7 +249,10 @@ void frmImpostazioni::cmdSalva_Click() {
     s.IndiceSorgente = m_optModoRicalcolo[0]->isChecked() ? 0 : 1;
     s.Lingua = m_cmbLingua->currentText().toStdString();
     if (!ScriviImpostazioni(m_lingua.AppDir, s)) {
-        m_ui.messageBox("Error 75 (Path/File access error: " + FileImpostazioni(m_lingua.AppDir) +
+        const std::string path = FileImpostazioni(m_lingua.AppDir);
+        const Causa causa = CausaSalvataggio(path);
+        m_ui.messageBox("Error 75 (Path/File access error: " + path +
+                            (causa.chiave ? ": " + TestoCausa(m_ui, causa) : std::string()) +
                             ") in procedure cmdSalva_Click of Form frmImpostazioni",
                         "", BoxIcon::None);
         return;

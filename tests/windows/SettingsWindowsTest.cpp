@@ -134,7 +134,7 @@ TEST(frmImpostazioni, AMachineWithoutPrintersIsToldSoAndASettingsFileThatCannotB
     ui.boxes.clear();
     trova<QPushButton>(f, "cmdSalva")->click();
     ASSERT_EQ(ui.boxes.size(), 1u);
-    EXPECT_NE(ui.boxes[0].text.find("in procedure cmdSalva_Click of Form frmImpostazioni"),
+    EXPECT_NE(ui.boxes[0].text.find("<0262>) in procedure cmdSalva_Click of Form frmImpostazioni"),
               std::string::npos);
     EXPECT_NE(f.result(), QDialog::Accepted);
 }
