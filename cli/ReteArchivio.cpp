@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <csignal>
 #include <cstdio>
 
 namespace dv::cli {
@@ -20,20 +21,33 @@ namespace {
 int g_argc = 1;
 char g_nome[] = "dorvanta-cli";
 char* g_argv[] = {g_nome, nullptr};
+
+// The stop of the session alive; the handler only sets it, so it is safe at any moment.
+std::atomic<std::atomic<bool>*> g_stopRete{nullptr};
+extern "C" void InterrompiDownload(int) {
+    if (std::atomic<bool>* stop = g_stopRete.load()) stop->store(true);
+}
 } // namespace
 
 SessioneRete::SessioneRete() {
     if (!QCoreApplication::instance()) m_app = std::make_unique<QCoreApplication>(g_argc, g_argv);
+    g_stopRete.store(m_stop.get());
+    m_precedente = std::signal(SIGINT, InterrompiDownload);
 }
 
-SessioneRete::~SessioneRete() = default;
+SessioneRete::~SessioneRete() {
+    std::signal(SIGINT, m_precedente == SIG_ERR ? SIG_DFL : m_precedente);
+    g_stopRete.store(nullptr);
+}
 
 Scaricatore SessioneRete::scaricatore() const {
-    return [](const std::string& url, const std::string& path, const OpzioniDownload& opzioni) {
-        const EsitoDownload esito = ScaricaFile(url, path, true, {}, opzioni);
-        if (!esito.ok()) std::fprintf(stderr, "%s: %s\n", url.c_str(), MessaggioDownload(esito).c_str());
-        return esito;
-    };
+    return Scaricatore([](const std::string& url, const std::string& path, const OpzioniDownload& opzioni) {
+               const EsitoDownload esito = ScaricaFile(url, path, true, {}, opzioni);
+               if (!esito.ok())
+                   std::fprintf(stderr, "%s: %s\n", url.c_str(), MessaggioDownload(esito).c_str());
+               return esito;
+           })
+        .conStop(m_stop);
 }
 
 } // namespace dv::cli

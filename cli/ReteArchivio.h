@@ -5,6 +5,7 @@
 
 #include "settings/Online.h"
 
+#include <atomic>
 #include <memory>
 #include <string>
 
@@ -17,7 +18,8 @@ namespace dv::cli {
 std::string CartellaDatiProgramma();
 
 // What downloads need while it lives: Qt's application object, which DownloadFile's event loop
-// wants, made unless one exists.
+// wants, made unless one exists; and Ctrl-C, which stops the download under way (the command then
+// ends with the reason) instead of killing the program.
 class SessioneRete {
 public:
     SessioneRete();
@@ -31,6 +33,8 @@ public:
 
 private:
     std::unique_ptr<QCoreApplication> m_app;
+    std::shared_ptr<std::atomic<bool>> m_stop = std::make_shared<std::atomic<bool>>(false);
+    void (*m_precedente)(int) = nullptr;
 };
 
 } // namespace dv::cli
