@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 
 using namespace dv;
 
@@ -70,28 +69,4 @@ TEST(Description, FollowsTheConditionsInForce) {
     c.condizioni.CondRidotto = Falso;
     c.distanzaMinima.CondDistanzaMinima = Falso;
     EXPECT_EQ(DescrizioneSistema(c, ui), "<0062>") << "and nowhere else";
-}
-
-TEST(Shuffle, KeepsTheSetOfColumnsAsksFirstAndFollowsTheSeed) {
-    test::FakeUi ui;
-    Corpo c;
-    c.LenColonna = 2;
-    for (int j = 1; j <= 50; ++j) {
-        c.Colonne.set(j, 1, static_cast<uint8_t>(j));
-        c.Colonne.set(j, 2, static_cast<uint8_t>(j + 1));
-    }
-    c.pronostico.NumColonne = 50;
-    Corpo copia = c;
-    const auto before = test::StoredColumns(c);
-    ui.setNextAnswer(false);
-    EXPECT_FALSE(MescolaColonne(c, ui, 7));
-    EXPECT_EQ(test::StoredColumns(c), before);
-    ASSERT_TRUE(MescolaColonne(c, ui, 7));
-    EXPECT_EQ(ui.boxes.back().text, "<0060>");
-    auto after = test::StoredColumns(c);
-    EXPECT_NE(after, before);
-    ASSERT_TRUE(MescolaColonne(copia, ui, 7));
-    EXPECT_EQ(test::StoredColumns(copia), after);
-    std::sort(after.begin(), after.end());
-    EXPECT_EQ(after, before);
 }
