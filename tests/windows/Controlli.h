@@ -1,6 +1,7 @@
 // Finding the controls of a window by their design names and working them as a user would.
 #pragma once
 
+#include "core/Avvio.h"
 #include "core/Engine.h"
 #include "platform/ApplyLanguage.h"
 
@@ -59,18 +60,15 @@ inline void Clicca(QWidget* w) {
     QTest::mouseClick(w, Qt::LeftButton, Qt::NoModifier, w->rect().center());
 }
 
-inline QString Testo(QWidget& w, const char* label) {
-    return Controllo<QLabel>(w, label)->text();
-}
-
 // Clicks the navigation button so many times.
 inline void Vai(QWidget& w, const char* pulsante, int volte = 1) {
     for (int i = 0; i < volte; ++i)
         Clicca(Controllo<QPushButton>(w, pulsante));
 }
 
-// Develops the forecast of c as the engine does; the number of columns kept.
+// Develops the forecast of c as "Elabora Sistema" does; the number of columns kept.
 inline int32_t Sviluppa(Corpo& c) {
+    PreparaSviluppo(c);
     RunControl ctl;
     EngineObserver obs;
     return SviluppaIntegrale(c, c.pronostico.Quanti, c.pronostico.Numeri.data(), ctl, obs, "").kept;

@@ -1,8 +1,6 @@
 // The condition dialogs, the viewer and the forecast order driven as a user drives them: options
-// clicked, boxes typed into, cells pressed and swept, windows closed; then a development shows
-// that the conditions set through each window change what it keeps.
-#include "core/Avvio.h"
-#include "core/Engine.h"
+// clicked, boxes typed into, cells pressed and swept, windows closed; what each writes into the
+// state, and a development where the conditions it set decide what is kept.
 #include "windows/frmConsecutivi.h"
 #include "windows/frmDistanzaMinima.h"
 #include "windows/frmFisse.h"
@@ -12,48 +10,20 @@
 #include "windows/frmSomma.h"
 #include "windows/frmVisualizza.h"
 
-#include "platform/ApplyLanguage.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
+#include "tests/windows/Controlli.h"
 
-#include <QApplication>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMouseEvent>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QScrollBar>
-#include <QTest>
 
-#include <functional>
 #include <vector>
 
 using namespace dv;
+using test::Elemento;
+using test::Sviluppa;
+using test::Testi;
 
 namespace {
-
-// Every column of length len of the forecast, in order, for the oracle of a development.
-void OgniColonna(const std::vector<int>& numeri, int len,
-                 const std::function<void(const std::vector<int>&)>& f) {
-    std::vector<int> col;
-    std::function<void(size_t)> scegli = [&](size_t da) {
-        if (static_cast<int>(col.size()) == len) return f(col);
-        for (size_t i = da; i < numeri.size(); ++i) {
-            col.push_back(numeri[i]);
-            scegli(i + 1);
-            col.pop_back();
-        }
-    };
-    scegli(0);
-}
-
-int32_t Sviluppa(Corpo& c) {
-    PreparaSviluppo(c);
-    RunControl ctl;
-    EngineObserver obs;
-    return SviluppaIntegrale(c, c.pronostico.Quanti, c.pronostico.Numeri.data(), ctl, obs, "").kept;
-}
 
 Corpo ConPronostico(const std::vector<int>& numeri, int len) {
     Corpo c;
@@ -62,17 +32,10 @@ Corpo ConPronostico(const std::vector<int>& numeri, int len) {
     return c;
 }
 
-QRadioButton* Opzione(const QWidget& w, const char* nome, int index) {
-    return elementoArray<QRadioButton>(w, QString::fromLatin1(nome), index);
-}
-
-// A click on the round mark of an option.
-void Clicca(QRadioButton* opt) {
+// A click on the round mark of the first option of the array nome: the condition on.
+void Accendi(QWidget& w, const char* nome) {
+    QRadioButton* opt = Elemento<QRadioButton>(w, nome, 0);
     QTest::mouseClick(opt, Qt::LeftButton, {}, QPoint(6, opt->height() / 2));
-}
-
-QPoint Centro(const TabellaCelle& t, int index) {
-    return t.cella(index)->geometry().center();
 }
 
 void Mouse(QWidget* w, QEvent::Type type, QPoint pos, Qt::MouseButtons held) {
@@ -83,19 +46,19 @@ void Mouse(QWidget* w, QEvent::Type type, QPoint pos, Qt::MouseButtons held) {
 
 // Presses on the first cell, moves with the button held over the others, releases on the last.
 void Trascina(TabellaCelle& t, const std::vector<int>& celle) {
-    Mouse(&t, QEvent::MouseButtonPress, Centro(t, celle.front()), Qt::LeftButton);
+    const auto centro = [&t](int i) { return t.cella(i)->geometry().center(); };
+    Mouse(&t, QEvent::MouseButtonPress, centro(celle.front()), Qt::LeftButton);
     for (size_t i = 1; i < celle.size(); ++i)
-        Mouse(&t, QEvent::MouseMove, Centro(t, celle[i]), Qt::LeftButton);
-    Mouse(&t, QEvent::MouseButtonRelease, Centro(t, celle.back()), Qt::NoButton);
+        Mouse(&t, QEvent::MouseMove, centro(celle[i]), Qt::LeftButton);
+    Mouse(&t, QEvent::MouseButtonRelease, centro(celle.back()), Qt::NoButton);
 }
 
-// A Ui that names the English language file.
-struct UiInglese : test::FakeUi {
-    std::string languageFile() override { return DV_SOURCE_DIR "/languages/english.lng"; }
-};
-
-bool Acceso(const TabellaCelle& t, int index) {
-    return t.cella(index)->property("tag").toString() == "1";
+// The cells 0..n-1 of t, "1" for a cell that is on.
+QString Accese(const TabellaCelle& t, int n) {
+    QString s;
+    for (int i = 0; i < n; ++i)
+        s += t.cella(i)->property("tag").toString() == "1" ? QLatin1Char('1') : QLatin1Char('0');
+    return s;
 }
 
 } // namespace
@@ -104,73 +67,45 @@ class DialoghiTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void sommaRangeSetInTheWindowLimitsTheDevelopment() {
-        Corpo c = ConPronostico(test::Range(1, 12), 4);
-        test::FakeUi ui;
-        {
-            frmSomma w(c, ui);
-            w.show();
-            QCOMPARE(w.findChild<QLabel*>("labMin")->text(), QString("10"));
-            QCOMPARE(w.findChild<QLabel*>("labMax")->text(), QString("42"));
-            QCOMPARE(w.findChild<QLineEdit*>("meDa")->text(), QString("10"));
-            Clicca(Opzione(w, "optCondSomma", 0));
-            QCOMPARE(c.condizioni.CondSomma, Vero); // at once, before the closing
-            auto* meDa = w.findChild<QLineEdit*>("meDa");
-            auto* meA = w.findChild<QLineEdit*>("meA");
-            meDa->selectAll();
-            QTest::keyClicks(meDa, "20");
-            meA->selectAll();
-            QTest::keyClicks(meA, "24");
-            QVERIFY(w.close());
-        }
-        QVERIFY(ui.boxes.empty());
-        int atteso = 0;
-        OgniColonna(test::Range(1, 12), 4, [&](const std::vector<int>& col) {
-            const int s = col[0] + col[1] + col[2] + col[3];
-            atteso += s >= 20 && s <= 24;
-        });
-        QCOMPARE(Sviluppa(c), atteso);
-    }
-
-    void sommaRefusesABadRangeAndStaysOpen() {
+    void sommaWritesItsRangeAndRefusesABadOne() {
         Corpo c = ConPronostico(test::Range(1, 12), 4);
         test::FakeUi ui;
         frmSomma w(c, ui);
         w.show();
+        QCOMPARE(Testi(w, "labMin labMax meDa"), QString("10|42|10"));
+        Accendi(w, "optCondSomma");
+        QCOMPARE(c.condizioni.CondSomma, Vero); // at once, before the closing
         auto* meDa = w.findChild<QLineEdit*>("meDa");
-        meDa->setText("5");
-        QVERIFY(!w.close());
+        auto* meA = w.findChild<QLineEdit*>("meA");
+        meDa->selectAll();
+        QTest::keyClicks(meDa, "5");
+        QVERIFY(!w.close()); // below the least sum: refused, the window stays
         QVERIFY(w.isVisible());
         QCOMPARE(ui.boxes.size(), size_t{1});
         QCOMPARE(ui.boxes[0].text, std::string("<0023>"));
         QCOMPARE(c.condizioni.SommaMinMax[0], int16_t{5}); // written although refused
-        meDa->setText("12");
+        meDa->selectAll();
+        QTest::keyClicks(meDa, "20");
+        meA->selectAll();
+        QTest::keyClicks(meA, "24");
         QVERIFY(w.close());
+        QCOMPARE(c.condizioni.SommaMinMax, (std::array<int16_t, 2>{20, 24}));
     }
 
     void pariSweepSetsCountsOfEvenNumbers() {
         Corpo c = ConPronostico(test::Range(1, 10), 5);
         test::FakeUi ui;
-        {
-            frmPari w(c, ui);
-            w.show();
-            QVERIFY(w.celle()->cella(5)->isVisible());
-            QVERIFY(!w.celle()->cella(6)->isVisible());
-            Clicca(Opzione(w, "optCondizione", 0));
-            Trascina(*w.celle(), {0, 1, 2, 1}); // back over 1: entered again, toggles off
-            QVERIFY(Acceso(*w.celle(), 0));
-            QVERIFY(!Acceso(*w.celle(), 1));
-            QCOMPARE(c.condizioni.TabPari[2], Vero);
-            w.close();
-        }
-        int atteso = 0;
-        OgniColonna(test::Range(1, 10), 5, [&](const std::vector<int>& col) {
-            int pari = 0;
-            for (int n : col)
-                pari += n % 2 == 0;
-            atteso += pari == 0 || pari == 2;
-        });
-        QCOMPARE(Sviluppa(c), atteso);
+        frmPari w(c, ui);
+        w.show();
+        QVERIFY(w.celle()->cella(5)->isVisible());
+        QVERIFY(!w.celle()->cella(6)->isVisible());
+        Accendi(w, "optCondizione");
+        Trascina(*w.celle(), {0, 1, 2, 1}); // back over 1: entered again, toggles off
+        QCOMPARE(Accese(*w.celle(), 6), QString("101000"));
+        w.close();
+        QCOMPARE(c.condizioni.CondPari, Vero);
+        for (int i = 0; i <= 5; ++i)
+            QCOMPARE(c.condizioni.TabPari[static_cast<size_t>(i)], i == 0 || i == 2 ? Vero : Falso);
     }
 
     void fisseOnlyForecastNumbersAndTheDevelopmentKeepsThem() {
@@ -179,13 +114,12 @@ private slots:
         {
             frmFisse w(c, ui);
             w.show();
-            Clicca(Opzione(w, "optCondFisse", 0));
+            Accendi(w, "optCondFisse");
             Trascina(*w.celle(), {0, 1, 2}); // 1, 2, 3: only 3 is in the forecast
-            QVERIFY(!Acceso(*w.celle(), 0));
-            QVERIFY(Acceso(*w.celle(), 2));
+            QCOMPARE(Accese(*w.celle(), 3), QString("001"));
             Trascina(*w.celle(), {76, 41, 22, 15}); // the fourth goes past the limit of 3
-            QVERIFY(!Acceso(*w.celle(), 15));
-            QCOMPARE(w.findChild<QLabel*>("l1")->text(), QString("3"));
+            QVERIFY(w.celle()->cella(15)->property("tag").toString() != "1");
+            QCOMPARE(Testi(w, "l1"), QString("3"));
             w.close();
         }
         QCOMPARE(c.condizioni.NumFisse, uint8_t{3});
@@ -199,24 +133,15 @@ private slots:
     void consecutiviCellsBecomeTheMask() {
         Corpo c = ConPronostico({1, 2, 3, 4, 10, 11, 20, 30}, 4);
         test::FakeUi ui;
-        {
-            frmConsecutivi w(c, ui);
-            w.show();
-            QCOMPARE(w.findChild<QLabel*>("l1")->text(), QString("04"));
-            QVERIFY(!w.celle()->cella(5)->isVisible());
-            Clicca(Opzione(w, "optCond", 0));
-            Trascina(*w.celle(), {1});
-            w.close();
-        }
+        frmConsecutivi w(c, ui);
+        w.show();
+        QCOMPARE(Testi(w, "l1"), QString("04"));
+        QVERIFY(!w.celle()->cella(5)->isVisible());
+        Accendi(w, "optCond");
+        Trascina(*w.celle(), {1});
+        w.close();
         QCOMPARE(c.consecutivi.MaskConsecutivi, Potenze2[1]);
-        int atteso = 0;
-        OgniColonna({1, 2, 3, 4, 10, 11, 20, 30}, 4, [&](const std::vector<int>& col) {
-            bool vicini = false;
-            for (size_t i = 1; i < col.size(); ++i)
-                vicini |= col[i] == col[i - 1] + 1;
-            atteso += !vicini;
-        });
-        QCOMPARE(Sviluppa(c), atteso);
+        QCOMPARE(c.consecutivi.CondConsecutivi, Vero);
     }
 
     void ridottoOnSevenNumbersKeepsTheFanoPlaneAndTurnsDistanzaOff() {
@@ -227,10 +152,10 @@ private slots:
             frmRidotto w(c, ui);
             w.show();
             QCOMPARE(w.valore()->barra()->maximum(), 3);
-            Clicca(Opzione(w, "optCond", 0));
+            Accendi(w, "optCond");
             QVERIFY(ui.boxes.empty()); // the warning waits for the closing
             w.valore()->barra()->setValue(1);
-            QCOMPARE(w.findChild<QLabel*>("lblRidottoNx")->text(), QString("1"));
+            QCOMPARE(Testi(w, "lblRidottoNx"), QString("1"));
             w.close();
         }
         QCOMPARE(ui.boxes.size(), size_t{1});
@@ -248,7 +173,7 @@ private slots:
             w.show();
             QCOMPARE(w.valore()->barra()->minimum(), 1);
             QCOMPARE(w.valore()->barra()->value(), 1);
-            Clicca(Opzione(w, "optCond", 0));
+            Accendi(w, "optCond");
             w.valore()->barra()->setValue(3);
             w.close();
         }
@@ -268,8 +193,8 @@ private slots:
         test::FakeUi ui;
         frmSomma somma(c, ui);
         somma.show();
-        QVERIFY(Opzione(somma, "optCondSomma", 0)->isChecked());
-        QVERIFY(!Opzione(somma, "optCondSomma", 0)->isEnabled());
+        QVERIFY(Elemento<QRadioButton>(somma, "optCondSomma", 0)->isChecked());
+        QVERIFY(!Elemento<QRadioButton>(somma, "optCondSomma", 0)->isEnabled());
         QVERIFY(!somma.findChild<QLineEdit*>("meDa")->isEnabled());
         somma.findChild<QLineEdit*>("meDa")->setText("1"); // cannot happen by hand; nothing is checked
         QVERIFY(somma.close());
@@ -278,8 +203,7 @@ private slots:
         frmPari pari(c, ui);
         pari.show();
         Trascina(*pari.celle(), {1, 2});
-        QVERIFY(Acceso(*pari.celle(), 2));
-        QVERIFY(!Acceso(*pari.celle(), 1));
+        QCOMPARE(Accese(*pari.celle(), 3), QString("001"));
         QCOMPARE(c.condizioni.TabPari[1], Falso);
         QVERIFY(ui.boxes.empty());
     }
@@ -290,27 +214,22 @@ private slots:
         test::FakeUi ui;
         frmVisualizza w(c, ui);
         w.show();
-        auto riga = [&](int i) { return elementoArray<QLabel>(w, "labVisualizza", i)->text(); };
-        auto pulsante = [&](const char* nome) { return w.findChild<QPushButton*>(nome); };
-        auto* labNscheda = w.findChild<QLabel*>("labNscheda");
-        QCOMPARE(riga(0), QString("  01-02-03"));
-        QCOMPARE(labNscheda->text(), QString("1"));
-        QTest::mouseClick(pulsante("cmdNext2"), Qt::LeftButton);
-        QCOMPARE(labNscheda->text(), QString("6"));
-        QCOMPARE(riga(5), QString("  06-07-08"));
-        QCOMPARE(riga(6), QString("  "));
-        QTest::mouseClick(pulsante("cmdPrev1"), Qt::LeftButton);
-        QCOMPARE(labNscheda->text(), QString("5"));
+        const auto vai = [&w](const char* pulsante) { test::Clicca(w.findChild<QPushButton*>(pulsante)); };
+        QCOMPARE(Testi(w, "labVisualizza(0) labNscheda"), QString("  01-02-03|1"));
+        vai("cmdNext2");
+        QCOMPARE(Testi(w, "labNscheda labVisualizza(5) labVisualizza(6)"), QString("6|  06-07-08|  "));
+        vai("cmdPrev1");
+        QCOMPARE(Testi(w, "labNscheda"), QString("5"));
         // A key held on a stepping button repeats its step.
-        QTest::keyClick(pulsante("cmdPrev1"), Qt::Key_Space);
-        QTest::keyClick(pulsante("cmdPrev1"), Qt::Key_Space);
-        QCOMPARE(labNscheda->text(), QString("3"));
-        QTest::mouseClick(pulsante("cmdPrev2"), Qt::LeftButton);
-        QCOMPARE(labNscheda->text(), QString("1"));
-        QTest::mouseClick(pulsante("cmdTOP"), Qt::LeftButton);
+        QTest::keyClick(w.findChild<QPushButton*>("cmdPrev1"), Qt::Key_Space);
+        QTest::keyClick(w.findChild<QPushButton*>("cmdPrev1"), Qt::Key_Space);
+        QCOMPARE(Testi(w, "labNscheda"), QString("3"));
+        vai("cmdPrev2");
+        QCOMPARE(Testi(w, "labNscheda"), QString("1"));
+        vai("cmdTOP");
         QCOMPARE(w.pannelli().corrente(), 6);
-        QTest::mouseClick(pulsante("cmdBOTTOM"), Qt::LeftButton);
-        QCOMPARE(riga(9), QString("  01-03-07"));
+        vai("cmdBOTTOM");
+        QCOMPARE(Testi(w, "labVisualizza(9)"), QString("  01-03-07"));
     }
 
     void forecastOrderDraggedReachesNumeri() {
@@ -322,15 +241,14 @@ private slots:
             TabellaCelle& t = *w.celle();
             QVERIFY(t.cella(3)->isVisible());
             QVERIFY(!t.cella(4)->isVisible());
-            auto* l1 = w.findChild<QLabel*>("l1");
-            Mouse(&t, QEvent::MouseButtonPress, Centro(t, 0), Qt::LeftButton);
-            Mouse(&t, QEvent::MouseMove, Centro(t, 2), Qt::LeftButton);
-            QCOMPARE(l1->text(), QString("05"));
-            Mouse(&t, QEvent::MouseMove, Centro(t, 3), Qt::LeftButton);
-            Mouse(&t, QEvent::MouseButtonRelease, Centro(t, 3), Qt::NoButton);
-            QCOMPARE(l1->text(), QString());
-            QCOMPARE(t.cella(0)->text(), QString("40"));
-            QCOMPARE(t.cella(3)->text(), QString("05"));
+            const auto centro = [&t](int i) { return t.cella(i)->geometry().center(); };
+            Mouse(&t, QEvent::MouseButtonPress, centro(0), Qt::LeftButton);
+            Mouse(&t, QEvent::MouseMove, centro(2), Qt::LeftButton);
+            QCOMPARE(Testi(w, "l1"), QString("05"));
+            Mouse(&t, QEvent::MouseMove, centro(3), Qt::LeftButton);
+            Mouse(&t, QEvent::MouseButtonRelease, centro(3), Qt::NoButton);
+            QCOMPARE(Testi(w, "l1"), QString());
+            QCOMPARE(t.cella(0)->text() + t.cella(3)->text(), QString("4005"));
             QVERIFY(t.cella(3)->styleSheet().contains(QColor(255, 255, 0).name()));
             Trascina(t, {1, 1}); // onto itself: nothing
             QCOMPARE(t.cella(1)->text(), QString("10"));
@@ -339,23 +257,6 @@ private slots:
         QCOMPARE(c.pronostico.Numeri[0], uint8_t{40});
         QCOMPARE(c.pronostico.Numeri[1], uint8_t{10});
         QCOMPARE(c.pronostico.Numeri[3], uint8_t{5});
-    }
-
-    void captionsComeFromTheLanguageInUse() {
-        Corpo c = ConPronostico(test::Range(1, 12), 4);
-        UiInglese ui;
-        frmSomma somma(c, ui);
-        QCOMPARE(somma.windowTitle(), QString("Sum"));
-        QCOMPARE(somma.findChild<QLabel*>("lblDA")->text(), QString("From"));
-        QCOMPARE(Opzione(somma, "optCondSomma", 1)->text(), QString("OFF"));
-        frmVisualizza visualizza(c, ui);
-        QCOMPARE(visualizza.findChild<QPushButton*>("cmdTOP")->toolTip(), QString("Last Panel"));
-        frmOrdinaPronostico ordine(c, ui);
-        QCOMPARE(ordine.findChild<QGroupBox*>("titleOrdinePronostico")->title(),
-                 QString("Drag the numbers to change their place"));
-        test::FakeUi italiano;
-        frmPari pari(c, italiano);
-        QCOMPARE(pari.findChild<QLabel*>("lblPari")->text(), QString("PARI"));
     }
 
     void forecastOrderRandomIsDrawnFromTheSeedEvenWhenLocked() {

@@ -107,6 +107,13 @@ protected:
             if (m_corpo->Griglia[static_cast<size_t>(i)]) n.push_back(i + 1);
         return n;
     }
+    // The first n cells of the grid, "1" for a chosen number.
+    QString griglia(int n) {
+        QString stato;
+        for (int i = 0; i < n; ++i)
+            stato += m_corpo->Griglia[static_cast<size_t>(i)] ? QLatin1Char('1') : QLatin1Char('0');
+        return stato;
+    }
     // The menu entry name, triggered.
     void menu(const char* name) { m_main->azione(QString::fromLatin1(name))->trigger(); }
 

@@ -1,22 +1,21 @@
-// The window of the filter tables, worked through its controls on the offscreen platform.
+// The windows of the filter tables and of the number distance conditions, worked through their
+// controls on the offscreen platform.
 #include "windows/frmFiltri.h"
+#include "windows/frmFiltriDistanzaNumeri.h"
 
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
 #include "tests/windows/Controlli.h"
 
 #include <QFile>
-#include <QGroupBox>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace dv;
 using dv::test::Clicca;
 using dv::test::Controllo;
 using dv::test::Elemento;
-using dv::test::Testo;
+using dv::test::Sfondo;
+using dv::test::Testi;
 using dv::test::Vai;
 
 namespace {
@@ -39,11 +38,15 @@ std::vector<int> NumeriDi(const ColonnaFiltro& r) {
 class frmFiltriTest : public QObject {
     Q_OBJECT
 
+    void pronostico(const std::vector<int>& numeri, int len) {
+        m_corpo->LenColonna = static_cast<int16_t>(len);
+        dv::test::SetForecast(*m_corpo, numeri);
+    }
+
 private slots:
     void init() {
         m_corpo = std::make_unique<Corpo>();
-        m_corpo->LenColonna = 6;
-        dv::test::SetForecast(*m_corpo, dv::test::Range(1, 20));
+        pronostico(dv::test::Range(1, 20), 6);
         m_ui = UiConLingua();
     }
 
@@ -51,16 +54,13 @@ private slots:
         m_corpo->FiltriOR.append(dv::test::Filtro({3, 4, 50}, 0b10));
         frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriOR);
         QCOMPARE(f.tipoFiltro(), TipoFiltro::OR);
-        QCOMPARE(f.windowTitle(), QString(" Colonne Filtro - OR"));
-        QCOMPARE(Testo(f, "lblnFiltro"), QString("01"));
-        QCOMPARE(Testo(f, "lblTotFiltri"), QString("150.000"));
-        QCOMPARE(Testo(f, "lblTotFiltriON"), QString("01"));
-        QCOMPARE(Testo(f, "lblTotFiltriOFF"), QString("149.999"));
-        QCOMPARE(Testo(f, "lblNumSelezionati"), QString("2"));
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "labGriglia", 2)), Blu);
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "labGriglia", 4)), Bianco);
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "labGriglia", 49)), Grigio);
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "lbPresenze", 1)), Rosso);
+        QCOMPARE(
+            Testi(f, "frmFiltri lblnFiltro lblTotFiltri lblTotFiltriON lblTotFiltriOFF lblNumSelezionati"),
+            QString(" Colonne Filtro - OR|01|150.000|01|149.999|2"));
+        QCOMPARE(Sfondo(Elemento(f, "labGriglia", 2)), Blu);
+        QCOMPARE(Sfondo(Elemento(f, "labGriglia", 4)), Bianco);
+        QCOMPARE(Sfondo(Elemento(f, "labGriglia", 49)), Grigio);
+        QCOMPARE(Sfondo(Elemento(f, "lbPresenze", 1)), Rosso);
         QVERIFY(Elemento<QRadioButton>(f, "optCond", 0)->isChecked());
         QVERIFY(!Elemento(f, "lbPresenze", 6)->isHidden());
         QVERIFY(Elemento(f, "lbPresenze", 7)->isHidden());
@@ -79,11 +79,9 @@ private slots:
         file.close();
         m_ui.lingua = lng.toStdString();
         frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriAND);
-        QCOMPARE(f.windowTitle(), QString(" Filter Columns - AND"));
-        QCOMPARE(Controllo<QPushButton>(f, "cmdCancella")->text(), QString("Clear"));
+        QCOMPARE(Testi(f, "frmFiltri cmdCancella lbErrori(3) lbErrori(4)"),
+                 QString(" Filter Columns - AND|Clear|x3|4"));
         QCOMPARE(Controllo<QPushButton>(f, "cmdNext2")->toolTip(), QString("Forward 100 panels"));
-        QCOMPARE(Elemento(f, "lbErrori", 3)->text(), QString("x3"));
-        QCOMPARE(Elemento(f, "lbErrori", 4)->text(), QString("4"));
     }
 
     void twoPanelsWithGapsAreFoundAtIndicesOneAndTwoAfterClosing() {
@@ -97,17 +95,15 @@ private slots:
         Clicca(Elemento(f, "labGriglia", 60)); // outside the forecast: nothing
         Clicca(Elemento(f, "lbPresenze", 0));
         Clicca(Elemento<QRadioButton>(f, "optCond", 0));
-        QCOMPARE(Testo(f, "lblNumSelezionati"), QString("2"));
-        QCOMPARE(Testo(f, "lblTotFiltriON"), QString("01"));
-        QCOMPARE(Testo(f, "lblTotFiltriOFF"), QString("149.999"));
+        QCOMPARE(Testi(f, "lblNumSelezionati lblTotFiltriON lblTotFiltriOFF"), QString("2|01|149.999"));
         dv::test::TastoTenuto(Controllo<QPushButton>(f, "cmdNext1"), Qt::Key_Right, 3); // held: to panel 9
-        QCOMPARE(Testo(f, "lblnFiltro"), QString("09"));
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("09"));
         Clicca(Elemento(f, "labGriglia", 8));
         Clicca(Elemento(f, "lbPresenze", 1));
         Clicca(Elemento<QRadioButton>(f, "optCond", 0));
         Vai(f, "cmdNext1"); // panel 10: content, left OFF
         Clicca(Elemento(f, "labGriglia", 17));
-        QCOMPARE(Testo(f, "lblTotFiltriON"), QString("02"));
+        QCOMPARE(Testi(f, "lblTotFiltriON"), QString("02"));
         f.close();
 
         TabellaFiltri& t = m_corpo->FiltriAND;
@@ -120,31 +116,31 @@ private slots:
         std::vector<int> spenti;
         for (int i = 3; i <= t.stored(); ++i) {
             QCOMPARE(t[i].Stato, Falso);
-            for (int n : NumeriDi(t[i])) spenti.push_back(n);
+            for (int n : NumeriDi(t[i]))
+                spenti.push_back(n);
         }
         QCOMPARE(spenti, (std::vector<int>{13, 18}));
 
         frmFiltri ancora(*m_corpo, m_ui, m_corpo->FiltriAND);
-        QCOMPARE(Testo(ancora, "lblTotFiltriON"), QString("02"));
-        QCOMPARE(Testo(ancora, "lblNumSelezionati"), QString("2"));
+        QCOMPARE(Testi(ancora, "lblTotFiltriON lblNumSelezionati"), QString("02|2"));
     }
 
     void navigationKeepsWithinTheTable() {
         frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriAND);
         Vai(f, "cmdNext1", 49);
         Vai(f, "cmdPrev2");
-        QCOMPARE(Testo(f, "lblnFiltro"), QString("01"));
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("01"));
         Vai(f, "cmdNext2", 3);
-        QCOMPARE(Testo(f, "lblnFiltro"), QString("301"));
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("301"));
         Vai(f, "cmdTOP");
-        QCOMPARE(Testo(f, "lblnFiltro"), QString("150.000"));
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("150.000"));
         Vai(f, "cmdPrev1");
         Vai(f, "cmdNext2");
-        QCOMPARE(Testo(f, "lblnFiltro"), QString("150.000"));
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("150.000"));
         dv::test::TastoTenuto(Controllo<QPushButton>(f, "cmdPrev2"), Qt::Key_Space, 2);
-        QCOMPARE(Testo(f, "lblnFiltro"), QString("149.700"));
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("149.700"));
         Vai(f, "cmdBOTTOM");
-        QCOMPARE(Testo(f, "lblnFiltro"), QString("01"));
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("01"));
         f.close();
         QVERIFY(m_corpo->FiltriAND.stored() < 2);
     }
@@ -154,29 +150,28 @@ private slots:
         f.show();
         QVERIFY(QTest::qWaitForWindowExposed(&f));
         Clicca(Elemento(f, "labGriglia", 1));
-        dv::test::Trascina({Elemento(f, "labGriglia", 0), Elemento(f, "labGriglia", 1), Elemento(f, "labGriglia", 2),
-                            Elemento(f, "labGriglia", 30), Elemento(f, "labGriglia", 3)});
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "labGriglia", 0)), Blu);
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "labGriglia", 1)), Bianco);
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "labGriglia", 2)), Blu);
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "labGriglia", 30)), Grigio);
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "labGriglia", 3)), Blu);
-        QCOMPARE(Testo(f, "lblNumSelezionati"), QString("3"));
+        dv::test::Trascina({Elemento(f, "labGriglia", 0), Elemento(f, "labGriglia", 1),
+                            Elemento(f, "labGriglia", 2), Elemento(f, "labGriglia", 30),
+                            Elemento(f, "labGriglia", 3)});
+        for (const auto& [i, colore] :
+             std::vector<std::pair<int, QColor>>{{0, Blu}, {1, Bianco}, {2, Blu}, {30, Grigio}, {3, Blu}})
+            QCOMPARE(Sfondo(Elemento(f, "labGriglia", i)), colore);
+        QCOMPARE(Testi(f, "lblNumSelezionati"), QString("3"));
         dv::test::Trascina({Elemento(f, "lbPresenze", 2), Elemento(f, "lbPresenze", 3)});
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "lbPresenze", 3)), Rosso);
+        QCOMPARE(Sfondo(Elemento(f, "lbPresenze", 3)), Rosso);
     }
 
     void clearingAPanelAndTheTable() {
-        for (int i = 1; i <= 3; ++i) m_corpo->FiltriXOR.append(dv::test::Filtro({i}, 2));
+        for (int i = 1; i <= 3; ++i)
+            m_corpo->FiltriXOR.append(dv::test::Filtro({i}, 2));
         frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriXOR);
         Vai(f, "cmdNext1", 5);
         Clicca(Controllo<QPushButton>(f, "cmdCancella")); // an OFF panel: the count still goes down
-        QCOMPARE(Testo(f, "lblTotFiltriON"), QString("02"));
+        QCOMPARE(Testi(f, "lblTotFiltriON"), QString("02"));
         Vai(f, "cmdBOTTOM");
         Clicca(Controllo<QPushButton>(f, "cmdCancella"));
-        QCOMPARE(Testo(f, "lblTotFiltriON"), QString("01"));
+        QCOMPARE(Testi(f, "lblTotFiltriON lblNumSelezionati"), QString("01|0"));
         QVERIFY(Elemento<QRadioButton>(f, "optCond", 1)->isChecked());
-        QCOMPARE(Testo(f, "lblNumSelezionati"), QString("0"));
         QCOMPARE(m_corpo->FiltriXOR[1].Stato, Vero);
 
         m_ui.texts = {{"0006", "Cancellare la tabella?"}, {"0007", "Sicuro?"}};
@@ -187,11 +182,10 @@ private slots:
         m_ui.setNextAnswer(true);
         Vai(f, "cmdNext1", 2);
         Clicca(Controllo<QPushButton>(f, "cmdCancellaTutto"));
-        QCOMPARE(Testo(f, "lblnFiltro"), QString("01"));
-        QCOMPARE(Testo(f, "lblTotFiltriON"), QString("00"));
+        QCOMPARE(Testi(f, "lblnFiltro lblTotFiltriON"), QString("01|00"));
         f.close();
         QCOMPARE(m_corpo->FiltriXOR.count(), 0);
-        QCOMPARE(m_corpo->FiltriXOR.stored() < 2, true);
+        QVERIFY(m_corpo->FiltriXOR.stored() < 2);
     }
 
     void aLockedSystemShowsItsFiltersAndChangesNothing() {
@@ -202,27 +196,120 @@ private slots:
         f.show();
         QVERIFY(!Controllo<QGroupBox>(f, "frameCondizione")->isEnabled());
         Clicca(Elemento(f, "labGriglia", 5));
-        QCOMPARE(Testo(f, "lblNumSelezionati"), QString("2"));
+        QCOMPARE(Testi(f, "lblNumSelezionati"), QString("2"));
         Vai(f, "cmdNext1");
-        QCOMPARE(Testo(f, "lblnFiltro"), QString("02"));
-        QCOMPARE(dv::test::Sfondo(Elemento(f, "labGriglia", 2)), Blu);
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("02"));
+        QCOMPARE(Sfondo(Elemento(f, "labGriglia", 2)), Blu);
         f.close();
         QCOMPARE(m_corpo->FiltriAND.count(), 2);
         QCOMPARE(NumeriDi(m_corpo->FiltriAND[2]), (std::vector<int>{3, 70}));
     }
 
     void aFilterMadeInTheWindowChangesTheDevelopment() {
-        dv::test::SetForecast(*m_corpo, dv::test::Range(1, 8));
-        m_corpo->LenColonna = 2;
+        pronostico(dv::test::Range(1, 8), 2);
         frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriAND);
         f.show();
-        for (int i = 0; i < 5; ++i) Clicca(Elemento(f, "labGriglia", i)); // 1..5
-        Clicca(Elemento(f, "lbPresenze", 0));                              // none of them
+        for (int i = 0; i < 5; ++i)
+            Clicca(Elemento(f, "labGriglia", i)); // 1..5
+        Clicca(Elemento(f, "lbPresenze", 0));     // none of them
         Clicca(Elemento<QRadioButton>(f, "optCond", 0));
         f.close();
 
         QCOMPARE(dv::test::Sviluppa(*m_corpo), 3);
         QCOMPARE(dv::test::StoredColumns(*m_corpo), (std::vector<std::vector<int>>{{6, 7}, {6, 8}, {7, 8}}));
+    }
+
+    void distanceWindowShowsTheLimitsOfTheForecastAndHidesWhatCannotOccur() {
+        pronostico({3, 5, 12, 20, 33, 60}, 4);
+        frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
+        QCOMPARE(Testi(f, "frmFiltriDistanzaNumeri lblNumDistMin lblNumDistMax lbPFromPTo(3) lblTotFiltri "
+                          "lblTotFiltriOFF"),
+                 QString("Distanza Numeri|02|48|P03 - P04|25|25"));
+        QVERIFY(!Elemento(f, "lbPFromPTo", 3)->isHidden());
+        QVERIFY(Elemento(f, "lbPFromPTo", 4)->isHidden());
+        for (const char* nome : {"lbDistanzaMin", "lbDistanzaMax"}) {
+            QVERIFY(Elemento(f, nome, 1)->isHidden());
+            QVERIFY(!Elemento(f, nome, 2)->isHidden());
+            QVERIFY(!Elemento(f, nome, 48)->isHidden());
+            QVERIFY(Elemento(f, nome, 49)->isHidden());
+        }
+    }
+
+    void distancePanelsAreCompactedAtCloseAndTheLongStepIsFive() {
+        pronostico({3, 5, 12, 20, 33, 60}, 4);
+        frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
+        f.show();
+        Vai(f, "cmdNext2"); // panel 6: left OFF
+        Clicca(Elemento(f, "lbPFromPTo", 2));
+        Clicca(Elemento(f, "lbDistanzaMax", 7));
+        Vai(f, "cmdNext2", 3);
+        Vai(f, "cmdNext1", 2);
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("23"));
+        Vai(f, "cmdNext2");
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("25"));
+        dv::test::Trascina({Elemento(f, "lbPFromPTo", 1), Elemento(f, "lbPFromPTo", 2)});
+        Clicca(Elemento(f, "lbDistanzaMin", 2));
+        Clicca(Elemento<QRadioButton>(f, "optCond", 0));
+        QCOMPARE(Sfondo(Elemento(f, "lbPFromPTo", 1)), Blu);
+        QCOMPARE(Sfondo(Elemento(f, "lbDistanzaMin", 2)), Rosso);
+        QCOMPARE(Testi(f, "lblTotFiltriON"), QString("01"));
+        f.close();
+
+        const TabellaDistanze& t = m_corpo->CondizioniDistanza;
+        QCOMPARE(t.count(), 1);
+        QCOMPARE(t[1].NumPosizioni, uint8_t{2});
+        QCOMPARE(t[1].Posizioni[2], uint8_t{2});
+        QCOMPARE(t[1].NumDistanzeMin, uint8_t{1});
+        QCOMPARE(t[1].DistanzaMin[2], Vero);
+        QCOMPARE(t[1].Stato, Vero);
+        int spenti = 0;
+        for (int i = 2; i <= t.stored(); ++i)
+            if (t[i].NumPosizioni == 1 && t[i].Posizioni[1] == 2 && t[i].DistanzaMax[7] == Vero) ++spenti;
+        QCOMPARE(spenti, 1);
+    }
+
+    void distanceClearingAndTheLockedView() {
+        pronostico({3, 5, 12, 20, 33, 60}, 4);
+        CondizioneDistanza cd;
+        cd.NumPosizioni = 1;
+        cd.Posizioni[1] = 1;
+        cd.Stato = Vero;
+        m_corpo->CondizioniDistanza.append(cd);
+        {
+            frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
+            Clicca(Controllo<QPushButton>(f, "cmdCancella"));
+            QCOMPARE(Testi(f, "lblTotFiltriON"), QString("00"));
+            QCOMPARE(Sfondo(Elemento(f, "lbPFromPTo", 1)), Bianco);
+            QCOMPARE(m_corpo->CondizioniDistanza[1].Stato, Vero);
+            f.close();
+            QCOMPARE(m_corpo->CondizioniDistanza.count(), 0);
+        }
+        m_corpo->CondizioniDistanza.clear();
+        m_corpo->CondizioniDistanza.append(cd);
+        m_corpo->SistemaBloccato = -1;
+        frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
+        QVERIFY(!Controllo<QGroupBox>(f, "frameCondizione")->isEnabled());
+        QCOMPARE(Sfondo(Elemento(f, "lbPFromPTo", 1)), Blu);
+        Vai(f, "cmdTOP");
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("25"));
+        f.close();
+        QCOMPARE(m_corpo->CondizioniDistanza.count(), 1);
+        QCOMPARE(m_corpo->CondizioniDistanza.stored(), 1);
+    }
+
+    void aDistanceConditionMadeInTheWindowChangesTheDevelopment() {
+        pronostico(dv::test::Range(1, 6), 3);
+        frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
+        f.show();
+        // The first two numbers of a column are neighbours: 10 of the 20 columns.
+        Clicca(Elemento(f, "lbPFromPTo", 1));
+        Clicca(Elemento(f, "lbDistanzaMax", 1));
+        Clicca(Elemento<QRadioButton>(f, "optCond", 0));
+        f.close();
+
+        QCOMPARE(dv::test::Sviluppa(*m_corpo), 10);
+        for (const auto& col : dv::test::StoredColumns(*m_corpo))
+            QCOMPARE(col[1] - col[0], 1);
     }
 
 private:

@@ -1,81 +1,44 @@
-// The main window on the offscreen platform: the grid gesture, the enabling rules, a development
-// on the worker thread with its progress window, stopping it, the lock and "Modifica Sistema",
-// the stake and the status line, the save and open round trip, and the question on closing.
-#include "windows/frmMAIN.h"
-#include "core/Cartelle.h"
+// The main window on the offscreen platform as a user drives it: the grid gesture and keyboard,
+// the enabling rules, a development on the worker thread with its progress window, stopping it,
+// the lock and "Modifica Sistema", the stake and the status line, the settings and the language
+// chosen in them, saves, opens, imports and exports through the menus, and the question on
+// closing.
 #include "core/Sistema.h"
-#include "platform/ApplyLanguage.h"
 #include "tests/support/StateBuilder.h"
 #include "tests/windows/FinestraPrincipaleProva.h"
 #include "windows/frmAbout.h"
 #include "windows/frmCalcolo.h"
-#include "windows/frmCalcoloWorker.h"
 #include "windows/frmFiltri.h"
 #include "windows/frmImpostazioni.h"
 #include "windows/frmMAINFile.h"
-#include "windows/frmMAINOperazioni.h"
 #include "windows/frmSomma.h"
 #include "windows/frmVisualizza.h"
-#include "windows/QtUi.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
-#include <QMouseEvent>
+#include <QMenuBar>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
+#include <QThread>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <memory>
 
 using namespace dv;
-
-namespace {
-// The language of the tests: a few messages, and captions of the main window and the progress window.
-const char* const LinguaProva = R"([Strings]
-0001="Colonne integrali"
-0002="Colonne elaborate"
-0003="Colonne sistema"
-0004="Interrompere?"
-0012="Superato il limite di colonne"
-0042="Numeri in gioco"
-0053="Uscire?"
-0054="Modificare il sistema?"
-0055="Attenzione"
-0060="Condizionato"
-0062="Integrale"
-
-[frmMAIN]
-cmdCalcolo.Caption="Sviluppa"
-optImporto(9).Caption="200 euro"
-menuOperazioni.Caption="&Lavori"
-
-[frmCalcolo]
-cmdSvilAnnulla.Caption="&Ferma"
-)";
-} // namespace
+namespace fs = std::filesystem;
 
 class frmMAINTest : public QObject, test::FinestraPrincipaleProva {
     Q_OBJECT
 
-    QRadioButton* opzione(const char* name, int i) {
-        return elementoArray<QRadioButton>(*m_main, QString::fromLatin1(name), i);
+    QRadioButton* opzione(const char* name, int i) { return test::Elemento<QRadioButton>(*m_main, name, i); }
+    QScrollBar* lunghezza() { return m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol")); }
+    std::string cartella(const char* sub, const char* name = nullptr) {
+        const fs::path p = fs::path(m_corpo->AppDir) / sub;
+        return (name ? p / name : p).string();
     }
     void scegli(std::initializer_list<int> numbers) {
         for (int n : numbers)
             clicca(n - 1);
     }
-    // Presses on cell from, sweeps over the cells of path with the button held, and releases.
+    // Presses on cell from, sweeps over the cells of path (-1: outside the grid) with the button
+    // held, and releases.
     void trascina(int from, std::initializer_list<int> path) {
         QLabel* pressed = cella(from);
         QTest::mousePress(pressed, Qt::LeftButton, {}, pressed->rect().center());
@@ -88,56 +51,53 @@ class frmMAINTest : public QObject, test::FinestraPrincipaleProva {
         }
         QTest::mouseRelease(pressed, Qt::LeftButton);
     }
+    // Chooses the other language in the settings window that the next action opens, runs f while
+    // it is open, and closes it unsaved.
+    template <typename F> void scegliAltraLingua(F f) {
+        sulModale([f](QWidget* w) {
+            auto* lingue = w->findChild<QComboBox*>(QStringLiteral("cmbLingua"));
+            lingue->setCurrentIndex(lingue->findText(QStringLiteral("ENGLISH")));
+            qobject_cast<frmImpostazioni*>(w)->cmbLingua_Click();
+            f();
+            w->close();
+        });
+        menu("menuImpostazioni");
+    }
+    static QString si() { return QCoreApplication::translate("QPlatformTheme", "&Yes"); }
 
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy)); }
-
-    void init() { apri({{"prova", LinguaProva}}); }
+    void init() {
+        apri({{"italiano", test::LinguaSpedita("italiano")}, {"english", test::LinguaSpedita("english")}});
+    }
     void cleanup() { chiudi(); }
 
     void startsEmptyWithTheFirstStakeAndKindOfPlay() {
-        QCOMPARE(pannello(1), QStringLiteral("nuovo.dvs"));
-        QCOMPARE(pannello(2), QStringLiteral("0"));
-        QCOMPARE(pannello(3), QStringLiteral("\u20AC 0,00"));
+        QCOMPARE(pannello(1) + "|" + pannello(2) + "|" + pannello(3),
+                 QStringLiteral("nuovo.dvs|0|\u20AC 0,00"));
         QVERIFY(opzione("optImporto", 0)->isChecked());
         QVERIFY(opzione("optTipoGiocata", 0)->isChecked());
-        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("labnumeri"))->text(),
-                 QStringLiteral("Numeri in gioco [00]"));
         QVERIFY(m_main->windowTitle().startsWith(QStringLiteral("Dorvanta - Ver. ")));
-        // The language file's captions replace the Italian ones where it has an entry.
-        QCOMPARE(m_main->pulsante(QStringLiteral("cmdCalcolo"))->text(), QStringLiteral("Sviluppa"));
-        QCOMPARE(opzione("optImporto", 9)->text(), QStringLiteral("200 euro"));
-        QCOMPARE(opzione("optImporto", 8)->text(), QStringLiteral("50"));
-        QCOMPARE(m_main->menu(QStringLiteral("menuOperazioni"))->title(), QStringLiteral("&Lavori"));
-        QCOMPARE(m_main->pulsante(QStringLiteral("cmdCancella"))->text(), QStringLiteral("Cance&lla Sistema"));
-        QVERIFY(!abilitato("cmdCalcolo"));
-        QVERIFY(!abilitato("menuOperazioni"));
-        QVERIFY(!abilitato("cmdModifiche"));
+        QCOMPARE(test::Testi(*m_main, "labnumeri cmdCalcolo optImporto(8) cmdCancella"),
+                 QStringLiteral("Numeri in gioco [00]|&Elabora Sistema|50|Cance&lla Sistema"));
+        QCOMPARE(m_main->menu(QStringLiteral("menuOperazioni"))->title(), QStringLiteral("&Operazioni"));
+        QCOMPARE(abilitati({"cmdCalcolo", "menuOperazioni", "cmdModifiche"}), QString());
     }
 
-    void clickTogglesACellAndItsLook() {
+    void clickAndSweepToggleCells() {
         clicca(6);
         QCOMPARE(m_corpo->pronostico.Quanti, 1);
         QCOMPARE(cella(6)->property("tag").toString(), QStringLiteral("1"));
         QVERIFY(cella(6)->styleSheet().contains(QStringLiteral("rgb(255,128,0)")));
-        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("labnumeri"))->text(),
-                 QStringLiteral("Numeri in gioco [01]"));
+        QCOMPARE(etichetta("labnumeri")->text(), QStringLiteral("Numeri in gioco [01]"));
         clicca(6);
-        QCOMPARE(m_corpo->pronostico.Quanti, 0);
         QCOMPARE(cella(6)->property("tag").toString(), QStringLiteral("0"));
-    }
 
-    void sweepTogglesEachCellEnteredAndReentered() {
         trascina(0, {1, 2, 3});
-        QCOMPARE(m_corpo->pronostico.Quanti, 4);
-        for (int i = 0; i < 4; ++i)
-            QVERIFY(m_corpo->Griglia[static_cast<size_t>(i)]);
+        QCOMPARE(griglia(14), QStringLiteral("11110000000000"));
         // Back over the same cells: each is toggled again, the one pressed on is left alone.
         trascina(13, {13, 3, 2, 12});
-        QCOMPARE(m_corpo->Griglia[13], true);
-        QCOMPARE(m_corpo->Griglia[3], false);
-        QCOMPARE(m_corpo->Griglia[2], false);
-        QCOMPARE(m_corpo->Griglia[12], true);
+        QCOMPARE(griglia(14), QStringLiteral("11000000000011"));
         // Leaving the grid and coming back into the same cell toggles it once more.
         trascina(40, {41, -1, 41});
         QCOMPARE(m_corpo->Griglia[41], false);
@@ -147,22 +107,17 @@ private slots:
     void operationsFollowTheCountAndTheColumnLength() {
         scegliDa1A(9);
         QVERIFY(!abilitato("cmdCalcolo"));
-        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("lblIntegrale"))->text(), QStringLiteral("0"));
+        QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("0"));
         clicca(9);
-        QVERIFY(abilitato("cmdCalcolo"));
-        QVERIFY(abilitato("menuOperazioni"));
-        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("lblIntegrale"))->text(), QStringLiteral("1"));
+        QCOMPARE(abilitati({"cmdCalcolo", "menuOperazioni"}), QStringLiteral("cmdCalcolo menuOperazioni"));
+        QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("1"));
         clicca(9);
         QVERIFY(!abilitato("cmdCalcolo"));
-        scegliDa1A(0);
-        clicca(9);
-        clicca(10);
-        clicca(11); // 12 numbers
-        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("lblIntegrale"))->text(), QStringLiteral("66"));
-        auto* hs = m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"));
-        hs->setValue(13);
+        scegli({10, 11, 12});
+        QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("66"));
+        lunghezza()->setValue(13);
         QCOMPARE(m_corpo->LenColonna, 13);
-        QCOMPARE(m_main->findChild<QLabel*>(QStringLiteral("lbLenCol"))->text(), QStringLiteral("13"));
+        QCOMPARE(etichetta("lbLenCol")->text(), QStringLiteral("13"));
         QVERIFY(!abilitato("cmdCalcolo"));
         QCOMPARE(m_corpo->pronostico.Quanti, 12);
     }
@@ -173,8 +128,7 @@ private slots:
         QCOMPARE(m_corpo->CostoColonna, 7.5f);
         scegliDa1A(12);
         sviluppa();
-        QCOMPARE(pannello(2), QStringLiteral("66"));
-        QCOMPARE(pannello(3), QStringLiteral("\u20AC 495,00"));
+        QCOMPARE(pannello(2) + "|" + pannello(3), QStringLiteral("66|\u20AC 495,00"));
     }
 
     void developmentRunsOffTheWindowThreadThenLocks() {
@@ -188,15 +142,12 @@ private slots:
         QVERIFY(!m_main->operazioni().worker().finestra()->isVisible());
         QCOMPARE(m_main->operazioni().worker().finestra()->colonneSistema(), 66.0);
         QCOMPARE(m_corpo->pronostico.NumColonne, 66);
-        QCOMPARE(pannello(4), QStringLiteral("Integrale"));
+        QCOMPARE(pannello(4), QStringLiteral("Sistema integrale senza condizioni"));
         // The elapsed-time box, and the window locked for a finished system.
         QCOMPARE(m_dialogs->boxes.size(), size_t{1});
         QVERIFY(m_dialogs->boxes[0].text.find("Days 00:00:") != std::string::npos);
-        QVERIFY(!abilitato("frameNumeri"));
-        QVERIFY(!abilitato("cmdCalcolo"));
-        QVERIFY(!abilitato("cmdCancella"));
-        QVERIFY(abilitato("cmdModifiche"));
-        QVERIFY(abilitato("menuMescola"));
+        QCOMPARE(abilitati({"frameNumeri", "cmdCalcolo", "cmdCancella", "cmdModifiche", "menuMescola"}),
+                 QStringLiteral("cmdModifiche menuMescola"));
         QCOMPARE(m_corpo->SistemaBloccato, -1);
     }
 
@@ -206,26 +157,24 @@ private slots:
         m_corpo->condizioni.SommaMinMax = {1, 2};
         sviluppa();
         QCOMPARE(m_corpo->pronostico.NumColonne, 0);
-        QVERIFY(abilitato("cmdCalcolo"));
-        QVERIFY(abilitato("frameNumeri"));
-        QVERIFY(!abilitato("cmdModifiche"));
+        QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri", "cmdModifiche"}),
+                 QStringLiteral("cmdCalcolo frameNumeri"));
     }
 
     void modificaSistemaAsksThenGivesUpTheColumnsOnly() {
         scegliDa1A(12);
         sviluppa();
-        m_dialogs->boxes.clear();
         m_dialogs->setNextAnswer(false);
         QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdModifiche")), Qt::LeftButton);
-        QCOMPARE(m_dialogs->boxes.back().text, std::string("Modificare il sistema?"));
+        QCOMPARE(m_dialogs->boxes.back().text,
+                 std::string("Le colonne del sistema andranno perse. Vuoi modificare il sistema?"));
         QCOMPARE(m_corpo->pronostico.NumColonne, 66);
         m_dialogs->setNextAnswer(true);
-        m_main->azione(QStringLiteral("menuModifiche"))->trigger();
+        menu("menuModifiche");
         QCOMPARE(m_corpo->pronostico.NumColonne, 0);
         QCOMPARE(m_corpo->pronostico.Quanti, 12);
-        QVERIFY(abilitato("cmdCalcolo"));
-        QVERIFY(abilitato("frameNumeri"));
-        QVERIFY(!abilitato("cmdModifiche"));
+        QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri", "cmdModifiche"}),
+                 QStringLiteral("cmdCalcolo frameNumeri"));
         QCOMPARE(pannello(2), QStringLiteral("0"));
     }
 
@@ -233,8 +182,7 @@ private slots:
         m_corpo->ModalitaRicalcolo = Vero;
         scegliDa1A(12);
         sviluppa();
-        QVERIFY(abilitato("cmdCalcolo"));
-        QVERIFY(!abilitato("frameNumeri"));
+        QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri"}), QStringLiteral("cmdCalcolo"));
         m_corpo->condizioni.CondFisse = Vero;
         m_corpo->condizioni.TabFisse[12] = 1;
         m_corpo->condizioni.NumFisse = 1;
@@ -242,50 +190,53 @@ private slots:
         QCOMPARE(m_corpo->pronostico.NumColonne, 55);
     }
 
-    void stopAsksWithTheCountsAndKeepsWhatWasKept() {
-        for (int i = 0; i < 90; ++i)
-            clicca(i);
-        m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->setValue(25);
-        // Only columns whose last two numbers are neighbours: about one in sixty is kept, each
-        // candidate is tested on its own, and the run is far too long to end by itself.
-        CondizioneDistanza ultimaCoppia;
-        ultimaCoppia.NumPosizioni = 1;
-        ultimaCoppia.Posizioni[1] = 24;
-        ultimaCoppia.NumDistanzeMin = 1;
-        ultimaCoppia.DistanzaMin[1] = Vero;
-        ultimaCoppia.Stato = Vero;
-        m_corpo->CondizioniDistanza.append(ultimaCoppia);
-        QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
+    void stopAsksWithTheLiveCountsWhileTheRunWaitsAndKeepsWhatWasKept() {
+        // A long reduction: its first step is far away, its counts move all the same.
+        scegliDa1A(90);
+        m_corpo->distanzaMinima = {5, Vero};
+        frmCalcoloWorker& worker = m_main->operazioni().worker();
+        QSignalSpy spy(&worker, &frmCalcoloWorker::conclusa);
         QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdCalcolo")), Qt::LeftButton);
-        frmCalcolo* progress = m_main->operazioni().worker().finestra();
-        QCOMPARE(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla"))->text(),
-                 QStringLiteral("&Ferma"));
-        QCOMPARE(progress->findChild<QLabel*>(QStringLiteral("lblColonneSistema"))->text(),
-                 QStringLiteral("Colonne sistema"));
-        // The window thread stays free: the progress window shows the counts as they grow.
-        QTRY_VERIFY_WITH_TIMEOUT(progress->colonneElaborate() > 0, 60000);
-        const QString integrali =
-            progress->findChild<QLabel*>(QStringLiteral("lblNumColIntegrali"))->text().trimmed();
-        QVERIFY(integrali.startsWith(QStringLiteral("11.613.412.635.260.27")));
+        frmCalcolo* progress = worker.finestra();
+        QLabel* elaborate = progress->findChild<QLabel*>(QStringLiteral("lblNumColElaborate"));
+        QTRY_VERIFY(progress->colonneElaborate() > 1000);
+        QCOMPARE(test::Testi(*progress, "cmdSvilAnnulla lblColonneSistema lblNumColIntegrali"),
+                 QStringLiteral("&Annulla|Colonne del sistema| 5.720.645.481.903"));
+        const QString prima = elaborate->text();
+        QTest::qWait(300);
+        QVERIFY(elaborate->text() != prima);
+
+        // The run waits while the question is open, and the question shows the counts it holds.
+        const RunControl& ctl = worker.controllo();
+        double aperta = 0, dopo = 1;
+        m_dialogs->duringQuestion = [&] {
+            aperta = ctl.counter;
+            QThread::msleep(200);
+            dopo = ctl.counter;
+        };
         m_dialogs->setNextAnswer(false);
         QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")),
                           Qt::LeftButton);
+        QCOMPARE(dopo, aperta);
         QCOMPARE(m_dialogs->beeps, 1);
         const auto& question = m_dialogs->boxes.back();
         QVERIFY(question.question);
         QCOMPARE(question.title, std::string("Elaborazione in corso..."));
-        QVERIFY(question.text.rfind("Colonne integrali " + integrali.toStdString() + "\nColonne elaborate ", 0) == 0);
-        QVERIFY(question.text.find("\nInterrompere?") != std::string::npos);
+        const QString testo = QString::fromStdString(question.text);
+        QVERIFY(testo.startsWith("Colonne integrali 5.720.645.481.903\nColonne elaborate " +
+                                 elaborate->text().trimmed() + "\nColonne del sistema "));
+        QVERIFY(testo.endsWith("\nVuoi interrompere l'elaborazione del sistema?"));
+        QTRY_VERIFY(ctl.counter > aperta); // "no": the run goes on
         QVERIFY(m_main->operazioni().inCorso());
+        m_dialogs->duringQuestion = nullptr;
         m_dialogs->setNextAnswer(true);
         QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")),
                           Qt::LeftButton);
         QVERIFY(spy.wait(60000));
         QVERIFY(m_corpo->pronostico.NumColonne > 0);
         QVERIFY(m_corpo->pronostico.NumColonne < MaxColonne);
-        const std::string& descrizione = m_corpo->pronostico.Descrizione;
-        QVERIFY(descrizione.size() > 6 && descrizione.substr(descrizione.size() - 6) == " - ***");
-        QCOMPARE(pannello(4), QString::fromStdString(descrizione));
+        QVERIFY(m_corpo->pronostico.Descrizione.ends_with(" - ***"));
+        QCOMPARE(pannello(4), QString::fromStdString(m_corpo->pronostico.Descrizione));
     }
 
     void conditionSetThroughItsDialogNarrowsTheDevelopmentAndIsMarked() {
@@ -295,21 +246,21 @@ private slots:
             auto* somma = qobject_cast<frmSomma*>(w);
             QVERIFY(somma);
             aperta = true;
-            elementoArray<QRadioButton>(*somma, QStringLiteral("optCondSomma"), 0)->click();
+            test::Elemento<QRadioButton>(*somma, "optCondSomma", 0)->click();
             somma->findChild<QLineEdit*>(QStringLiteral("meDa"))->setText(QStringLiteral("55"));
             somma->findChild<QLineEdit*>(QStringLiteral("meA"))->setText(QStringLiteral("57"));
             somma->close();
         });
-        m_main->azione(QStringLiteral("menuSomma"))->trigger();
+        menu("menuSomma");
         QVERIFY(aperta);
         QVERIFY(m_main->azione(QStringLiteral("menuSomma"))->isChecked());
         QVERIFY(!m_main->azione(QStringLiteral("menuFisse"))->isChecked());
         sviluppa();
         // Left out pairs adding up to 21, 22 or 23: 9+12, 10+11, 10+12, 11+12.
         QCOMPARE(m_corpo->pronostico.NumColonne, 4);
-        QCOMPARE(pannello(4), QStringLiteral("Condizionato"));
+        QCOMPARE(pannello(4), QStringLiteral("Sistema condizionato"));
         // A new system takes the condition and its mark away.
-        m_main->azione(QStringLiteral("menuNuovo"))->trigger();
+        menu("menuNuovo");
         QVERIFY(!m_main->azione(QStringLiteral("menuSomma"))->isChecked());
     }
 
@@ -319,11 +270,10 @@ private slots:
         bool aperta = false;
         sulModale([&aperta](QWidget* w) {
             auto* filtri = qobject_cast<frmFiltri*>(w);
-            if (!filtri) return;
-            aperta = filtri->tipoFiltro() == TipoFiltro::AND;
-            filtri->close();
+            aperta = filtri && filtri->tipoFiltro() == TipoFiltro::AND;
+            w->close();
         });
-        m_main->azione(QStringLiteral("menuColonnaFiltroAND"))->trigger();
+        menu("menuColonnaFiltroAND");
         QVERIFY(aperta);
         QVERIFY(m_main->azione(QStringLiteral("menuColonnaFiltroAND"))->isChecked());
         QVERIFY(!m_main->azione(QStringLiteral("menuColonnaFiltroOR"))->isChecked());
@@ -352,10 +302,8 @@ private slots:
         frmCalcolo progress(m_main->ui(), control);
         progress.show();
         progress.mostraLimite(ProgressInfo{250, 100, 5'000'000, 4'200'000, 4'000'000});
-        QCOMPARE(progress.findChild<QLabel*>(QStringLiteral("labAllarm"))->text(),
-                 QStringLiteral("Superato il limite di colonne"));
-        QCOMPARE(progress.findChild<QLabel*>(QStringLiteral("lblNumColSistema"))->text(),
-                 QStringLiteral(" 4.000.000"));
+        QCOMPARE(test::Testi(progress, "labAllarm lblNumColSistema"),
+                 QStringLiteral("È stato superato il numero massimo di colonne del sistema.| 4.000.000"));
         QCOMPARE(progress.findChild<QProgressBar*>(QStringLiteral("pb"))->value(), 100);
         // Closing the window is the stop button: asked, and refused on no.
         m_dialogs->setNextAnswer(false);
@@ -366,30 +314,49 @@ private slots:
         QVERIFY(control.StopElaborazione);
     }
 
-    void settingsWindowFromTheMenuThenTheSettingsAreReadAgain() {
-        bool aperta = false;
+    void settingsAreReadAgainAfterTheirWindowAndFiguresFollowTheLanguage() {
+        scegliDa1A(90);
+        QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("5.720.645.481.903"));
         const std::string ini = m_corpo->AppDir + "/dorvantaqvn.ini";
-        sulModale([&aperta, ini](QWidget* w) {
-            if (!qobject_cast<frmImpostazioni*>(w)) return;
-            aperta = true;
+        sulModale([ini](QWidget* w) {
+            QVERIFY(qobject_cast<frmImpostazioni*>(w));
             // The file changes while the window is open, as its own save would change it.
-            std::ofstream(ini) << "[IMPOSTAZIONI]\nLINGUA=prova\nMODALITA' RICALCOLO=TRUE\n";
+            std::ofstream(ini) << "[IMPOSTAZIONI]\nLINGUA=english\nMODALITA' RICALCOLO=TRUE\n";
             w->close();
         });
         QCOMPARE(m_corpo->ModalitaRicalcolo, Falso);
-        m_main->azione(QStringLiteral("menuImpostazioni"))->trigger();
-        QVERIFY(aperta);
+        menu("menuImpostazioni");
         QCOMPARE(m_corpo->ModalitaRicalcolo, Vero);
-        QCOMPARE(m_main->pulsante(QStringLiteral("cmdCalcolo"))->text(), QStringLiteral("Sviluppa"));
+        QCOMPARE(test::Testi(*m_main, "cmdCalcolo lblIntegrale"),
+                 QStringLiteral("&Develop System|5,720,645,481,903"));
+        QCOMPARE(pannello(3), QStringLiteral("\u20AC 0.00"));
 
-        aperta = false;
+        bool aperta = false;
         sulModale([&aperta](QWidget* w) {
-            if (!qobject_cast<frmAbout*>(w)) return;
-            aperta = true;
+            aperta = qobject_cast<frmAbout*>(w);
             w->close();
         });
-        m_main->azione(QStringLiteral("menuinfo"))->trigger();
+        menu("menuinfo");
         QVERIFY(aperta);
+    }
+
+    void languageChosenInTheSettingsKeepsCountsAndTheLock() {
+        scegliDa1A(12);
+        sviluppa();
+        QCOMPARE(si(), QStringLiteral("&S\u00EC"));
+        QString duranteLaScelta, siDurante;
+        scegliAltraLingua([&] {
+            duranteLaScelta = etichetta("labnumeri")->text();
+            siDurante = si();
+        });
+        QCOMPARE(duranteLaScelta, QStringLiteral("Numbers in play [12]"));
+        QCOMPARE(siDurante, QStringLiteral("&Yes")); // Qt's own texts follow the language
+        // Closed without saving: the saved language is back, and so is every count.
+        QCOMPARE(si(), QStringLiteral("&S\u00EC"));
+        QCOMPARE(test::Testi(*m_main, "labnumeri lblIntegrale"), QStringLiteral("Numeri in gioco [12]|66"));
+        QCOMPARE(pannello(2), QStringLiteral("66"));
+        // The locked system stays locked: the button does not develop the held columns again.
+        QCOMPARE(abilitati({"cmdCalcolo", "menuCalcolo", "cmdModifiche"}), QStringLiteral("cmdModifiche"));
     }
 
     void shuffleAsksAndKeepsTheSetOfColumnsAndOpenFolderShowsTheDataFolder() {
@@ -397,25 +364,29 @@ private slots:
         sviluppa();
         const auto prima = test::StoredColumns(*m_corpo);
         m_dialogs->setNextAnswer(false);
-        m_main->azione(QStringLiteral("menuMescola"))->trigger();
-        QCOMPARE(m_dialogs->boxes.back().text, std::string("Condizionato"));
+        menu("menuMescola");
+        QCOMPARE(m_dialogs->boxes.back().text, std::string("Sistema condizionato"));
         QVERIFY(test::StoredColumns(*m_corpo) == prima);
         m_dialogs->setNextAnswer(true);
-        m_main->azione(QStringLiteral("menuMescola"))->trigger();
+        menu("menuMescola");
         auto dopo = test::StoredColumns(*m_corpo);
         QVERIFY(dopo != prima);
         std::sort(dopo.begin(), dopo.end());
         QVERIFY(dopo == prima); // developed in lexicographic order, so sorted
         QVERIFY(abilitato("menuMescola"));
 
-        m_main->azione(QStringLiteral("menuApriDirectory"))->trigger();
+        menu("menuApriDirectory");
         QCOMPARE(m_dialogs->folders.back(), m_corpo->AppDir);
+        m_dialogs->folderOpens = false; // no file browser can show it
+        menu("menuApriDirectory");
+        QCOMPARE(m_dialogs->boxes.back().text, "Impossibile aprire la cartella " + m_corpo->AppDir +
+                                                   ": non c'è un programma per sfogliare i file.");
     }
 
-    void closingIsRefusedDuringARunAndOtherwiseAsked() {
+    void closingIsAsked() {
         m_dialogs->setNextAnswer(false);
         QVERIFY(!m_main->close());
-        QCOMPARE(m_dialogs->boxes.back().text, std::string("Uscire?"));
+        QCOMPARE(m_dialogs->boxes.back().text, std::string("Vuoi uscire dal programma?"));
         QVERIFY(m_main->isVisible());
         m_dialogs->setNextAnswer(true);
         QVERIFY(m_main->close());
@@ -424,7 +395,7 @@ private slots:
 
     void forecastMenuOnlyWithoutASystem() {
         auto* popup = m_main->findChild<QMenu*>(QStringLiteral("menuPopup"));
-        QTest::mouseClick(m_main->findChild<QLabel*>(QStringLiteral("labnumeri")), Qt::RightButton);
+        QTest::mouseClick(etichetta("labnumeri"), Qt::RightButton);
         QTRY_VERIFY(popup->isVisible());
         popup->hide();
         popup->findChild<QAction*>(QStringLiteral("mnuPronostico90Numeri"))->trigger();
@@ -433,13 +404,12 @@ private slots:
         QCOMPARE(m_corpo->pronostico.Quanti, 0);
         scegliDa1A(10);
         sviluppa();
-        QTest::mouseClick(m_main->findChild<QLabel*>(QStringLiteral("labnumeri")), Qt::RightButton);
+        QTest::mouseClick(etichetta("labnumeri"), Qt::RightButton);
         QTest::qWait(50);
         QVERIFY(!popup->isVisible());
     }
 
     void saveAndOpenThroughTheMenusRestoreTheSystem() {
-        namespace fs = std::filesystem;
         scegli({5, 17, 22, 31, 44, 58, 61, 70, 83, 88, 90});
         m_corpo->condizioni.CondSomma = Vero;
         m_corpo->condizioni.SommaMinMax = {300, 600};
@@ -449,44 +419,96 @@ private slots:
         sviluppa();
         const int32_t kept = m_corpo->pronostico.NumColonne;
         QVERIFY(kept > 0);
-        const std::string path = (fs::path(m_corpo->AppDir) / "sistemi" / "Prova.dvs").string();
+        const std::string path = cartella("sistemi", "Prova.dvs");
         m_dialogs->setNextFileName(path);
-        m_main->azione(QStringLiteral("menuSalvaConNome"))->trigger();
+        menu("menuSalvaConNome");
         QCOMPARE(m_dialogs->proposedNames.back(), std::string("nuovo.dvs"));
-        QCOMPARE(m_dialogs->folders.back(), (fs::path(m_corpo->AppDir) / "sistemi").string());
+        QCOMPARE(m_dialogs->folders.back(), cartella("sistemi"));
         QVERIFY(fs::exists(path));
         QCOMPARE(pannello(1), QStringLiteral("prova.dvs"));
 
-        m_main->azione(QStringLiteral("menuNuovo"))->trigger();
+        menu("menuNuovo");
         QCOMPARE(m_corpo->pronostico.Quanti, 0);
         QCOMPARE(pannello(1), QStringLiteral("nuovo.dvs"));
         QVERIFY(abilitato("frameNumeri"));
 
         m_dialogs->setNextFileName(""); // cancelled: nothing happens
-        m_main->azione(QStringLiteral("menuApri"))->trigger();
+        menu("menuApri");
         QCOMPARE(m_corpo->pronostico.Quanti, 0);
         m_dialogs->setNextFileName(path);
-        m_main->azione(QStringLiteral("menuApri"))->trigger();
+        menu("menuApri");
         QCOMPARE(m_corpo->pronostico.Quanti, 11);
         QCOMPARE(m_corpo->pronostico.NumColonne, kept);
         QCOMPARE(cella(89)->property("tag").toString(), QStringLiteral("1"));
         QCOMPARE(cella(88)->property("tag").toString(), QStringLiteral("0"));
         QVERIFY(m_main->azione(QStringLiteral("menuSomma"))->isChecked());
-        QVERIFY2(m_main->azione(QStringLiteral("menuDistanzaNumeri"))->isChecked(), "from the last record read");
+        QVERIFY2(m_main->azione(QStringLiteral("menuDistanzaNumeri"))->isChecked(),
+                 "from the last record read");
         QVERIFY(!abilitato("frameNumeri"));
-        QCOMPARE(pannello(1), QStringLiteral("prova.dvs"));
-        QCOMPARE(pannello(2), QString::number(kept));
+        QCOMPARE(pannello(1) + "|" + pannello(2), "prova.dvs|" + QString::number(kept));
 
         // menuSalva writes under the current name again.
         fs::remove(path);
-        m_main->azione(QStringLiteral("menuSalva"))->trigger();
+        menu("menuSalva");
         QVERIFY(fs::exists(path));
+    }
+
+    void saveAsksBeforeReplacingAFileThatIsNotTheSystemsOwn() {
+        const std::string dvs = cartella("sistemi", "prova1.dvs");
+        scegliDa1A(10);
+        m_corpo->condizioni.CondSomma = Vero;
+        m_corpo->FileCorrente = dvs;
+        menu("menuSalva");
+        menu("menuSalva"); // its own file: no question
+        QVERIFY(fs::exists(dvs));
+        QVERIFY(m_dialogs->boxes.empty());
+        const auto size = fs::file_size(dvs);
+
+        const std::string txt = cartella("txt", "prova1.txt");
+        std::ofstream(txt) << "1 2 3\n4 5 6\n";
+        m_dialogs->setNextFileName(txt);
+        menu("menuImportaColonne");
+        m_dialogs->setNextAnswer(false);
+        menu("menuSalva");
+        QCOMPARE(m_dialogs->boxes.size(), size_t{1});
+        QVERIFY(m_dialogs->boxes[0].question);
+        QCOMPARE(m_dialogs->boxes[0].text,
+                 "Il file " + dvs +
+                     " esiste già e non è quello aperto o salvato per ultimo. Vuoi sostituirlo?");
+        QCOMPARE(fs::file_size(dvs), size);
+
+        m_dialogs->setNextAnswer(true);
+        menu("menuSalva");
+        QVERIFY(fs::file_size(dvs) != size);
+        menu("menuSalva"); // now the file last saved
+        QCOMPARE(m_dialogs->boxes.size(), size_t{2});
+    }
+
+    void aFileWhoseConditionsAreCutShortIsFlaggedInTheStatusLineUntilANewSystem() {
+        const std::string dvs = cartella("sistemi", "tagliato.dvs");
+        scegliDa1A(10);
+        m_corpo->consecutivi = {0b110, Vero};
+        m_dialogs->setNextFileName(dvs);
+        menu("menuSalvaConNome");
+        fs::resize_file(dvs, fs::file_size(dvs) - 8);
+        menu("menuNuovo");
+        m_dialogs->setNextFileName(dvs);
+        menu("menuApri");
+        QCOMPARE(m_corpo->pronostico.Quanti, 10);
+        QLabel* avviso = etichetta("lblAvviso");
+        QVERIFY(avviso->isVisible());
+        QCOMPARE(
+            avviso->text(),
+            QStringLiteral(
+                "Le condizioni del file potrebbero essere incomplete: il file finisce prima del previsto."));
+        QVERIFY(m_dialogs->boxes.empty());
+        menu("menuNuovo");
+        QVERIFY(!avviso->isVisible());
     }
 
     void aMissingFileOnTheCommandLineIsReportedAndLeavesAnEmptySystem() {
         scegliDa1A(12);
-        m_dialogs->boxes.clear();
-        m_main->file().apri("\"" + m_corpo->AppDir + "/sistemi/manca.dvs\"");
+        m_main->file().apri("\"" + cartella("sistemi", "manca.dvs") + "\"");
         QCOMPARE(m_dialogs->boxes.size(), size_t{1});
         QVERIFY(m_dialogs->boxes[0].text.rfind("Error ", 0) == 0);
         QVERIFY(m_dialogs->boxes[0].text.find("ApriFile") != std::string::npos);
@@ -496,31 +518,71 @@ private slots:
     }
 
     void exportAndImportColumnsThroughTheMenus() {
-        namespace fs = std::filesystem;
-        m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->setValue(6);
-        scegliDa1A(8);
+        // 17 numbers in columns of 6: 12,376 candidates, beyond the last of the 250 steps.
+        lunghezza()->setValue(6);
+        scegliDa1A(17);
         sviluppa();
-        QCOMPARE(m_corpo->pronostico.NumColonne, 28);
-        const std::string path = (fs::path(m_corpo->AppDir) / "txt" / "colonne.txt").string();
+        QCOMPARE(test::Testi(*m_main->operazioni().worker().finestra(), "lblNumColElaborate"),
+                 QStringLiteral(" 12.376"));
+        const std::string path = cartella("txt", "colonne.txt");
         m_dialogs->boxes.clear();
         m_dialogs->setNextFileName(path);
-        m_main->azione(QStringLiteral("menuEsportaColonne"))->trigger();
+        menu("menuEsportaColonne");
         QCOMPARE(m_dialogs->proposedNames.back(), std::string("nuovo.txt"));
-        QCOMPARE(m_dialogs->folders.back(), (fs::path(m_corpo->AppDir) / "txt").string());
+        QCOMPARE(m_dialogs->folders.back(), cartella("txt"));
         QCOMPARE(m_dialogs->boxes.back().text, "File " + path + " ok ");
         QVERIFY(m_main->centralWidget()->isEnabled());
 
-        m_main->azione(QStringLiteral("menuNuovo"))->trigger();
-        m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->setValue(10);
+        menu("menuNuovo");
+        lunghezza()->setValue(10);
         m_dialogs->setNextFileName(path);
-        m_main->azione(QStringLiteral("menuImportaColonne"))->trigger();
-        QCOMPARE(m_corpo->pronostico.NumColonne, 28);
+        menu("menuImportaColonne");
+        QCOMPARE(m_corpo->pronostico.NumColonne, 12376);
         QCOMPARE(m_corpo->LenColonna, 6);
-        QCOMPARE(m_main->findChild<QScrollBar*>(QStringLiteral("hsLenCol"))->value(), 6);
-        QCOMPARE(m_corpo->pronostico.Quanti, 8);
+        QCOMPARE(lunghezza()->value(), 6);
+        QCOMPARE(m_corpo->pronostico.Quanti, 17);
         QCOMPARE(pannello(4), QStringLiteral("FILE TXT"));
-        QVERIFY(!abilitato("frameNumeri"));
-        QVERIFY(abilitato("cmdModifiche"));
+        QCOMPARE(abilitati({"frameNumeri", "cmdModifiche"}), QStringLiteral("cmdModifiche"));
+    }
+
+    void theKeyboardReachesTheGridTheLengthAndEveryButton() {
+        m_main->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_main.get()));
+        auto* griglia = controllo("frameNumeri");
+        griglia->setFocus();
+        for (int key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Space})
+            QTest::keyClick(griglia, static_cast<Qt::Key>(key));
+        QVERIFY(m_corpo->Griglia[11]); // 12: one right and one row down from 1
+        QVERIFY(cella(11)->styleSheet().contains(QStringLiteral("rgb(0,90,200)")));
+        QTest::keyClick(griglia, Qt::Key_Return);
+        QVERIFY(!m_corpo->Griglia[11]);
+        scegliDa1A(10);
+
+        QStringList raggiunti;
+        for (int i = 0; i < 12; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            raggiunti << QApplication::focusWidget()->objectName();
+        }
+        for (const char* name :
+             {"frameNumeri", "hsLenCol", "optTipoGiocata", "optImporto", "cmdCancella", "cmdCalcolo"})
+            QVERIFY2(raggiunti.contains(QString::fromLatin1(name)), name);
+    }
+
+    void theMainWindowsButtonsHaveMnemonicsOfTheirOwnInBothLanguages() {
+        for (const char* file : {"italiano.lng", "english.lng"}) {
+            ApplyLanguage(*m_main, std::string(DV_SOURCE_DIR) + "/languages/" + file);
+            QList<QChar> lettere;
+            for (QAction* m : m_main->menuBar()->actions())
+                if (const int at = m->text().indexOf(QLatin1Char('&')); at >= 0 && at + 1 < m->text().size())
+                    lettere << m->text().at(at + 1).toLower();
+            for (QPushButton* b : m_main->centralWidget()->findChildren<QPushButton*>()) {
+                const int at = b->text().indexOf(QLatin1Char('&'));
+                QVERIFY2(at >= 0, qPrintable(b->text()));
+                const QChar c = b->text().at(at + 1).toLower();
+                QVERIFY2(!lettere.contains(c), qPrintable(b->text()));
+                lettere << c;
+            }
+        }
     }
 };
 
