@@ -3,24 +3,14 @@
 #include "archive/Archivio.h"
 #include "archive/Conversione.h"
 #include "fuzz/FuzzSupport.h"
+#include "tests/archive/LeggiFile.h"
 #include "tests/support/FakeUi.h"
 
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 using namespace dv::fuzz;
-
-namespace {
-
-std::string Contenuto(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const std::string precedente = "previous archive, kept on failure";
@@ -36,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Verifica(file == 1, "nothing but the archive beside the archive");
     dv::test::FakeUi ui;
     if (!esito.completata()) {
-        Verifica(Contenuto(target) == precedente, "a failed conversion keeps the previous archive");
+        Verifica(dv::test::LeggiFile(target) == precedente, "a failed conversion keeps the previous archive");
         Verifica(esito.testo.size() <= 40, "the bad field is quoted in at most 40 characters");
         Verifica(!dv::MessaggioConversione(esito, source, ui).empty(), "a failure has its message");
         return 0;

@@ -1,27 +1,23 @@
 // The shipped language files: complete, in step with each other and with the code.
 #include "settings/Ansi.h"
 #include "settings/Lingua.h"
+#include "tests/archive/LeggiFile.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <algorithm>
-#include <cctype>
-#include <sstream>
 #include <set>
+#include <sstream>
 
 namespace fs = std::filesystem;
 
 namespace {
 
 const fs::path Source = DV_SOURCE_DIR;
-
-std::string leggi(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 // Section name to its keys, from the file's lines.
 std::map<std::string, std::set<std::string>> chiavi(const std::string& text) {
@@ -45,9 +41,9 @@ std::map<std::string, std::set<std::string>> chiavi(const std::string& text) {
 // Every numbered message of the program.
 const std::set<std::string> MessaggiNumerati = [] {
     std::set<std::string> keys;
-    for (int k : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26,
-                  29, 30, 31, 32, 33, 34, 35, 36, 38, 39, 40, 41, 42, 43, 44, 45, 46, 48, 49, 50, 51, 52,
-                  53, 54, 55, 56, 57, 58, 60, 61, 62, 64}) {
+    for (int k : {1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 12, 13, 14, 15, 16, 17, 18, 19, 20,
+                  21, 22, 23, 24, 25, 26, 29, 30, 31, 32, 33, 34, 35, 36, 38, 39, 40, 41, 42,
+                  43, 44, 45, 46, 48, 49, 50, 51, 52, 53, 54, 55, 56, 57, 58, 60, 61, 62, 64}) {
         char buf[8];
         std::snprintf(buf, sizeof buf, "%04d", k);
         keys.insert(buf);
@@ -58,13 +54,13 @@ const std::set<std::string> MessaggiNumerati = [] {
 // Keys that the code asks for: Lang("NNNN") in every source file.
 std::set<std::string> chiaviNelCodice() {
     std::set<std::string> keys;
-    for (const char* dir : {"core", "system_files", "archive", "filters", "prize", "matrix", "print", "settings",
-                            "platform", "windows", "app", "cli", "server"}) {
+    for (const char* dir : {"core", "system_files", "archive", "filters", "prize", "matrix", "print",
+                            "settings", "platform", "windows", "app", "cli", "server"}) {
         if (!fs::is_directory(Source / dir)) continue;
         for (const auto& e : fs::recursive_directory_iterator(Source / dir)) {
             const auto ext = e.path().extension();
             if (ext != ".cpp" && ext != ".h") continue;
-            const std::string text = leggi(e.path());
+            const std::string text = dv::test::LeggiFile(e.path());
             const std::string call = "Lang(\"";
             for (size_t at = text.find(call); at != std::string::npos; at = text.find(call, at + 1)) {
                 const std::string key = text.substr(at + call.size(), 5);
@@ -83,14 +79,16 @@ class LanguageFile : public testing::TestWithParam<const char*> {};
 TEST_P(LanguageFile, HoldsEveryNumberedMessageTheCodeAsksFor) {
     const fs::path file = Source / "languages" / GetParam();
     std::set<std::string> wanted = MessaggiNumerati;
-    for (const auto& k : chiaviNelCodice()) wanted.insert(k);
+    for (const auto& k : chiaviNelCodice())
+        wanted.insert(k);
     for (const auto& key : wanted)
-        EXPECT_FALSE(dv::ReadLanguageValue(file.string(), "Strings", key).empty()) << GetParam() << " lacks " << key;
+        EXPECT_FALSE(dv::ReadLanguageValue(file.string(), "Strings", key).empty())
+            << GetParam() << " lacks " << key;
 }
 
 TEST_P(LanguageFile, KeepsTheFormBothReadersUnderstand) {
     const fs::path file = Source / "languages" / GetParam();
-    const std::string text = leggi(file);
+    const std::string text = dv::test::LeggiFile(file);
     // Windows-1252, not UTF-8: no byte sequence of a two-byte UTF-8 character.
     EXPECT_EQ(text.find("\xC3"), std::string::npos) << "looks like UTF-8";
     // Values in quotes and keys at the start of the line, so that the file still reads when it
@@ -112,7 +110,7 @@ TEST_P(LanguageFile, KeepsTheFormBothReadersUnderstand) {
 INSTANTIATE_TEST_SUITE_P(Shipped, LanguageFile, testing::Values("italiano.lng", "english.lng"));
 
 TEST(LanguageFiles, BothFilesHaveTheSameSectionsAndKeys) {
-    const auto it = chiavi(leggi(Source / "languages" / "italiano.lng"));
-    const auto en = chiavi(leggi(Source / "languages" / "english.lng"));
+    const auto it = chiavi(dv::test::LeggiFile(Source / "languages" / "italiano.lng"));
+    const auto en = chiavi(dv::test::LeggiFile(Source / "languages" / "english.lng"));
     EXPECT_EQ(it, en);
 }

@@ -2,6 +2,7 @@
 // layouts by hand, independent of the library's field lists.
 #pragma once
 
+#include "tests/archive/LeggiFile.h"
 #include "tests/settings/TempDir.h"
 
 #include <cstdint>
@@ -31,7 +32,8 @@ public:
         return u8((v >> 8) & 0xFF);
     }
     Bytes& i32(int64_t v) {
-        for (int i = 0; i < 4; ++i) u8(static_cast<int>((v >> (8 * i)) & 0xFF));
+        for (int i = 0; i < 4; ++i)
+            u8(static_cast<int>((v >> (8 * i)) & 0xFF));
         return *this;
     }
     Bytes& str(const std::string& s) {
@@ -54,8 +56,7 @@ inline std::vector<uint8_t> ReadAll(const std::string& path) {
 }
 
 inline std::string ReadText(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    return LeggiFile(path);
 }
 
 } // namespace dv::test
