@@ -2,6 +2,7 @@
 #include "matrix/Catalogo.h"
 #include "matrix/SupportoMatrici.h"
 #include "support/FakeUi.h"
+#include "support/StateBuilder.h"
 #include "system_files/ErroreEsecuzione.h"
 
 #include <gtest/gtest.h>
@@ -24,12 +25,6 @@ void Pronostico(Corpo& c, std::vector<uint8_t> numeri, int len) {
         c.pronostico.Numeri[i] = numeri[i];
         c.Griglia[numeri[i] - 1u] = true;
     }
-}
-
-std::vector<uint8_t> Colonna(const Corpo& c, int32_t j) {
-    std::vector<uint8_t> out(static_cast<size_t>(c.LenColonna));
-    c.Colonne.getColumn(j, out.data(), c.LenColonna);
-    return out;
 }
 
 TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReduction) {
@@ -66,10 +61,8 @@ TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReduction) {
     // 30 moved to the head: the order is 30 10 40 20 50, index i is the i-th of it.
     EXPECT_EQ(c.pronostico.Numeri[0], 30);
     EXPECT_EQ(c.pronostico.Numeri[4], 50);
-    EXPECT_EQ(c.pronostico.NumColonne, 3);
-    EXPECT_EQ(Colonna(c, 1), (std::vector<uint8_t>{10, 30, 40}));
-    EXPECT_EQ(Colonna(c, 2), (std::vector<uint8_t>{20, 30, 50}));
-    EXPECT_EQ(Colonna(c, 3), (std::vector<uint8_t>{10, 20, 50}));
+    EXPECT_EQ(test::StoredColumns(c),
+              (std::vector<std::vector<int>>{{10, 30, 40}, {20, 30, 50}, {10, 20, 50}}));
     EXPECT_EQ(c.condizioni.CondSomma, Falso); // reset
     EXPECT_EQ(c.condizioni.CondFisse, Vero);
     EXPECT_EQ(c.condizioni.NumFisse, 1);
@@ -132,10 +125,7 @@ TEST(AdattaTest, TooManyColumnsOrAnIndexOutsideTheForecastLeavesTheSystemAsItWas
 
 TEST(AdattaTest, AStopLeavesAnEmptySystem) {
     Corpo c;
-    c.LenColonna = 2;
-    c.pronostico.Quanti = 4;
-    for (uint8_t i = 0; i < 4; ++i)
-        c.pronostico.Numeri[i] = static_cast<uint8_t>(i + 1);
+    Pronostico(c, {1, 2, 3, 4}, 2);
     test::FakeUi ui;
     FisseMatrice fisse(2);
     std::vector<std::vector<uint8_t>> colonne(70'000, {1, 2});
@@ -165,9 +155,8 @@ TEST(AdattaTest, TextMatrixMustFitTheForecast) {
     const MATRIX_STRUCTURE m = ImportaMatricePerAdattare(c, ui, dir.in("txt/m.txt"), 46000);
     FisseMatrice fisse(2);
     AdattaMatriceTesto(c, ui, m, true, fisse, {});
-    EXPECT_EQ(c.pronostico.NumColonne, 3);
     EXPECT_EQ(c.pronostico.Descrizione, "<0017>");
-    EXPECT_EQ(Colonna(c, 2), (std::vector<uint8_t>{7, 8}));
+    EXPECT_EQ(test::StoredColumns(c), (std::vector<std::vector<int>>{{5, 6}, {7, 8}, {6, 7}}));
 }
 
 TEST(AdattaTest, SaveAsMatrixOnlyChecks) {
