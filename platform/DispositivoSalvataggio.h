@@ -12,13 +12,14 @@ namespace dv {
 
 class DispositivoSalvataggio : public QIODevice {
 public:
-    // Opened for writing at once; errore() tells why it could not be.
+    // Open for writing at once; when the temporary file could not be made, errore() says why and
+    // every write fails quietly.
     explicit DispositivoSalvataggio(const QString& path) : m_path(path), m_file(path.toStdString()) {
-        if (m_file.errore() == 0)
-            QIODevice::open(QIODevice::WriteOnly);
-        else
-            setErrorString(QString::fromUtf8(CausaErrore(m_file.errore()).inglese));
+        QIODevice::open(QIODevice::WriteOnly);
+        if (m_file.errore() != 0) setErrorString(QString::fromUtf8(CausaErrore(m_file.errore()).inglese));
     }
+    // Already open for writing; false when the temporary file could not be made.
+    bool open(OpenMode mode) override { return m_file.errore() == 0 && (isOpen() || QIODevice::open(mode)); }
     bool isSequential() const override { return true; }
     QString fileName() const { return m_path; }
     int errore() const { return m_file.errore(); }
