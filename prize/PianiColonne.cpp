@@ -23,9 +23,9 @@ void PianiColonne::prepara(int32_t count, int len, const std::array<bool, 91>& u
     m_primoSpeciale.assign(static_cast<size_t>(m_blocchi) + 1, 0);
 }
 
-// Fills the planes from leggi(column, position). Returns false when a column holds a number
-// outside the expected ones.
-template <typename Leggi> bool PianiColonne::costruisci(Leggi leggi) {
+// Fills the planes from leggi(column, position), or from righe[p - 1][c - 1] when the columns lie
+// in rows by position. Returns false when a column holds a number outside the expected ones.
+template <typename Leggi> bool PianiColonne::costruisci(Leggi leggi, const uint8_t* const* righe) {
     const int u = m_numeri;
     std::array<uint16_t, 256> dove{};
     std::array<uint64_t, 256> conta{};
@@ -40,10 +40,44 @@ template <typename Leggi> bool PianiColonne::costruisci(Leggi leggi) {
     DueParti(m_blocchi >= 512, [&](int t, int n) {
         const int32_t b0 = static_cast<int32_t>(int64_t{m_blocchi} * t / n);
         const int32_t b1 = static_cast<int32_t>(int64_t{m_blocchi} * (t + 1) / n);
+        std::vector<uint64_t> copie(righe ? 3 * m_passo : 0);
         for (int32_t b = b0; b < b1; ++b) {
             uint64_t* w = &m_parole[static_cast<size_t>(b) * m_passo];
             const int32_t c0 = b * 64;
             const int jn = std::min(64, m_colonne - c0);
+            if (righe) {
+                // Position by position along the store's rows, every fourth column into a copy of
+                // the block's words of its own, so that runs of equal numbers do not wait on one
+                // word. When each column has len distinct planes (a number 0 or above 90 counting
+                // once), no column holds a number twice; otherwise the block is made again
+                // column by column to find those that do.
+                std::fill(copie.begin(), copie.end(), uint64_t{0});
+                uint64_t* w1 = copie.data();
+                uint64_t* w2 = w1 + m_passo;
+                uint64_t* w3 = w2 + m_passo;
+                for (int p = 0; p < m_len; ++p) {
+                    const uint8_t* r = righe[p] + c0;
+                    int j = 0;
+                    for (; j + 4 <= jn; j += 4) {
+                        w[dove[r[j]]] |= uint64_t{1} << j;
+                        w1[dove[r[j + 1]]] |= uint64_t{2} << j;
+                        w2[dove[r[j + 2]]] |= uint64_t{4} << j;
+                        w3[dove[r[j + 3]]] |= uint64_t{8} << j;
+                    }
+                    for (; j < jn; ++j)
+                        w[dove[r[j]]] |= uint64_t{1} << j;
+                }
+                int32_t distinti = 0;
+                for (size_t k = 0; k < m_passo; ++k) {
+                    w[k] |= w1[k] | w2[k] | w3[k];
+                    if (k != static_cast<size_t>(u)) distinti += std::popcount(w[k]);
+                }
+                if (distinti == jn * m_len || w[u + 1] != 0) {
+                    w[u] = jn == 64 ? ~uint64_t{0} : (uint64_t{1} << jn) - 1;
+                    continue;
+                }
+                std::fill(w, w + m_passo, uint64_t{0});
+            }
             uint64_t ordinarie = 0;
             for (int j = 0; j < jn; ++j) {
                 const uint64_t bit = uint64_t{1} << j;
@@ -85,11 +119,15 @@ void PianiColonne::daSistema(const ColumnStore& store, int32_t count, int len, c
     for (int i = 0; i < nCandidati; ++i)
         if (candidati[i] >= 1 && candidati[i] <= 90) usati[candidati[i]] = true;
     auto leggi = [&store](int32_t c, int p) { return store.get(c, p); };
+    std::array<const uint8_t*, StorePositions> righe{};
+    for (int p = 1; p <= len; ++p)
+        righe[static_cast<size_t>(p - 1)] = store.position(p);
+    const uint8_t* const* r = store.allocated() && count <= MaxColonne ? righe.data() : nullptr;
     prepara(count, len, usati);
-    if (costruisci(leggi)) return;
+    if (costruisci(leggi, r)) return;
     usati.fill(true);
     prepara(count, len, usati);
-    costruisci(leggi);
+    costruisci(leggi, r);
 }
 
 void PianiColonne::daRecord(const std::vector<RecordNumeri>& records, int len) {
@@ -102,9 +140,11 @@ void PianiColonne::daRecord(const std::vector<RecordNumeri>& records, int len) {
             if (v >= 1 && v <= 90) usati[v] = true;
         }
     prepara(count, len, usati);
-    costruisci([&records](int32_t c, int p) {
-        return records[static_cast<size_t>(c)].numbers[static_cast<size_t>(p - 1)];
-    });
+    costruisci(
+        [&records](int32_t c, int p) {
+            return records[static_cast<size_t>(c)].numbers[static_cast<size_t>(p - 1)];
+        },
+        nullptr);
 }
 
 void EstrazionePiani::imposta(const PianiColonne& p, const uint8_t* numeri, int count, uint8_t numeroOro,

@@ -42,6 +42,8 @@ public:
     int32_t colonne() const { return m_colonne; }
     int32_t blocchi() const { return m_blocchi; }
     int len() const { return m_len; }
+    // Planes per block; word numeri() of a block holds its ordinary columns.
+    int numeri() const { return m_numeri; }
     // The plane of number n (1..90) in a block, or -1 when no column holds it.
     int piano(int n) const { return n >= 1 && n <= 90 ? m_piano[static_cast<size_t>(n)] : -1; }
     // Block b: the planes, then the mask of its ordinary columns.
@@ -65,7 +67,7 @@ public:
 
 private:
     void prepara(int32_t count, int len, const std::array<bool, 91>& usati);
-    template <typename Leggi> bool costruisci(Leggi leggi);
+    template <typename Leggi> bool costruisci(Leggi leggi, const uint8_t* const* righe);
 
     int32_t m_colonne = 0;
     int32_t m_blocchi = 0;
@@ -184,6 +186,36 @@ inline void ContaBlocchi(const PianiColonne& p, int32_t b0, int32_t b1, const Es
         return dettaglio::ContaBlocchi<5>(p, b0, b1, e, s);
     }
 }
+
+// How a check walks the columns: Automatico takes vector instructions when the processor has
+// them and a second thread when the work is long; the others force one way, so that each can be
+// tested against the literal loop.
+enum class ModoSpoglio { Automatico, Semplice, DueThread };
+
+// True when the processor runs the checks' AVX2 loops.
+bool ConAvx2();
+
+// Blocks b0..b1-1 (at most 32) of the planes with each plane's words side by side, so that
+// ContaTrasposti counts four blocks at once. Loaded once, it serves every draw.
+class BlocchiTrasposti {
+public:
+    static constexpr int32_t MaxBlocchi = 32;
+    void carica(const PianiColonne& p, int32_t b0, int32_t b1);
+    int32_t b0() const { return m_b0; }
+    int32_t b1() const { return m_b1; }
+    // The words of plane u (or of the ordinary columns, u = planes) of the blocks, then zeros up
+    // to a multiple of four.
+    const uint64_t* piano(int u) const { return &m_parole[static_cast<size_t>(u) * MaxBlocchi]; }
+
+private:
+    int32_t m_b0 = 0, m_b1 = 0;
+    std::vector<uint64_t> m_parole;
+};
+
+// Adds to s the columns of the loaded blocks by category against the draw: what ContaBlocchi
+// gives for the same blocks, with AVX2. Only when ConAvx2().
+void ContaTrasposti(const PianiColonne& p, const BlocchiTrasposti& t, const EstrazionePiani& e,
+                    SommeClassi& s);
 
 // Runs f(0) here and, when two threads are worth it, f(1) on a second thread; f(i) does its
 // share i of n.

@@ -4,6 +4,7 @@
 
 #include "core/Corpo.h"
 #include "core/Ui.h"
+#include "prize/PianiColonne.h"
 
 #include <array>
 #include <cstdint>
@@ -50,10 +51,6 @@ struct RisultatoSpoglio {
     uint8_t MaxPunti = 0;
     uint8_t MinPunti = 10;
 };
-
-// How the columns are walked: Automatico takes vector instructions when the processor has them
-// and a second thread for a long range; the others force one way, so that each can be tested.
-enum class ModoSpoglio { Automatico, Semplice, DueThread };
 
 // Checks columns dal..al of the system against the draw in NumeriSpoglio, OroSpoglio and
 // DoppioOroSpoglio, each column's prize rounded by itself. The length must be at most 10.

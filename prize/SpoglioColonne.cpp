@@ -142,10 +142,6 @@ __attribute__((target("avx2"))) void ContaAvx2(const Parametri& q, int32_t c0, i
     ContaScalare(q, c, c1, r);
 }
 
-bool ConAvx2() {
-    static const bool si = __builtin_cpu_supports("avx2");
-    return si;
-}
 #endif
 
 void Conta(const Parametri& q, int32_t c0, int32_t c1, Parte& r, bool vettori) {

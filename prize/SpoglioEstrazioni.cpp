@@ -111,12 +111,13 @@ GiocataSpoglio GiocataSpoglio::da(const Corpo& c) {
     return g;
 }
 
-RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, Tratto tratto, AvanzamentoSpoglio& avanzamento) {
+RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, Tratto tratto, AvanzamentoSpoglio& avanzamento,
+                                    ModoSpoglio modo) {
     PianiColonne piani;
     piani.daSistema(c.Colonne, c.pronostico.NumColonne, c.LenColonna, c.pronostico.Numeri.data(),
                     c.pronostico.Quanti);
     RisultatoEstrazioni r =
-        SpoglioArchivio(GiocataSpoglio::da(c), c.mArrEstrazioni, piani, tratto, ui, avanzamento);
+        SpoglioArchivio(GiocataSpoglio::da(c), c.mArrEstrazioni, piani, tratto, ui, avanzamento, modo);
     if (tratto.ultimo >= tratto.primo && tratto.ultimo <= UBound(c.mArrEstrazioni)) {
         c.OroSpoglio = c.mArrEstrazioni[static_cast<size_t>(tratto.ultimo)].NumeroOro;
         c.DoppioOroSpoglio = c.mArrEstrazioni[static_cast<size_t>(tratto.ultimo)].DoppioOro;
@@ -126,7 +127,7 @@ RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, Tratto tratto, Avanzamento
 
 RisultatoEstrazioni SpoglioArchivio(const GiocataSpoglio& g, const ArrayEstrazioni& a,
                                     const PianiColonne& piani, Tratto tratto, Ui& ui,
-                                    AvanzamentoSpoglio& avanzamento) {
+                                    AvanzamentoSpoglio& avanzamento, ModoSpoglio modo) {
     RisultatoEstrazioni r;
     const int len = g.len;
 
@@ -173,18 +174,29 @@ RisultatoEstrazioni SpoglioArchivio(const GiocataSpoglio& g, const ArrayEstrazio
     std::vector<SommeClassi> somme(ordinato ? 0 : nd);
     const int32_t blocchi = piani.blocchi();
     const int32_t passo = 157; // blocks in about 10,000 columns
-    DueParti(nd >= 2 && int64_t{blocchi} * static_cast<int64_t>(nd) >= 4096, [&](int t, int n) {
+    const bool vettori = modo != ModoSpoglio::Semplice && ConAvx2();
+    const bool dueThread =
+        nd >= 2 && (modo == ModoSpoglio::DueThread ||
+                    (modo == ModoSpoglio::Automatico && int64_t{blocchi} * static_cast<int64_t>(nd) >= 4096));
+    DueParti(dueThread, [&](int t, int n) {
         const size_t d0 = nd * static_cast<size_t>(t) / static_cast<size_t>(n);
         const size_t d1 = nd * static_cast<size_t>(t + 1) / static_cast<size_t>(n);
         ClassiBlocco classi;
+        BlocchiTrasposti trasposti;
         std::array<uint8_t, 64> categoria{};
         for (int32_t b0 = 0; b0 < blocchi; b0 += passo) {
             if (avanzamento.stop.load(std::memory_order_relaxed)) return;
             const int32_t b1 = std::min(blocchi, b0 + passo);
             // Whole prizes: each draw counts a run of blocks small enough to stay in cache.
-            for (int32_t c0 = b0; !ordinato && c0 < b1; c0 += 32)
+            for (int32_t c0 = b0; !ordinato && c0 < b1; c0 += BlocchiTrasposti::MaxBlocchi) {
+                const int32_t c1 = std::min(b1, c0 + BlocchiTrasposti::MaxBlocchi);
+                if (vettori) trasposti.carica(piani, c0, c1);
                 for (size_t d = d0; d < d1; ++d)
-                    ContaBlocchi(piani, c0, std::min(b1, c0 + 32), estrazioni[d], somme[d]);
+                    if (vettori)
+                        ContaTrasposti(piani, trasposti, estrazioni[d], somme[d]);
+                    else
+                        ContaBlocchi(piani, c0, c1, estrazioni[d], somme[d]);
+            }
             for (int32_t b = b0; ordinato && b < b1; ++b)
                 for (size_t d = d0; d < d1; ++d) {
                     Classifica(piani, b, ~uint64_t{0}, estrazioni[d], classi);

@@ -59,7 +59,8 @@ struct RisultatoEstrazioni {
 // Oro number the kind of play needs but that is not drawn gets its box and an empty row, and still
 // counts as played. Leaves the last draw's Oro numbers in OroSpoglio and DoppioOroSpoglio. The
 // length must be at most 10.
-RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, Tratto tratto, AvanzamentoSpoglio& avanzamento);
+RisultatoEstrazioni SpoglioArchivio(Corpo& c, Ui& ui, Tratto tratto, AvanzamentoSpoglio& avanzamento,
+                                    ModoSpoglio modo = ModoSpoglio::Automatico);
 
 // What the archive check reads of the state besides the columns, copied so that the check can run
 // on a thread of its own while the state goes on.
@@ -76,7 +77,8 @@ struct GiocataSpoglio {
 // last draw's Oro numbers into OroSpoglio and DoppioOroSpoglio.
 RisultatoEstrazioni SpoglioArchivio(const GiocataSpoglio& g, const ArrayEstrazioni& a,
                                     const PianiColonne& piani, Tratto tratto, Ui& ui,
-                                    AvanzamentoSpoglio& avanzamento);
+                                    AvanzamentoSpoglio& avanzamento,
+                                    ModoSpoglio modo = ModoSpoglio::Automatico);
 
 // The box of a draw skipped for its Oro number.
 std::string TestoOroMancante(Ui& ui, const Estrazione& e, bool doppio);

@@ -115,17 +115,21 @@ TEST_F(SpoglioDifferenziale, ArchiveCheckMatchesTheLiteralLoopWithTheSameBoxes) 
         const int d1 = r.tra(1, date), d2 = r.tra(d1, date);
         const Tratto t = TrovaTratto(a, "0" + std::to_string(d1) + "/03/2024", r.tra(1, 12),
                                      "0" + std::to_string(d2) + "/03/2024", r.tra(1, 12));
-        FakeUi uiAtteso, ui;
+        FakeUi uiAtteso;
         const std::string attesa = Descrivi(reference::SpoglioArchivio(*c, uiAtteso, t));
         const uint8_t oro = c->OroSpoglio, doppio = c->DoppioOroSpoglio;
-        c->OroSpoglio = c->DoppioOroSpoglio = 0;
-        AvanzamentoSpoglio avanzamento;
-        ASSERT_EQ(Descrivi(SpoglioArchivio(*c, ui, t, avanzamento)), attesa) << "case " << caso;
-        ASSERT_EQ(ui.boxes.size(), uiAtteso.boxes.size());
-        for (size_t i = 0; i < ui.boxes.size(); ++i)
-            EXPECT_EQ(ui.boxes[i].text, uiAtteso.boxes[i].text);
-        EXPECT_EQ(c->OroSpoglio, oro);
-        EXPECT_EQ(c->DoppioOroSpoglio, doppio);
+        for (ModoSpoglio modo : {ModoSpoglio::Automatico, ModoSpoglio::Semplice, ModoSpoglio::DueThread}) {
+            FakeUi ui;
+            c->OroSpoglio = c->DoppioOroSpoglio = 0;
+            AvanzamentoSpoglio avanzamento;
+            ASSERT_EQ(Descrivi(SpoglioArchivio(*c, ui, t, avanzamento, modo)), attesa)
+                << "case " << caso << " way " << static_cast<int>(modo);
+            ASSERT_EQ(ui.boxes.size(), uiAtteso.boxes.size());
+            for (size_t i = 0; i < ui.boxes.size(); ++i)
+                EXPECT_EQ(ui.boxes[i].text, uiAtteso.boxes[i].text);
+            EXPECT_EQ(c->OroSpoglio, oro);
+            EXPECT_EQ(c->DoppioOroSpoglio, doppio);
+        }
     }
 }
 
