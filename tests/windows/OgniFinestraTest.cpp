@@ -21,6 +21,7 @@
 #include "windows/frmRidotto.h"
 #include "windows/frmSomma.h"
 #include "windows/frmSplash.h"
+#include "windows/frmSpoglio.h"
 #include "windows/frmStampa.h"
 #include "windows/frmTabulato.h"
 #include "windows/frmTaratura10eLotto.h"
@@ -40,7 +41,7 @@ using namespace dv;
 
 namespace {
 
-// The sections of a language file by name, each with its keys.
+// The sections of a language file by name, each with its lines "key=value".
 std::map<QString, QStringList> Sezioni(const std::string& file) {
     QFile f(QString::fromStdString(file));
     EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << file;
@@ -51,19 +52,25 @@ std::map<QString, QStringList> Sezioni(const std::string& file) {
         if (line.startsWith(QLatin1Char('[')))
             chiavi = &sezioni[line.mid(1, line.indexOf(QLatin1Char(']')) - 1)];
         else if (chiavi && !line.isEmpty() && !line.startsWith(QLatin1Char(';')))
-            chiavi->append(line.left(line.indexOf(QLatin1Char('='))));
+            chiavi->append(line);
     }
     return sezioni;
 }
 
-// Every key names the window or one of its controls ("NAME(i)": the element i of an array).
-void ControllaSezione(QWidget& form, const QStringList& chiavi, const std::string& file) {
-    EXPECT_FALSE(chiavi.isEmpty()) << file << " has no section " << form.objectName().toStdString();
-    for (const QString& chiave : chiavi) {
-        const QString nome = chiave.left(chiave.indexOf(QLatin1Char('.')));
-        if (nome == form.objectName()) continue;
-        EXPECT_TRUE(test::Controllo<QObject>(form, nome.toLatin1().constData()))
-            << file << ": " << chiave.toStdString();
+// Every key names the window or one of its controls ("NAME(i)": the element i of an array), and
+// the window's title begins with its caption: the window applied its section.
+void ControllaSezione(QWidget& form, const QStringList& righe, const std::string& file) {
+    EXPECT_FALSE(righe.isEmpty()) << file << " has no section " << form.objectName().toStdString();
+    for (const QString& riga : righe) {
+        const QString nome = riga.left(riga.indexOf(QLatin1Char('.')));
+        if (nome != form.objectName())
+            EXPECT_TRUE(test::Controllo<QObject>(form, nome.toLatin1().constData()))
+                << file << ": " << riga.toStdString();
+        else if (riga.startsWith(nome + QStringLiteral(".Caption=")))
+            EXPECT_TRUE(
+                form.windowTitle().startsWith(riga.section(QLatin1Char('"'), 1, 1), Qt::CaseInsensitive))
+                << file << ": " << riga.toStdString() << " but the title is "
+                << form.windowTitle().toStdString();
     }
 }
 
@@ -89,6 +96,7 @@ TEST_P(OgniFinestra, SectionsNameRealControlsAndDialogsAreAsWideAsTheirTitles) {
     const std::string lingua = GetParam();
     apri({{lingua.c_str(), test::LinguaSpedita(lingua)}}, false);
     CollegaAree(*m_main);
+    m_main->findChild<frmSpoglio*>()->apri(); // it takes its language when it opens
     Corpo& c = *m_corpo;
     QtUi& ui = m_main->ui();
     for (int i = 0; i < 12; ++i)

@@ -66,13 +66,10 @@ TEST_F(FinestreSpoglio, SingleCheckFromTheMainWindowValidatesSortsAndListsTheWin
     m_corpo->NumeriSpoglio[1] = 7;
     cmd->click();
     ASSERT_TRUE(f->isVisible());
-    EXPECT_EQ(elem<QLineEdit>(f, "meSpoglio", 0)->text(), "07");
-    EXPECT_EQ(ctl<QLineEdit>(f, "meA")->text(), "4");
-    EXPECT_EQ(elem<QLabel>(f, "lblCategoria", 3)->text(), "Punti 3");
+    EXPECT_EQ(Testi(*f, "meSpoglio(0) meA lblCategoria(3) lblCategoria(4)"), "07|4|Punti 3|-");
     // Numero ORO: a category for each count of hits up to the length.
     EXPECT_TRUE(elem<QListView>(f, "listVin", 0)->isEnabled());
     EXPECT_FALSE(elem<QListView>(f, "listVin", 4)->isEnabled());
-    EXPECT_EQ(elem<QLabel>(f, "lblCategoria", 4)->text(), "-");
     // An emptied box cannot clear its number: it comes back at the next init.
     Digita(elem<QLineEdit>(f, "meSpoglio", 0), "");
     EXPECT_EQ(m_corpo->NumeriSpoglio[1], 7);
@@ -82,11 +79,8 @@ TEST_F(FinestreSpoglio, SingleCheckFromTheMainWindowValidatesSortsAndListsTheWin
         Digita(elem<QLineEdit>(f, "meSpoglio", i), QString::number(20 - i));
     Digita(ctl<QLineEdit>(f, "meNumORO"), "03");
     ctl<QPushButton>(f, "cmdSpoglio")->click();
-    EXPECT_EQ(elem<QLineEdit>(f, "meSpoglio", 0)->text(), "01");
-    EXPECT_EQ(elem<QLineEdit>(f, "meSpoglio", 19)->text(), "20");
-    EXPECT_EQ(elem<QLabel>(f, "labVincite", 3)->text(), "2");
+    EXPECT_EQ(Testi(*f, "meSpoglio(0) meSpoglio(19) labVincite(3) lblMaxPunti"), "01|20|2| 3");
     EXPECT_EQ(elem<QListView>(f, "listVin", 3)->model()->index(1, 0).data().toString(), "C. 4");
-    EXPECT_EQ(testo(f, "lblMaxPunti"), " 3");
     EXPECT_EQ(testo(f, "labTot"), QLocale().toString(655.0, 'f', 2));
 
     // A repeated number: the box, the focus on the first of the two.
@@ -105,8 +99,7 @@ TEST_F(FinestreSpoglio, ArchiveWindowHandsItsDrawOver) {
     ASSERT_TRUE(m_main->finestre().initSpoglio());
     m_main->finestre().mostraSpoglio();
     EXPECT_TRUE(f->isVisible());
-    EXPECT_EQ(elem<QLineEdit>(f, "meSpoglio", 0)->text(), "41");
-    EXPECT_EQ(ctl<QLineEdit>(f, "meNumORO")->text(), "41");
+    EXPECT_EQ(Testi(*f, "meSpoglio(0) meNumORO"), "41|41");
     m_corpo->LenColonna = 11;
     EXPECT_FALSE(m_main->finestre().initSpoglio());
 }

@@ -93,12 +93,10 @@ TEST_F(FinestraUltimate, ValuesOfEachKindAndQuantity) {
     ASSERT_TRUE(voce && voce->isVisible());
     voce->trigger();
     EXPECT_TRUE(m_ult->isVisible());
-    EXPECT_EQ(m_ult->windowTitle(), QStringLiteral("Ultimate 5 minuti"));
     const QLocale locale;
-    EXPECT_EQ(testo("lbNumEstrazioni"), QStringLiteral("171"));
+    EXPECT_EQ(test::Testi(*m_ult, "frmUltimate lbNumEstrazioni lbQta"), "Ultimate 5 minuti|171|1");
     EXPECT_EQ(testo("lbNumDecadimento"), locale.toString(-0.04860291578, 'f', 11));
-    EXPECT_EQ(testo("lbQta"), QStringLiteral("1"));
-    auto* quaterna = elementoArray<QRadioButton>(*m_ult, QStringLiteral("optTipoGiocata"), 2);
+    auto* quaterna = di<QRadioButton>(*m_ult, "optTipoGiocata(2)");
     QTest::mouseClick(quaterna, Qt::LeftButton);
     EXPECT_EQ(m_ult->tipo(), 4);
     EXPECT_EQ(quaterna->palette().color(QPalette::Window), QColor(Qt::yellow));
@@ -141,7 +139,7 @@ TEST_F(FinestraUltimate, StoppedRunShowsWhatItFoundAndOverflowEndsInTheBox) {
     EXPECT_FALSE(risultato().isEmpty());
 
     // Forty draws leave far more than 32,767 terni.
-    elementoArray<QRadioButton>(*m_ult, QStringLiteral("optTipoGiocata"), 1)->click();
+    di<QRadioButton>(*m_ult, "optTipoGiocata(1)")->click();
     cerca();
     ASSERT_FALSE(m_dialogs->boxes.empty());
     EXPECT_EQ(m_dialogs->boxes.back().text,
@@ -155,23 +153,21 @@ TEST_F(FinestraUltimate, ImportFromTheArchiveWithTheReadyMadeRanges) {
     m_corpo->FiltriAND[1].Numeri[5] = 1;
     m_corpo->FiltriAND.setCount(1);
     frmImportFiltri f(*m_corpo, m_main->ui(), TipoFiltro::OR, m_main.get());
-    EXPECT_EQ(f.windowTitle(), QStringLiteral("Importa Colonne Filtro"));
-    EXPECT_TRUE(elementoArray<QRadioButton>(f, QStringLiteral("optImportSource"), 1)->isChecked());
+    EXPECT_EQ(test::Testi(f, "frmImportFiltri cmbAl"), "Importa Colonne Filtro|03/06/2025");
+    EXPECT_TRUE(di<QRadioButton>(f, "optImportSource(1)")->isChecked());
     EXPECT_FALSE(di<QPushButton>(f, "cmdImportaFiltri")->isEnabled());
     EXPECT_EQ(di<QComboBox>(f, "cmbDal")->count(), 3);
-    EXPECT_EQ(di<QComboBox>(f, "cmbAl")->currentText(), QStringLiteral("03/06/2025"));
     EXPECT_FALSE(di<QComboBox>(f, "cmbConcDal")->isHidden());
-    EXPECT_TRUE(elementoArray<QLabel>(f, QStringLiteral("lbPresenze"), 7)->isHidden());
-    QTest::mouseClick(elementoArray<QLabel>(f, QStringLiteral("lbPresenze"), 0), Qt::LeftButton);
-    QTest::mouseClick(elementoArray<QLabel>(f, QStringLiteral("lbPresenze"), 2), Qt::LeftButton);
+    EXPECT_TRUE(di<QLabel>(f, "lbPresenze(7)")->isHidden());
+    test::Clicca(di<QLabel>(f, "lbPresenze(0)"));
+    test::Clicca(di<QLabel>(f, "lbPresenze(2)"));
 
-    f.menuPopup()->findChild<QAction*>(QStringLiteral("mnuCercaAmbo"))->trigger();
-    EXPECT_EQ(di<QComboBox>(f, "cmbDal")->currentText(), QStringLiteral("02/06/2025"));
-    EXPECT_EQ(di<QComboBox>(f, "cmbConcDal")->currentText(), QStringLiteral("44"));
-    f.menuPopup()->findChild<QAction*>(QStringLiteral("mnulast5days"))->trigger();
-    EXPECT_EQ(di<QComboBox>(f, "cmbDal")->currentText(), QStringLiteral("01/06/2025"));
-    EXPECT_EQ(di<QComboBox>(f, "cmbConcAl")->currentText(), QStringLiteral("288"));
-    f.menuPopup()->findChild<QAction*>(QStringLiteral("mnuCercaAmbo"))->trigger();
+    const auto voce = [&f](const char* name) { f.menuPopup()->findChild<QAction*>(name)->trigger(); };
+    voce("mnuCercaAmbo");
+    EXPECT_EQ(test::Testi(f, "cmbDal cmbConcDal"), "02/06/2025|44");
+    voce("mnulast5days");
+    EXPECT_EQ(test::Testi(f, "cmbDal cmbConcAl"), "01/06/2025|288");
+    voce("mnuCercaAmbo");
 
     // No to the question: nothing changes and the window stays.
     m_dialogs->setNextAnswer(false);
@@ -194,7 +190,7 @@ TEST_F(FinestraUltimate, ImportFromAFileKeepsTheTableWhenALineIsBad) {
     std::ofstream(buono) << "1 2 3\n4,5,6\n";
     std::ofstream(cattivo) << "1 2 3\n4 y 6\n";
     frmImportFiltri f(*m_corpo, m_main->ui(), TipoFiltro::XOR, m_main.get());
-    elementoArray<QRadioButton>(f, QStringLiteral("optImportSource"), 0)->click();
+    di<QRadioButton>(f, "optImportSource(0)")->click();
     EXPECT_FALSE(di<QPushButton>(f, "cmdProcess")->isEnabled());
     m_dialogs->setNextFileName(cattivo);
     di<QPushButton>(f, "cmdImportaFiltri")->click();

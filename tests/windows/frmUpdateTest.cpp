@@ -10,8 +10,8 @@
 #include "windows/frmUpdateModello.h"
 
 #include <QClipboard>
-#include <QTcpServer>
 #include <QTableView>
+#include <QTcpServer>
 
 #include <gtest/gtest.h>
 
@@ -79,9 +79,7 @@ TEST_F(FinestraArchivio, ReadsTheEveningArchiveUnseenAndShowsItNewestFirstWithou
                             "0   22   24   26   28   30   32   34   36   38   40   42   |          "
                             "       |                                ");
     EXPECT_EQ(m_win->modello().testo(0).toStdString(), attesa.toStdString());
-    EXPECT_EQ(ctl<QLabel>("lbLast")->text(), attesa);
-    EXPECT_EQ(ctl<QLabel>("lbTotale")->text(), QStringLiteral("2"));
-    EXPECT_EQ(ctl<QLabel>("lbElaborazione")->text(), QStringLiteral("Caricamento in corso..."));
+    EXPECT_EQ(test::Testi(*m_win, "lbLast lbTotale lbElaborazione"), attesa + "|2|Caricamento in corso...");
     for (const char* voce : {"cmdArchivio", "menuArchivioEstrazioni", "mnuUltimaEstrazione"})
         EXPECT_TRUE(m_main->azione(QString::fromLatin1(voce))
                         ? m_main->azione(QString::fromLatin1(voce))->isVisible()
@@ -117,8 +115,7 @@ TEST_F(FinestraArchivio, AnOptionLoadsItsArchiveOffTheWindowThreadAndACloseMeanw
     QTest::mouseClick(opzione(2), Qt::LeftButton);
     m_win->attendi();
     EXPECT_FALSE(ctl<QTableView>("flexGrid")->isVisibleTo(m_win));
-    EXPECT_EQ(ctl<QLabel>("lbLast")->text(), QString());
-    EXPECT_EQ(ctl<QLabel>("lbTotale")->text(), QStringLiteral("0"));
+    EXPECT_EQ(test::Testi(*m_win, "lbLast lbTotale"), "|0");
 
     // The manual import: a file of one's own, chosen starting on the desktop.
     m_dialogs->setNextFileName(DV_SOURCE_DIR "/tests/archive/data/separatori.txt");
@@ -136,8 +133,8 @@ TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive)
     ctl<QPushButton>("cmdUpdate")->click();
     m_win->attendi();
     ASSERT_EQ(m_dialogs->boxes.size(), 1u);
-    EXPECT_EQ(m_dialogs->boxes[0].text,
-              "Non è stato possibile scaricare l'archivio delle estrazioni.\nIl server ha rifiutato la connessione.");
+    EXPECT_EQ(m_dialogs->boxes[0].text, "Non è stato possibile scaricare l'archivio delle estrazioni.\nIl "
+                                        "server ha rifiutato la connessione.");
     EXPECT_EQ(m_win->modello().rowCount(), 2);
 
     m_main->impostazioni().Server = server.base();
