@@ -119,6 +119,19 @@ struct SommeClassi {
 // The hits of special column s against the draw, and its Oro flags (bit 0, bit 1).
 std::pair<int, int> ClasseSpeciale(const PianiColonne::Speciale& s, const EstrazionePiani& e);
 
+// Adds to s the special columns of blocks b0..b1-1, counted one position at a time.
+inline void ContaSpeciali(const PianiColonne& p, int32_t b0, int32_t b1, const EstrazionePiani& e,
+                          SommeClassi& s) {
+    for (const PianiColonne::Speciale* x = p.specialiDa(b0); x != p.specialiA(b1 - 1); ++x) {
+        const auto [h, k] = ClasseSpeciale(*x, e);
+        const size_t i = static_cast<size_t>(h);
+        ++s.tutte[i];
+        s.oro1[i] += k & 1;
+        s.oro2[i] += k >> 1;
+        s.entrambi[i] += k == 3;
+    }
+}
+
 namespace dettaglio {
 // ContaBlocchi for draws of fewer than 2^Bits numbers among the planes: the counters and the
 // tests of a count are unrolled.
@@ -155,14 +168,7 @@ void ContaBlocchi(const PianiColonne& p, int32_t b0, int32_t b1, const Estrazion
                 s.entrambi[i] += std::popcount(eq & a12);
             }
         }
-        for (const PianiColonne::Speciale* x = p.specialiDa(b); x != p.specialiA(b); ++x) {
-            const auto [h, k] = ClasseSpeciale(*x, e);
-            const size_t i = static_cast<size_t>(h);
-            ++s.tutte[i];
-            s.oro1[i] += k & 1;
-            s.oro2[i] += k >> 1;
-            s.entrambi[i] += k == 3;
-        }
+        ContaSpeciali(p, b, b + 1, e, s);
     }
 }
 } // namespace dettaglio

@@ -117,14 +117,7 @@ __attribute__((target("avx2"))) void ContaTrasposti(const PianiColonne& p, const
         s.entrambi[i] += SommaByte(acc[h][3]);
     }
     // 3. Columns that hold a number twice, one position at a time.
-    for (const PianiColonne::Speciale* x = p.specialiDa(t.b0()); x != p.specialiA(t.b1() - 1); ++x) {
-        const auto [h, k] = ClasseSpeciale(*x, e);
-        const size_t i = static_cast<size_t>(h);
-        ++s.tutte[i];
-        s.oro1[i] += k & 1;
-        s.oro2[i] += k >> 1;
-        s.entrambi[i] += k == 3;
-    }
+    ContaSpeciali(p, t.b0(), t.b1(), e, s);
 }
 
 } // namespace
