@@ -7,11 +7,16 @@
 #include "system_files/FlussoBinario.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <new>
+
+#if defined(__linux__)
+#include <sys/mman.h>
+#endif
 
 namespace dv {
 
@@ -20,6 +25,26 @@ namespace {
 constexpr size_t MaxRigaTesto = 4096;
 constexpr std::string_view SeparatoriImporta = "\t-,;.";
 constexpr std::string_view SeparatoriRecord = "\t-,;.|";
+
+// The first CR or LF of [p, fine), or fine. Eight characters at a time: a byte of a word is zero
+// after an exclusive or with the line end that it holds, and the lowest zero byte of a word is
+// found exactly by the borrow of the subtraction.
+const char* FineRiga(const char* p, const char* fine) {
+    if constexpr (std::endian::native == std::endian::little) {
+        constexpr uint64_t Uni = 0x0101010101010101, Alti = 0x8080808080808080;
+        constexpr uint64_t Cr = Uni * '\r', Lf = Uni * '\n';
+        for (; fine - p >= 8; p += 8) {
+            uint64_t w;
+            std::memcpy(&w, p, 8);
+            const uint64_t cr = w ^ Cr, lf = w ^ Lf;
+            const uint64_t zeri = ((cr - Uni) & ~cr & Alti) | ((lf - Uni) & ~lf & Alti);
+            if (zeri != 0) return p + std::countr_zero(zeri) / 8;
+        }
+    }
+    while (p != fine && *p != '\n' && *p != '\r')
+        ++p;
+    return p;
+}
 
 // Reads a text file a block at a time and hands out its lines as views into the block, with no
 // copy and no allocation per line. A line ends at CR, LF or CRLF, so files written with any of
@@ -47,10 +72,8 @@ public:
                 m_saltaLf = false;
             }
             const char* const base = m_buf.data();
-            const char* p = base + m_inizio + m_esaminati;
             const char* const fine = base + m_fine;
-            while (p != fine && *p != '\n' && *p != '\r')
-                ++p;
+            const char* p = FineRiga(base + m_inizio + m_esaminati, fine);
             const size_t lunghezza = static_cast<size_t>(p - (base + m_inizio));
             if (lunghezza > MaxRigaTesto) troppoLunga(riga);
             if (p != fine) {
@@ -161,6 +184,20 @@ bool LeggiRigaSemplice(std::string_view riga, RecordNumeri& r) {
     r.least = static_cast<uint8_t>(least);
     r.greatest = static_cast<uint8_t>(greatest);
     return true;
+}
+
+// Asks the system to back the untouched memory [p, p + n) with pages of 2 MiB where it can: the
+// records of a big file are then written with one page fault for each 2 MiB instead of one for
+// each 4 KiB, which would otherwise take most of the time of reading the file. Only a hint.
+void PagineGrandi(void* p, size_t n) {
+#if defined(MADV_HUGEPAGE)
+    constexpr uintptr_t Grande = uintptr_t{1} << 21;
+    const uintptr_t inizio = (reinterpret_cast<uintptr_t>(p) + Grande - 1) & ~(Grande - 1);
+    const uintptr_t fine = (reinterpret_cast<uintptr_t>(p) + n) & ~(Grande - 1);
+    if (fine > inizio) madvise(reinterpret_cast<void*>(inizio), fine - inizio, MADV_HUGEPAGE);
+#else
+    (void)p, (void)n;
+#endif
 }
 
 // At most this much of a bad line is shown back in its message, then "...".
@@ -289,6 +326,8 @@ std::vector<RecordNumeri> LoadTxtToColonneArray(Ui& ui, const std::string& path,
                 stimato = true;
                 const uint64_t stima = records.size() * in.dimensione() / in.consumati();
                 records.reserve(static_cast<size_t>(stima + stima / 16 + 64));
+                PagineGrandi(records.data() + records.size(),
+                             (records.capacity() - records.size()) * sizeof(RecordNumeri));
             }
         }
     } catch (const ErroreEsecuzione& e) {
