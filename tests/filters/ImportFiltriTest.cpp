@@ -112,6 +112,12 @@ TEST(ImportFiltri, LinesOfAFile) {
     EXPECT_FALSE(loadFileToFilters(t, ui, dir.write("b.txt", "10 11\nab 12\n"), 1).has_value());
     EXPECT_EQ(Primi(t, 3), (std::vector<int>{1, 4, 8}));
     EXPECT_NE(ui.boxes.back().text.find("2: \"ab 12\""), std::string::npos);
+    // A bad line is shown by its first characters only; a line of megabytes is refused unread.
+    EXPECT_FALSE(loadFileToFilters(t, ui, dir.write("c.txt", "1\n" + std::string(3000, 'x') + "\n"), 1));
+    EXPECT_LT(ui.boxes.back().text.size(), 200u);
+    EXPECT_FALSE(loadFileToFilters(t, ui, dir.write("d.txt", "1\n" + std::string(1 << 22, '1')), 1));
+    EXPECT_NE(ui.boxes.back().text.find("Overflow: <0269>"), std::string::npos) << ui.boxes.back().text;
+    EXPECT_EQ(Primi(t, 3), (std::vector<int>{1, 4, 8}));
     EXPECT_FALSE(loadFileToFilters(t, ui, "/nonexistent/x.txt", 1).has_value());
     EXPECT_EQ(ui.busyDepth, 0);
 }
