@@ -122,16 +122,10 @@ private slots:
         QCOMPARE(m_corpo->pronostico.Quanti, 12);
     }
 
-    void stakeAndKindOfPlaySetTheCostInTheStatusLine() {
+    void developmentRunsOffTheWindowThreadLocksAndModificaSistemaGivesUpTheColumnsOnly() {
         opzione("optImporto", 3)->click();     // 2,5
         opzione("optTipoGiocata", 2)->click(); // Doppio ORO
         QCOMPARE(m_corpo->CostoColonna, 7.5f);
-        scegliDa1A(12);
-        sviluppa();
-        QCOMPARE(pannello(2) + "|" + pannello(3), QStringLiteral("66|\u20AC 495,00"));
-    }
-
-    void developmentRunsOffTheWindowThreadThenLocks() {
         scegliDa1A(12);
         QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
         QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdCalcolo")), Qt::LeftButton);
@@ -142,28 +136,17 @@ private slots:
         QVERIFY(!m_main->operazioni().worker().finestra()->isVisible());
         QCOMPARE(m_main->operazioni().worker().finestra()->colonneSistema(), 66.0);
         QCOMPARE(m_corpo->pronostico.NumColonne, 66);
-        QCOMPARE(pannello(4), QStringLiteral("Sistema integrale senza condizioni"));
+        // The status line: the count, the cost of the stake and kind of play, the kind of system.
+        QCOMPARE(pannello(2) + "|" + pannello(3) + "|" + pannello(4),
+                 QStringLiteral("66|\u20AC 495,00|Sistema integrale senza condizioni"));
         // The elapsed-time box, and the window locked for a finished system.
         QCOMPARE(m_dialogs->boxes.size(), size_t{1});
         QVERIFY(m_dialogs->boxes[0].text.find("Days 00:00:") != std::string::npos);
         QCOMPARE(abilitati({"frameNumeri", "cmdCalcolo", "cmdCancella", "cmdModifiche", "menuMescola"}),
                  QStringLiteral("cmdModifiche menuMescola"));
         QCOMPARE(m_corpo->SistemaBloccato, -1);
-    }
 
-    void runThatKeepsNothingLeavesTheWindowUnlocked() {
-        scegliDa1A(10);
-        m_corpo->condizioni.CondSomma = Vero;
-        m_corpo->condizioni.SommaMinMax = {1, 2};
-        sviluppa();
-        QCOMPARE(m_corpo->pronostico.NumColonne, 0);
-        QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri", "cmdModifiche"}),
-                 QStringLiteral("cmdCalcolo frameNumeri"));
-    }
-
-    void modificaSistemaAsksThenGivesUpTheColumnsOnly() {
-        scegliDa1A(12);
-        sviluppa();
+        // "Modifica Sistema" asks, then gives up the columns only.
         m_dialogs->setNextAnswer(false);
         QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdModifiche")), Qt::LeftButton);
         QCOMPARE(m_dialogs->boxes.back().text,
@@ -176,6 +159,16 @@ private slots:
         QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri", "cmdModifiche"}),
                  QStringLiteral("cmdCalcolo frameNumeri"));
         QCOMPARE(pannello(2), QStringLiteral("0"));
+    }
+
+    void runThatKeepsNothingLeavesTheWindowUnlocked() {
+        scegliDa1A(10);
+        m_corpo->condizioni.CondSomma = Vero;
+        m_corpo->condizioni.SommaMinMax = {1, 2};
+        sviluppa();
+        QCOMPARE(m_corpo->pronostico.NumColonne, 0);
+        QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri", "cmdModifiche"}),
+                 QStringLiteral("cmdCalcolo frameNumeri"));
     }
 
     void recomputeModeKeepsDevelopmentAvailable() {
