@@ -63,6 +63,29 @@ class frmMAINTest : public QObject, test::FinestraPrincipaleProva {
         });
         menu("menuImpostazioni");
     }
+    // Runs azione; true when it opened a modal window of type T, on which f ran before it closed.
+    template <typename T, typename A, typename F = void (*)(T&)>
+    bool apre(
+        A azione, F f = [](T&) {}) {
+        bool aperta = false;
+        sulModale([&aperta, f](QWidget* w) {
+            if (auto* t = qobject_cast<T*>(w)) {
+                aperta = true;
+                f(*t);
+            }
+            if (w) w->close();
+        });
+        azione();
+        QCoreApplication::processEvents();
+        return aperta;
+    }
+    // Those of the named menu entries that are checked, in the order given.
+    QString spuntati(std::initializer_list<const char*> names) {
+        QStringList on;
+        for (const char* name : names)
+            if (m_main->azione(QString::fromLatin1(name))->isChecked()) on << QString::fromLatin1(name);
+        return on.join(QLatin1Char(' '));
+    }
     static QString si() { return QCoreApplication::translate("QPlatformTheme", "&Yes"); }
 
 private slots:
@@ -234,60 +257,40 @@ private slots:
 
     void conditionSetThroughItsDialogNarrowsTheDevelopmentAndIsMarked() {
         scegliDa1A(12); // columns of ten: 78 less two numbers
-        bool aperta = false;
-        sulModale([&aperta](QWidget* w) {
-            auto* somma = qobject_cast<frmSomma*>(w);
-            QVERIFY(somma);
-            aperta = true;
-            test::Elemento<QRadioButton>(*somma, "optCondSomma", 0)->click();
-            somma->findChild<QLineEdit*>(QStringLiteral("meDa"))->setText(QStringLiteral("55"));
-            somma->findChild<QLineEdit*>(QStringLiteral("meA"))->setText(QStringLiteral("57"));
-            somma->close();
-        });
-        menu("menuSomma");
-        QVERIFY(aperta);
-        QVERIFY(m_main->azione(QStringLiteral("menuSomma"))->isChecked());
-        QVERIFY(!m_main->azione(QStringLiteral("menuFisse"))->isChecked());
+        QVERIFY(apre<frmSomma>([this] { menu("menuSomma"); },
+                               [](frmSomma& somma) {
+                                   test::Elemento<QRadioButton>(somma, "optCondSomma", 0)->click();
+                                   test::Controllo<QLineEdit>(somma, "meDa")->setText(QStringLiteral("55"));
+                                   test::Controllo<QLineEdit>(somma, "meA")->setText(QStringLiteral("57"));
+                               }));
+        QCOMPARE(spuntati({"menuSomma", "menuFisse"}), QStringLiteral("menuSomma"));
         sviluppa();
         // Left out pairs adding up to 21, 22 or 23: 9+12, 10+11, 10+12, 11+12.
         QCOMPARE(m_corpo->pronostico.NumColonne, 4);
         QCOMPARE(pannello(4), QStringLiteral("Sistema condizionato"));
         // A new system takes the condition and its mark away.
         menu("menuNuovo");
-        QVERIFY(!m_main->azione(QStringLiteral("menuSomma"))->isChecked());
+        QCOMPARE(spuntati({"menuSomma"}), QString());
     }
 
     void filterTableWindowOpensFromTheMenuAndItsMarkFollowsTheTable() {
         scegliDa1A(10);
         m_corpo->FiltriAND.append(test::Filtro({1, 2, 3}, 0b1110));
-        bool aperta = false;
-        sulModale([&aperta](QWidget* w) {
-            auto* filtri = qobject_cast<frmFiltri*>(w);
-            aperta = filtri && filtri->tipoFiltro() == TipoFiltro::AND;
-            w->close();
-        });
-        menu("menuColonnaFiltroAND");
-        QVERIFY(aperta);
-        QVERIFY(m_main->azione(QStringLiteral("menuColonnaFiltroAND"))->isChecked());
-        QVERIFY(!m_main->azione(QStringLiteral("menuColonnaFiltroOR"))->isChecked());
+        TipoFiltro tipo = TipoFiltro::OR;
+        QVERIFY(apre<frmFiltri>([this] { menu("menuColonnaFiltroAND"); },
+                                [&tipo](frmFiltri& f) { tipo = f.tipoFiltro(); }));
+        QCOMPARE(tipo, TipoFiltro::AND);
+        QCOMPARE(spuntati({"menuColonnaFiltroAND", "menuColonnaFiltroOR"}),
+                 QStringLiteral("menuColonnaFiltroAND"));
     }
 
     void viewerOpensOnlyWhenColumnsAreHeld() {
         scegliDa1A(11);
-        int aperte = 0;
-        const auto chiudiVisualizza = [&aperte](QWidget* w) {
-            if (!qobject_cast<frmVisualizza*>(w)) return;
-            ++aperte;
-            w->close();
-        };
-        sulModale(chiudiVisualizza);
-        m_main->operazioni().visualizza(); // no columns: nothing opens
-        QCoreApplication::processEvents();
-        QCOMPARE(aperte, 0);
+        QVERIFY(!apre<frmVisualizza>([this] { m_main->operazioni().visualizza(); })); // no columns
         sviluppa();
-        sulModale(chiudiVisualizza);
-        QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdVisualizza")), Qt::LeftButton);
-        QCOMPARE(aperte, 1);
+        QVERIFY(apre<frmVisualizza>([this] {
+            QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdVisualizza")), Qt::LeftButton);
+        }));
     }
 
     void progressWindowShowsTheLimitAndItsCloseButtonAsksToStop() {
@@ -311,26 +314,19 @@ private slots:
         scegliDa1A(90);
         QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("5.720.645.481.903"));
         const std::string ini = m_corpo->AppDir + "/dorvantaqvn.ini";
-        sulModale([ini](QWidget* w) {
-            QVERIFY(qobject_cast<frmImpostazioni*>(w));
-            // The file changes while the window is open, as its own save would change it.
-            std::ofstream(ini) << "[IMPOSTAZIONI]\nLINGUA=english\nMODALITA' RICALCOLO=TRUE\n";
-            w->close();
-        });
         QCOMPARE(m_corpo->ModalitaRicalcolo, Falso);
-        menu("menuImpostazioni");
+        // The file changes while the window is open, as its own save would change it.
+        QVERIFY(apre<frmImpostazioni>([this] { menu("menuImpostazioni"); },
+                                      [ini](frmImpostazioni&) {
+                                          std::ofstream(ini)
+                                              << "[IMPOSTAZIONI]\nLINGUA=english\nMODALITA' RICALCOLO=TRUE\n";
+                                      }));
         QCOMPARE(m_corpo->ModalitaRicalcolo, Vero);
         QCOMPARE(test::Testi(*m_main, "cmdCalcolo lblIntegrale"),
                  QStringLiteral("&Develop System|5,720,645,481,903"));
         QCOMPARE(pannello(3), QStringLiteral("\u20AC 0.00"));
 
-        bool aperta = false;
-        sulModale([&aperta](QWidget* w) {
-            aperta = qobject_cast<frmAbout*>(w);
-            w->close();
-        });
-        menu("menuinfo");
-        QVERIFY(aperta);
+        QVERIFY(apre<frmAbout>([this] { menu("menuinfo"); }));
     }
 
     void languageChosenInTheSettingsKeepsCountsAndTheLock() {
@@ -434,9 +430,8 @@ private slots:
         QCOMPARE(m_corpo->pronostico.NumColonne, kept);
         QCOMPARE(cella(89)->property("tag").toString(), QStringLiteral("1"));
         QCOMPARE(cella(88)->property("tag").toString(), QStringLiteral("0"));
-        QVERIFY(m_main->azione(QStringLiteral("menuSomma"))->isChecked());
-        QVERIFY2(m_main->azione(QStringLiteral("menuDistanzaNumeri"))->isChecked(),
-                 "from the last record read");
+        QCOMPARE(spuntati({"menuSomma", "menuDistanzaNumeri"}), // the second from the last record read
+                 QStringLiteral("menuSomma menuDistanzaNumeri"));
         QVERIFY(!abilitato("frameNumeri"));
         QCOMPARE(pannello(1) + "|" + pannello(2), "prova.dvs|" + QString::number(kept));
 
