@@ -11,11 +11,11 @@ namespace dv {
 
 // What the progress window shows at each step of a run.
 struct ProgressInfo {
-    int step = 0;          // 0..250 for a development, 0..100 for a re-development
-    int bar = 0;           // value of the bar, 0..100
-    double total = 0;      // colonneIntegrale
-    double counter = 0;    // colonneElaborate
-    int32_t kept = 0;      // colonneSistema
+    int step = 0;       // 0..250 for a development, 0..100 for a re-development
+    int bar = 0;        // value of the bar, 0..100
+    double total = 0;   // colonneIntegrale
+    double counter = 0; // colonneElaborate
+    int32_t kept = 0;   // colonneSistema
 };
 
 // Receives a run's reports. Called on the thread that runs the engine.
@@ -48,6 +48,13 @@ struct RunControl {
     std::atomic<double> counter{0}; // colonneElaborate
     std::atomic<int32_t> kept{0};   // colonneSistema
     std::atomic<int> bar{0};        // value of the bar, 0..100
+    // Threads that walk a development where no reduction links the columns: 0 chooses from the
+    // processor (at most 4), 1 keeps the walk on the calling thread. The columns, counters and
+    // reports are the same whatever the count; the reports come on the calling thread, which
+    // stores the columns.
+    int threads = 0;
+    // The least count of candidates worth more than one thread.
+    double parallelFrom = 2e6;
 
     // The counts back to zero, before a run.
     void resetCounts() {
@@ -69,9 +76,9 @@ struct RunControl {
 };
 
 struct RunResult {
-    double counter = 0;    // candidates walked, as the progress window counts them
-    int32_t kept = 0;      // columns stored
-    bool stopped = false;  // ended by the user or by the limit
+    double counter = 0;   // candidates walked, as the progress window counts them
+    int32_t kept = 0;     // columns stored
+    bool stopped = false; // ended by the user or by the limit
 };
 
 // Develops the n numbers of numeri (0-based) into Colonne. Sets NumColonne and Descrizione.

@@ -29,7 +29,10 @@ DistanceBounds::DistanceBounds(const TabellaDistanze& table, int len)
             rec.minUpTo[z] = static_cast<uint8_t>(rec.minUpTo[z - 1] + rec.minOk[z]);
             rec.maxUpTo[z] = static_cast<uint8_t>(rec.maxUpTo[z - 1] + rec.maxOk[z]);
             if (rec.minOk[z]) rec.minGaps |= Mask::bit(d);
-            if (rec.maxOk[z]) rec.maxGaps |= Mask::bit(d);
+            if (rec.maxOk[z]) {
+                rec.maxGaps |= Mask::bit(d);
+                rec.maxTop = d;
+            }
         }
     }
     for (int p = 1; p < len; ++p) {
@@ -76,13 +79,16 @@ DistanceBounds::Outlook DistanceBounds::outlook(const Gaps& g, int placed, int l
     return onward ? Outlook::DeadOnward : Outlook::Dead;
 }
 
-Mask DistanceBounds::lastNumbers(const Gaps& g, int last) const {
-    const int pair = m_len - 1;
-    const uint32_t changing = recordsOf(pair);
+Mask DistanceBounds::lastNumbersAfter(const Gaps& g, int pair, int gap, int last) const {
+    const uint32_t placing = recordsOf(pair), changing = recordsOf(m_len - 1);
     Mask gaps;
     for (int k = 0; k < m_count; ++k) {
         const Record& rec = m_records[static_cast<size_t>(k)];
-        const int least = g.least[static_cast<size_t>(k)], greatest = g.greatest[static_cast<size_t>(k)];
+        int least = g.least[static_cast<size_t>(k)], greatest = g.greatest[static_cast<size_t>(k)];
+        if ((placing >> k) & 1u) {
+            least = std::min(least, gap);
+            greatest = std::max(greatest, gap);
+        }
         if (((changing >> k) & 1u) == 0) {
             if (rec.minOk[static_cast<size_t>(least)] && rec.maxOk[static_cast<size_t>(greatest)])
                 return Mask::range(last + 1, 127);
@@ -97,6 +103,24 @@ Mask DistanceBounds::lastNumbers(const Gaps& g, int last) const {
         gaps |= asLeast & asGreatest;
     }
     return gaps.shiftedUp(last);
+}
+
+int DistanceBounds::nextLimit(const Gaps& g, int pair, int last) const {
+    int limit = last; // no record left: no next number
+    for (int k = 0; k < m_count; ++k) {
+        const Record& rec = m_records[static_cast<size_t>(k)];
+        const int least = g.least[static_cast<size_t>(k)], greatest = g.greatest[static_cast<size_t>(k)];
+        if (((recordsOf(pair) >> k) & 1u) == 0) {
+            // A record that has pairs still to come but not this one, or whose verdict is known
+            // and passes, sets no bound.
+            if (rec.lastPair > pair ||
+                (rec.minOk[static_cast<size_t>(least)] && rec.maxOk[static_cast<size_t>(greatest)]))
+                return 127;
+            continue;
+        }
+        if (rec.maxTop >= greatest) limit = std::max(limit, last + rec.maxTop);
+    }
+    return std::min(limit, 127);
 }
 
 } // namespace dv::engine

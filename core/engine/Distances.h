@@ -44,7 +44,14 @@ public:
     // The last numbers that some record can pass with, when len-1 numbers are placed, the last
     // one being last. A record's tables read as true or false: a column in the set still goes
     // through the exact match.
-    Mask lastNumbers(const Gaps& g, int last) const;
+    Mask lastNumbers(const Gaps& g, int last) const { return lastNumbersAfter(g, 0, 0, last); }
+    // The same when `last` has just been placed at pair `pair`, `gap` above the number before
+    // it, and g does not hold that gap yet (pair 0: nothing placed).
+    Mask lastNumbersAfter(const Gaps& g, int pair, int gap, int last) const;
+    // The greatest number that can follow `last` at pair `pair` (the pair of the next number)
+    // and still leave some record able to pass: a greater gap exceeds every greatest gap that the
+    // records choosing the pair allow. 127 when no record bounds it.
+    int nextLimit(const Gaps& g, int pair, int last) const;
 
 private:
     struct Record {
@@ -53,6 +60,7 @@ private:
         std::array<bool, 90> maxOk{};                 // d as the greatest gap passes
         std::array<uint8_t, 90> minUpTo{}, maxUpTo{}; // allowed d within 1..x
         Mask minGaps, maxGaps;                        // allowed d within 1..89
+        int maxTop = 0;                               // the greatest allowed d within 1..89
     };
     bool maxAllowedWithin(const Record& rec, int lo, int hi) const {
         return rec.maxUpTo[static_cast<size_t>(hi)] > rec.maxUpTo[static_cast<size_t>(lo - 1)];

@@ -46,7 +46,8 @@ Count RunProgress::boundaryAfter(Count c, int step) const {
 void RunProgress::publish(double counter) const {
     m_ctl.counter.store(counter, std::memory_order_relaxed);
     m_ctl.kept.store(m_kept, std::memory_order_relaxed);
-    const int step = m_stepSize > 0 ? static_cast<int>(std::nearbyint(std::min(counter / m_stepSize, 250.0))) : 0;
+    const int step =
+        m_stepSize > 0 ? static_cast<int>(std::nearbyint(std::min(counter / m_stepSize, 250.0))) : 0;
     m_ctl.bar.store(barOf(step), std::memory_order_relaxed);
 }
 
@@ -77,6 +78,11 @@ bool RunProgress::onEvent() {
     }
     m_nextEvent = std::min(m_nextBoundary, m_nextPoll);
     return true;
+}
+
+void RunProgress::waiting() {
+    publish(static_cast<double>(m_walked));
+    if (m_ctl.pauseRequested.load(std::memory_order_relaxed)) m_ctl.waitWhilePaused();
 }
 
 bool RunProgress::limit() {

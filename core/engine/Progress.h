@@ -57,7 +57,17 @@ public:
         return goOn;
     }
 
+    // While the run waits for work on other threads: publishes the counts and waits during a
+    // pause.
+    void waiting();
+    // Ends the run at the candidate reached: a stop seen by the threads that walk for it.
+    void stopHere() {
+        m_end = m_walked;
+        m_stopped = true;
+    }
+
     int32_t kept() const { return m_kept; }
+    const RunControl& control() const { return m_ctl; }
     bool stopped() const { return m_stopped; }
     // The counter the window shows last: the candidate where the run ended.
     double counter() const { return static_cast<double>(m_stopped ? m_end : m_walked); }

@@ -6,7 +6,14 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <bit>
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <new>
+#include <thread>
 #include <vector>
 
 namespace dv::engine {
@@ -55,10 +62,30 @@ inline uint32_t RangeBits(int lo, int hi) {
     return lo > hi ? 0 : (uint32_t{2} << hi) - (uint32_t{1} << lo);
 }
 
+// A part of the tree for another thread: the subtree under a prefix of `depth` indices (1-based).
+struct Part {
+    std::array<uint8_t, MaxLenColonna> idx{};
+    int depth = 0;
+};
+
+// What the walk of a part records for the thread that stores the columns: the kept columns in
+// order, the candidates rejected before each of them, and those after the last.
+struct PartResult {
+    std::vector<uint8_t> columns;
+    std::vector<Count> before;
+    Count after = 0;
+    bool failed = false;    // out of memory: the calling thread walks the part again
+    bool truncated = false; // ended by a stop asked while it was walked
+};
+
 class IntegralWalk {
 public:
     IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& progress);
     void run();
+    // The walk can be split into parts walked by several threads: no reduction links the
+    // columns, and the run is large enough.
+    bool splittable() const;
+    void runInParts(int threads);
 
 private:
     // Whether a prefix can still pass; DeadOnward: neither can the later numbers at its depth.
@@ -76,9 +103,34 @@ private:
     void fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, int32_t col0);
     bool unwind(int& d, int to);
     int childLimit(const Level& s, int d) const;
+    // Candidates rejected: to the run's progress, or to the part being walked.
+    bool reject(Count n) {
+        if (m_part == nullptr) return m_progress.reject(n);
+        m_part->after += n;
+        return partGoesOn();
+    }
+    // A part's walk waits during a pause and ends at a stop, or once the run has ended.
+    bool partGoesOn() {
+        const RunControl& ctl = m_progress.control();
+        if (ctl.pauseRequested.load(std::memory_order_relaxed)) ctl.pauseRequested.wait(true);
+        if (m_abort->load(std::memory_order_relaxed)) return false;
+        if (ctl.StopElaborazione.load(std::memory_order_relaxed)) {
+            m_part->truncated = true;
+            return false;
+        }
+        return true;
+    }
+    bool initRoot();
+    bool walkFrom(int base);
+    void walkPart(const Part& part, PartResult& out, const std::atomic<bool>& abort);
+    std::vector<Part> parts() const;
+    bool replay(const PartResult& r);
 
     Corpo& m_c;
     RunProgress& m_progress;
+    const uint8_t* m_numeri;
+    PartResult* m_part = nullptr; // the part being walked, on a thread that stores nothing
+    const std::atomic<bool>* m_abort = nullptr;
     int m_n, m_len;
     Mask m_universe;
     CompiledConditions m_cond;
@@ -131,7 +183,7 @@ private:
 };
 
 IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& progress)
-    : m_c(c), m_progress(progress), m_n(n), m_len(c.LenColonna), m_universe([&] {
+    : m_c(c), m_progress(progress), m_numeri(numeri), m_n(n), m_len(c.LenColonna), m_universe([&] {
           Mask u;
           for (int i = 0; i < n; ++i)
               u |= Mask::bit(numeri[i]);
@@ -391,7 +443,7 @@ bool IntegralWalk::unwind(int& d, int to) {
     for (int k = m_len - 1; k > to; --k)
         rest += Binomial(m_n - m_next[static_cast<size_t>(k)] + 1, m_len - k);
     d = to;
-    return m_progress.reject(rest);
+    return reject(rest);
 }
 
 // The last tests of a complete candidate (the prefix of depth d plus the number just entered,
@@ -401,7 +453,14 @@ bool IntegralWalk::leaf(int& d, Mask indices, bool distancesPassed) {
     const KeptIndex::Mode mode = m_kept.mode();
     if ((!distancesPassed && !m_cond.distancesPass(m_cand.data())) ||
         (!m_barring && mode != KeptIndex::Mode::Never && m_kept.fails(m_idx.data(), indices)))
-        return m_progress.reject(1);
+        return reject(1);
+    if (m_part != nullptr) {
+        m_part->columns.insert(m_part->columns.end(), m_cand.begin(), m_cand.begin() + m_len);
+        m_part->before.push_back(m_part->after);
+        m_part->after = 0;
+        // A part that keeps as many columns as the store holds reaches the limit in any case.
+        return m_part->before.size() < static_cast<size_t>(MaxColonne) && partGoesOn();
+    }
     m_c.Colonne.setColumn(m_progress.kept() + 1, m_cand.data(), m_len);
     if (mode == KeptIndex::Mode::Never) return m_progress.keep();
     m_kept.add(m_idx.data(), indices);
@@ -438,7 +497,7 @@ bool IntegralWalk::plainLeaves(int& d) {
             // The barred numbers up to the next free one, at once.
             const int to = std::min(FirstFree(p.barred, j - 1) + 1, m_n + 1);
             m_next[z] = to;
-            if (!m_progress.reject(static_cast<Count>(to - j))) return false;
+            if (!reject(static_cast<Count>(to - j))) return false;
             continue;
         }
         m_next[z] = j + 1;
@@ -523,7 +582,7 @@ bool IntegralWalk::lastNumbers(int& d) {
             const int v = 64 * half + std::countr_zero(w);
             const int k = m_indexOf[static_cast<size_t>(v)];
             if (m_barring && p.barred.has(k - 1)) continue;
-            if (k > j && !m_progress.reject(static_cast<Count>(k - j))) return false;
+            if (k > j && !reject(static_cast<Count>(k - j))) return false;
             m_next[z] = j = k + 1;
             m_cand[z] = static_cast<uint8_t>(v);
             m_idx[z] = static_cast<uint8_t>(k - 1);
@@ -533,7 +592,7 @@ bool IntegralWalk::lastNumbers(int& d) {
         }
     }
     m_next[z] = m_n + 1;
-    return j > m_n || m_progress.reject(static_cast<Count>(m_n + 1 - j));
+    return j > m_n || reject(static_cast<Count>(m_n + 1 - j));
 }
 
 // The candidates under the prefix of depth d = len-2 of an ascending forecast when no reduction
@@ -573,14 +632,17 @@ bool IntegralWalk::lastTwoNumbers(int d) {
     const bool orOpen = !m_tables[1]->satisfied && !p.orSatisfied;
     const bool xorOpen = !m_tables[2]->satisfied;
     const bool exact = !m_distanceBounds || m_distances.exact();
+    // A next number beyond this leaves the distance conditions no record that can pass.
+    const int highest = m_distanceBounds ? m_distances.nextLimit(p.gaps, d, lastP) : 127;
     // 4. Each next number, and the last numbers it leaves.
     Count pending = 0; // rejected candidates not yet reported
     int j = m_next[z];
     for (; j < m_n; ++j) {
         const auto y = static_cast<size_t>(j);
         const int v = m_value[y];
-        if (m_cond.somma && p.sum + v + m_value[y + 1] > m_cond.sommaMax) {
-            // A later next number and its least last number only raise the sum.
+        if (v > highest || (m_cond.somma && p.sum + v + m_value[y + 1] > m_cond.sommaMax)) {
+            // A later next number only widens its gap, and with its least last number only
+            // raises the sum.
             pending += Binomial(m_n - j + 1, 2);
             j = m_n;
             break;
@@ -615,9 +677,7 @@ bool IntegralWalk::lastTwoNumbers(int d) {
                                        : Mask{};
         }
         if (m_distanceBounds && allowed.any()) {
-            DistanceBounds::Gaps gaps = p.gaps;
-            m_distances.place(gaps, d, v - lastP);
-            allowed = allowed & m_distances.lastNumbers(gaps, v);
+            allowed = allowed & m_distances.lastNumbersAfter(p.gaps, d, v - lastP, v);
         }
         if (!allowed.any()) {
             pending += static_cast<Count>(m_n - j);
@@ -634,7 +694,7 @@ bool IntegralWalk::lastTwoNumbers(int d) {
                 const int k = m_indexOf[static_cast<size_t>(u)];
                 pending += static_cast<Count>(k - next);
                 next = k + 1;
-                if (pending != 0 && !m_progress.reject(pending)) return false;
+                if (pending != 0 && !reject(pending)) return false;
                 pending = 0;
                 m_cand[z + 1] = static_cast<uint8_t>(u);
                 m_idx[z + 1] = static_cast<uint8_t>(k - 1);
@@ -645,7 +705,7 @@ bool IntegralWalk::lastTwoNumbers(int d) {
         pending += static_cast<Count>(m_n + 1 - next);
     }
     m_next[z] = m_n + 1;
-    return pending == 0 || m_progress.reject(pending);
+    return pending == 0 || reject(pending);
 }
 
 // Stores the columns at offsets lo..hi-1 of the subtree whose position p starts at index i and
@@ -722,7 +782,8 @@ bool IntegralWalk::keepAll() {
     return true;
 }
 
-void IntegralWalk::run() {
+// Sets the root of the walk; false when no candidate can pass.
+bool IntegralWalk::initRoot() {
     Level& root = m_level[0];
     root = Level{};
     for (size_t t = 0; t < 3; ++t) {
@@ -739,26 +800,36 @@ void IntegralWalk::run() {
     root.childLimit = childLimit(root, 0);
     const bool tablesFail =
         m_cond.andTable.alwaysFails || m_cond.orTable.alwaysFails || m_cond.xorTable.alwaysFails;
-    if (tablesFail || bounds(root, 1, m_len) != Fit::Fits) {
-        m_progress.reject(Binomial(m_n, m_len));
+    return !tablesFail && bounds(root, 1, m_len) == Fit::Fits;
+}
+
+void IntegralWalk::run() {
+    if (!initRoot()) {
+        reject(Binomial(m_n, m_len));
         return;
     }
     if (m_plain && m_kept.mode() == KeptIndex::Mode::Never) {
         keepAll();
         return;
     }
-    int d = 0;
     m_next[0] = 1;
-    while (d >= 0) {
+    walkFrom(0);
+}
+
+// Walks the subtrees of the prefix of depth base (m_next[base] is its next number); false when
+// the run ends.
+bool IntegralWalk::walkFrom(int base) {
+    int d = base;
+    while (d >= base) {
         const auto z = static_cast<size_t>(d);
         const int r = m_len - d - 1; // numbers still to come after the one entered now
         if (r == 1 && m_lastTwo) {
-            if (!lastTwoNumbers(d)) return;
+            if (!lastTwoNumbers(d)) return false;
             --d;
             continue;
         }
         if (r == 0 && (m_plain || m_lastAsSet)) {
-            if (!(m_plain ? plainLeaves(d) : lastNumbers(d))) return;
+            if (!(m_plain ? plainLeaves(d) : lastNumbers(d))) return false;
             if (d == m_len - 1) --d;
             continue;
         }
@@ -771,7 +842,7 @@ void IntegralWalk::run() {
             const int to =
                 j > last ? m_n - r + 1 : std::min(FirstFree(m_level[z].barred, j - 1) + 1, last + 1);
             if (to > j) {
-                if (!m_progress.reject(Binomial(m_n - j + 1, r + 1) - Binomial(m_n - to + 1, r + 1))) return;
+                if (!reject(Binomial(m_n - j + 1, r + 1) - Binomial(m_n - to + 1, r + 1))) return false;
                 m_next[z] = j = to;
             }
         }
@@ -789,12 +860,12 @@ void IntegralWalk::run() {
                 skipped = Binomial(m_n - j + 1, r + 1);
                 m_next[z] = m_n - r + 1;
             }
-            if (!m_progress.reject(skipped)) return;
+            if (!reject(skipped)) return false;
             continue;
         }
         if (r == 0) {
             // 3. A complete candidate.
-            if (!leaf(d, m_level[static_cast<size_t>(m_len)].indices)) return;
+            if (!leaf(d, m_level[static_cast<size_t>(m_len)].indices)) return false;
             continue;
         }
         // 4. Go down: the numbers barred after the new prefix grow by its new subsets.
@@ -810,6 +881,140 @@ void IntegralWalk::run() {
         }
         if (m_barring) s.childLimit = childLimit(s, d);
     }
+    return true;
+}
+
+bool IntegralWalk::splittable() const {
+    const RunControl& ctl = m_progress.control();
+    return ctl.threads != 1 && m_kept.mode() == KeptIndex::Mode::Never && !m_plain && m_len >= 3 &&
+           static_cast<double>(Binomial(m_n, m_len)) >= ctl.parallelFrom;
+}
+
+// The parts in walk order: the subtrees of prefixes, each split further while it holds more
+// than a 256th of the run and its prefix is shorter than len-2 (the walk chooses the last two
+// numbers together).
+std::vector<Part> IntegralWalk::parts() const {
+    const Count limit = std::max<Count>(Binomial(m_n, m_len) / 256, 1);
+    std::vector<Part> out;
+    Part p;
+    auto split = [&](auto& self, int depth, int from) -> void {
+        for (int j = from; j <= m_n - (m_len - depth - 1); ++j) {
+            p.idx[static_cast<size_t>(depth)] = static_cast<uint8_t>(j);
+            if (Binomial(m_n - j, m_len - depth - 1) > limit && depth + 1 < m_len - 2) {
+                self(self, depth + 1, j + 1);
+            } else {
+                p.depth = depth + 1;
+                out.push_back(p);
+            }
+        }
+    };
+    split(split, 0, 1);
+    return out;
+}
+
+// Walks the subtree of one part into out; stops early when abort is set.
+void IntegralWalk::walkPart(const Part& part, PartResult& out, const std::atomic<bool>& abort) {
+    m_part = &out;
+    m_abort = &abort;
+    const int depth = part.depth;
+    bool open = initRoot();
+    for (int q = 0; q < depth && open; ++q) {
+        const int j = part.idx[static_cast<size_t>(q)];
+        open = enter(q, j, m_len - q - 1) == Fit::Fits;
+        m_next[static_cast<size_t>(q + 1)] = j + 1;
+    }
+    if (open)
+        walkFrom(depth);
+    else
+        out.after += Binomial(m_n - part.idx[static_cast<size_t>(depth - 1)], m_len - depth);
+    m_part = nullptr;
+}
+
+// Hands a walked part to the run's progress and stores its columns; false when the run ends.
+bool IntegralWalk::replay(const PartResult& r) {
+    for (size_t i = 0; i < r.before.size(); ++i) {
+        if (r.before[i] != 0 && !m_progress.reject(r.before[i])) return false;
+        m_c.Colonne.setColumn(m_progress.kept() + 1, &r.columns[i * static_cast<size_t>(m_len)], m_len);
+        if (!m_progress.keep()) return false;
+    }
+    return r.after == 0 || m_progress.reject(r.after);
+}
+
+// The walk split into parts that `threads` helper threads walk in turn, each into a result of
+// its own. The calling thread stores the walked parts in walk order, so the columns and every
+// report are those of one walk, and it alone reports; the helpers stay at most Window parts
+// ahead of it. While it waits for a part it still publishes the counts and pauses.
+void IntegralWalk::runInParts(int threads) {
+    if (!initRoot()) {
+        reject(Binomial(m_n, m_len));
+        return;
+    }
+    const std::vector<Part> all = parts();
+    const size_t count = all.size();
+    constexpr size_t Window = 64;
+    std::vector<PartResult> results(count);
+    const auto done = std::make_unique<std::atomic<int>[]>(count);
+    std::atomic<size_t> claimed{0}, stored{0};
+    std::atomic<bool> abort{false};
+    std::mutex mutex;
+    std::condition_variable walked;
+    auto helper = [&] {
+        IntegralWalk w(m_c, m_numeri, m_n, m_progress);
+        for (;;) {
+            const size_t k = claimed.fetch_add(1);
+            if (k >= count) return;
+            for (size_t seen = stored.load(); k >= seen + Window; seen = stored.load())
+                stored.wait(seen);
+            if (abort.load()) return;
+            try {
+                w.walkPart(all[k], results[k], abort);
+            } catch (const std::bad_alloc&) {
+                results[k] = PartResult{};
+                results[k].failed = true;
+            }
+            done[k].store(1, std::memory_order_release);
+            std::lock_guard<std::mutex> lock(mutex);
+            walked.notify_one();
+        }
+    };
+    std::vector<std::thread> helpers;
+    try {
+        for (int t = 0; t < threads; ++t)
+            helpers.emplace_back(helper);
+    } catch (const std::system_error&) {
+        // No more threads: those started walk every part; with none, the calling thread does.
+    }
+    for (size_t next = 0; next < count;) {
+        if (helpers.empty() || done[next].load(std::memory_order_acquire) != 0) {
+            PartResult& r = results[next];
+            if (helpers.empty() || r.failed) {
+                r = PartResult{};
+                walkPart(all[next], r, abort);
+            }
+            bool goOn = replay(r);
+            if (goOn && r.truncated) {
+                // A part cut short by a stop ends the run where its walk ended.
+                m_progress.stopHere();
+                goOn = false;
+            }
+            r = PartResult{};
+            stored.store(++next);
+            stored.notify_all();
+            if (!goOn) break;
+            continue;
+        }
+        std::unique_lock<std::mutex> lock(mutex);
+        walked.wait_for(lock, std::chrono::milliseconds(20),
+                        [&] { return done[next].load(std::memory_order_acquire) != 0; });
+        lock.unlock();
+        // A stop reaches the helpers, which end their parts at once.
+        m_progress.waiting();
+    }
+    abort.store(true);
+    stored.store(count + Window); // wakes a helper waiting for room
+    stored.notify_all();
+    for (std::thread& t : helpers)
+        t.join();
 }
 
 } // namespace
@@ -819,7 +1024,14 @@ bool CanWalk(const uint8_t* numeri, int n) {
 }
 
 void WalkIntegral(Corpo& c, const uint8_t* numeri, int n, RunProgress& progress) {
-    IntegralWalk(c, numeri, n, progress).run();
+    IntegralWalk walk(c, numeri, n, progress);
+    const int threads = progress.control().threads;
+    const int cores = static_cast<int>(std::thread::hardware_concurrency());
+    const int use = threads > 0 ? threads : std::clamp(cores, 1, 4);
+    if (use > 1 && walk.splittable())
+        walk.runInParts(use);
+    else
+        walk.run();
 }
 
 } // namespace dv::engine

@@ -44,9 +44,12 @@ struct Outcome {
 
 enum class Run { Develop, Redevelop };
 
-Outcome Execute(Corpo& c, Run run, bool literal, int stopAtStep) {
+// threads: 1 walks on the calling thread; 2 splits every development, however small.
+Outcome Execute(Corpo& c, Run run, bool literal, int stopAtStep, int threads = 1) {
     Recorder rec;
     RunControl ctl;
+    ctl.threads = threads;
+    ctl.parallelFrom = 0;
     rec.ctl = &ctl;
     rec.stopAtStep = stopAtStep;
     Outcome o;
@@ -146,20 +149,26 @@ using Held = std::vector<std::vector<uint8_t>>;
         if (!held.empty()) c->pronostico.NumColonne = static_cast<int32_t>(held.size());
     }
     const Outcome a = Execute(literal, run, true, stopAtStep);
-    const Outcome b = Execute(fast, run, false, stopAtStep);
+    Outcome b;
     std::string what;
-    if (a.r.counter != b.r.counter)
-        what = "counter";
-    else if (a.r.kept != b.r.kept)
-        what = "kept";
-    else if (a.r.stopped != b.r.stopped)
-        what = "stopped";
-    else if (a.numColonne != b.numColonne || a.descrizione != b.descrizione || a.stop != b.stop)
-        what = "state";
-    else if (a.log != b.log)
-        what = "progress reports";
-    else if (Store(literal, a.r.kept) != Store(fast, b.r.kept))
-        what = "stored columns";
+    // A development also runs split over two threads, from the same state.
+    for (int threads = 1; threads <= (run == Run::Develop && !again ? 2 : 1) && what.empty(); ++threads) {
+        if (threads == 2) fast = state;
+        b = Execute(fast, run, false, stopAtStep, threads);
+        if (a.r.counter != b.r.counter)
+            what = "counter";
+        else if (a.r.kept != b.r.kept)
+            what = "kept";
+        else if (a.r.stopped != b.r.stopped)
+            what = "stopped";
+        else if (a.numColonne != b.numColonne || a.descrizione != b.descrizione || a.stop != b.stop)
+            what = "state";
+        else if (a.log != b.log)
+            what = "progress reports";
+        else if (Store(literal, a.r.kept) != Store(fast, b.r.kept))
+            what = "stored columns";
+        if (!what.empty() && threads == 2) what += " on two threads";
+    }
     if (what.empty()) return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure()
            << (run == Run::Develop ? "development" : "re-development") << " differs in " << what << " (seed "
