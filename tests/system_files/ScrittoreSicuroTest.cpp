@@ -1,12 +1,16 @@
 // The safe writer under concurrent saves of one file, and the names of its temporary files.
 #include "system_files/ScrittoreSicuro.h"
+#include "archive/Conversione.h"
 #include "core/Cartelle.h"
+#include "print/TaraturaScheda.h"
+#include "settings/classINI.h"
 #include "tests/system_files/SupportoFile.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <filesystem>
+#include <functional>
 #include <thread>
 
 using namespace dv;
@@ -67,4 +71,37 @@ TEST(ScrittoreSicuro, StartUpRemovesOnlyTheLeftoversOfSavesWhoseProcessIsGone) {
     EXPECT_TRUE(fs::is_empty(PercorsoIn(app, {"temp"})));
     for (const std::string& f : altri)
         EXPECT_TRUE(fs::exists(f)) << f;
+}
+
+// The writers outside the system files (settings, calibration, archive conversion) fail at any
+// byte as the disk fills up and keep the previous file byte for byte, with nothing beside it.
+TEST(ScrittoreSicuro, EveryWriterFailingAtAnyByteKeepsThePreviousFile) {
+    namespace fs = std::filesystem;
+    CartellaTemporanea dir;
+    std::string riga = "01/03/2024 7";
+    for (int n = 1; n <= 22; ++n)
+        riga += " " + std::to_string(n);
+    const std::string sorgente = dir.file("in.txt");
+    Bytes{}.text(riga + "\r\n" + riga + "\r\n" + riga + "\r\n" + riga + "\r\n").save(sorgente);
+    SlipCalibration cal;
+    cal.STAMPANTE = "Stampante dell'ufficio";
+    const std::pair<const char*, std::function<bool(const std::string&)>> scrittori[] = {
+        {"settings",
+         [](const std::string& f) { return classINI(f).setProperty("S", "K", std::string(200, 'v')); }},
+        {"calibration", [&](const std::string& f) { return SalvaTaratura(f, cal); }},
+        {"archive", [&](const std::string& f) { return ConvertArchivioTmpToDat(sorgente, f).completata(); }},
+    };
+    for (const auto& [nome, salva] : scrittori) {
+        const std::string path = dir.file(std::string(nome) + ".out");
+        Bytes{}.text("[S]\nprevious=1\n").save(path);
+        for (uint64_t taglio : {0u, 1u, 17u, 100u}) {
+            GuastoScrittura guasto(taglio);
+            EXPECT_FALSE(salva(path)) << nome << " " << taglio;
+            EXPECT_EQ(ReadText(path), "[S]\nprevious=1\n") << nome << " " << taglio;
+        }
+        EXPECT_TRUE(salva(path)) << nome;
+        EXPECT_GT(ReadText(path).size(), 100u) << nome;
+        fs::remove(path);
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir.file("")), fs::directory_iterator{}), 1); // the source
 }
