@@ -63,14 +63,15 @@ void ControllaSezione(QWidget& form, const QStringList& righe, const std::string
     EXPECT_FALSE(righe.isEmpty()) << file << " has no section " << form.objectName().toStdString();
     for (const QString& riga : righe) {
         const QString nome = riga.left(riga.indexOf(QLatin1Char('.')));
-        if (nome != form.objectName())
+        if (nome != form.objectName()) {
             EXPECT_TRUE(test::Controllo<QObject>(form, nome.toLatin1().constData()))
                 << file << ": " << riga.toStdString();
-        else if (riga.startsWith(nome + QStringLiteral(".Caption=")))
+        } else if (riga.startsWith(nome + QStringLiteral(".Caption="))) {
             EXPECT_TRUE(
                 form.windowTitle().startsWith(riga.section(QLatin1Char('"'), 1, 1), Qt::CaseInsensitive))
                 << file << ": " << riga.toStdString() << " but the title is "
                 << form.windowTitle().toStdString();
+        }
     }
 }
 
