@@ -201,11 +201,11 @@ enum class ModoSpoglio { Automatico, Semplice, DueThread };
 // True when the processor runs the checks' AVX2 loops.
 bool ConAvx2();
 
-// Blocks b0..b1-1 (at most 32) of the planes with each plane's words side by side, so that
+// Blocks b0..b1-1 (at most 64) of the planes with each plane's words side by side, so that
 // ContaTrasposti counts four blocks at once. Loaded once, it serves every draw.
 class BlocchiTrasposti {
 public:
-    static constexpr int32_t MaxBlocchi = 32;
+    static constexpr int32_t MaxBlocchi = 64;
     void carica(const PianiColonne& p, int32_t b0, int32_t b1);
     int32_t b0() const { return m_b0; }
     int32_t b1() const { return m_b1; }

@@ -69,7 +69,7 @@ __attribute__((target("avx2"))) void ContaTrasposti(const PianiColonne& p, const
     const bool conOro = e.pianoOro >= 0 || e.pianoDoppio >= 0;
     const int32_t vettori = (t.b1() - t.b0() + 3) / 4;
     // Per count of hits: all the columns, those with the Numero Oro, the Doppio Oro, both; as
-    // bytes, each at most 8 per vector, so the at most 8 vectors of a run never overflow.
+    // bytes, each at most 8 per vector, so the at most 16 vectors of a run never overflow.
     static_assert(BlocchiTrasposti::MaxBlocchi / 4 * 8 <= 255);
     __m256i acc[11][4];
     for (auto& a : acc)
