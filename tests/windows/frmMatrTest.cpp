@@ -224,6 +224,9 @@ TEST_F(frmMatrTest, UpdateFromTheServerSkipsHostileNamesAndListsEverything) {
     EXPECT_EQ(f.catalogo().size(), 3u); // no custom row without a filter
     trova<QPushButton>(f, "cmdUpdateMatrix")->click();
     f.attendi();
+    // The one file the server lacks is named with the reason.
+    ASSERT_FALSE(ui.boxes.empty());
+    EXPECT_EQ(ui.boxes.back().text, "<0256>\nMANCANTE.DAT: <0250>");
     EXPECT_TRUE(f.isEnabled());
     EXPECT_TRUE(trova<QWidget>(f, "frameInfo")->isVisibleTo(&f));
     ASSERT_EQ(f.catalogo().size(), 4u);
