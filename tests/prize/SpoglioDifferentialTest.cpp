@@ -99,7 +99,7 @@ TEST_F(SpoglioDifferenziale, ArchiveCheckMatchesTheLiteralLoopWithTheSameBoxes) 
     Casuale r(99);
     for (int caso = 0; caso < 150; ++caso) {
         std::vector<int> forecast;
-        r.giocata(*c, r.tra(0, caso % 10 == 0 ? 3000 : 200), forecast);
+        r.giocata(*c, r.tra(0, caso % 10 == 0 ? 12000 : 200), forecast);
         // An archive of a few dates with a few draws each.
         ArrayEstrazioni a(1);
         const int date = r.tra(1, 5);
