@@ -80,9 +80,13 @@ bool RunProgress::onEvent() {
     return true;
 }
 
-void RunProgress::waiting() {
+bool RunProgress::waiting() {
     publish(static_cast<double>(m_walked));
-    if (m_ctl.pauseRequested.load(std::memory_order_relaxed)) m_ctl.waitWhilePaused();
+    if (!m_ctl.pauseRequested.load(std::memory_order_relaxed)) return true;
+    m_ctl.waitWhilePaused();
+    if (!m_ctl.StopElaborazione) return true;
+    stopHere();
+    return false;
 }
 
 bool RunProgress::limit() {

@@ -58,8 +58,9 @@ public:
     }
 
     // While the run waits for work on other threads: publishes the counts and waits during a
-    // pause.
-    void waiting();
+    // pause. A stop asked during the pause ends the run here, at the counts the pause showed:
+    // false then.
+    bool waiting();
     // Ends the run at the candidate reached: a stop seen by the threads that walk for it.
     void stopHere() {
         m_end = m_walked;

@@ -1007,8 +1007,9 @@ void IntegralWalk::runInParts(int threads) {
         walked.wait_for(lock, std::chrono::milliseconds(20),
                         [&] { return done[next].load(std::memory_order_acquire) != 0; });
         lock.unlock();
-        // A stop reaches the helpers, which end their parts at once.
-        m_progress.waiting();
+        // A stop reaches the helpers, which end their parts at once; one asked during a pause
+        // ends the run at the counts the pause showed.
+        if (!m_progress.waiting()) break;
     }
     abort.store(true);
     stored.store(count + Window); // wakes a helper waiting for room

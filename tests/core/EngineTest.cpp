@@ -70,3 +70,41 @@ TEST(Engine, StopSetFromAnotherThreadEndsALongRunPromptly) {
     EXPECT_EQ(c.pronostico.Descrizione, "D - ***");
     EXPECT_LT(took, std::chrono::seconds(5));
 }
+
+TEST(Engine, StopAskedDuringAPauseEndsAtThePausedCountsWithTheColumnsOfTheWalk) {
+    Corpo full;
+    full.LenColonna = 6;
+    test::SetForecast(full, test::Range(1, 40)); // 3,838,380 candidates, a third kept
+    full.condizioni.CondPari = Vero;
+    full.condizioni.TabPari[3] = Vero;
+    Corpo c = full;
+    Steps quiet;
+    RunControl whole;
+    whole.threads = 1;
+    const RunResult all = SviluppaIntegrale(full, 40, full.pronostico.Numeri.data(), whole, quiet, "D");
+    for (int threads : {1, 2}) {
+        RunControl ctl;
+        ctl.threads = threads;
+        ctl.parallelFrom = 0;
+        ctl.pauseRequested = true; // served at the run's first look at the flags
+        double counter = -1;
+        int32_t kept = -1;
+        std::thread user([&] {
+            while (!ctl.paused)
+                std::this_thread::yield();
+            counter = ctl.counter;
+            kept = ctl.kept;
+            ctl.StopElaborazione = true;
+            ctl.resume();
+        });
+        const RunResult r = SviluppaIntegrale(c, 40, c.pronostico.Numeri.data(), ctl, quiet, "D");
+        user.join();
+        EXPECT_TRUE(r.stopped) << threads;
+        EXPECT_EQ(r.counter, counter) << threads;
+        EXPECT_EQ(r.kept, kept) << threads;
+        ASSERT_LT(r.kept, all.kept);
+        for (int32_t j = 1; j <= r.kept; ++j)
+            for (int p = 1; p <= 6; ++p)
+                ASSERT_EQ(c.Colonne.get(j, p), full.Colonne.get(j, p)) << "column " << j << ", " << threads;
+    }
+}
