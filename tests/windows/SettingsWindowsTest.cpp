@@ -63,16 +63,20 @@ std::vector<std::string> testiBox(const FakeUi& ui) {
     return out;
 }
 
+// A data folder, the settings and a recording Ui for each test.
+struct FinestraImpostazioni : ::testing::Test {
+    Cartella app;
+    dv::Impostazioni imp;
+    FakeUi ui;
+};
+
 } // namespace
 
-TEST(frmImpostazioni, ShowsTheSettingsInTheLanguageInUse) {
-    Cartella app;
+TEST_F(FinestraImpostazioni, ShowsTheSettingsInTheLanguageInUse) {
     app.conLingue().conImpostazioni(
         "[IMPOSTAZIONI]\r\nINTESTAZIONE=RICEVITORIA 42\r\nSTAMPANTE TABULATO=Laser B\r\n"
         "MODALITA' RICALCOLO=TRUE\r\nSORGENTE RICALCOLO=2\r\nLINGUA=ENGLISH\r\n");
-    dv::Impostazioni imp;
     dv::Lingua lingua{app.path(), ""};
-    FakeUi ui;
     lingua.CurrentLanguage = "ENGLISH";
     dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({"Laser A", "Laser B"}));
     EXPECT_TRUE(ui.boxes.empty()) << testiBox(ui).front();
@@ -85,13 +89,10 @@ TEST(frmImpostazioni, ShowsTheSettingsInTheLanguageInUse) {
     EXPECT_TRUE(dv::elementoArray<QRadioButton>(f, QStringLiteral("optModoRicalcolo"), 0)->isChecked());
 }
 
-TEST(frmImpostazioni, ChoosingALanguageAppliesItAtOnceAndSavingStoresIt) {
-    Cartella app;
+TEST_F(FinestraImpostazioni, ChoosingALanguageAppliesItAtOnceAndSavingStoresIt) {
     app.conLingue().conImpostazioni("[IMPOSTAZIONI]\r\nLINGUA=italiano\r\n");
-    dv::Impostazioni imp;
     dv::Lingua lingua{app.path(), ""};
     dv::ReadConfiguration(app.path(), imp, lingua);
-    FakeUi ui;
     dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({"Laser A"}));
     EXPECT_EQ(f.windowTitle(), "Impostazioni");
     EXPECT_EQ(trova<QComboBox>(f, "cmbLingua")->currentText(), "ITALIANO"); // shown in capitals
@@ -121,12 +122,10 @@ TEST(frmImpostazioni, ChoosingALanguageAppliesItAtOnceAndSavingStoresIt) {
     EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "SERVER", "none"), "none");
 }
 
-TEST(frmImpostazioni, AMachineWithoutPrintersIsToldSoAndASettingsFileThatCannotBeWrittenKeepsTheWindow) {
-    Cartella app;
+TEST_F(FinestraImpostazioni,
+       AMachineWithoutPrintersIsToldSoAndASettingsFileThatCannotBeWrittenKeepsTheWindow) {
     app.conLingue();
-    dv::Impostazioni imp;
     dv::Lingua lingua{app.path(), "ITALIANO"};
-    FakeUi ui;
     dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({}));
     // No language is set in the file: the list asks for one, then the printers are missing.
     EXPECT_EQ(testiBox(ui), (std::vector<std::string>{"Select Language", "Printer not found"}));
@@ -139,14 +138,11 @@ TEST(frmImpostazioni, AMachineWithoutPrintersIsToldSoAndASettingsFileThatCannotB
     EXPECT_NE(f.result(), QDialog::Accepted);
 }
 
-TEST(frmImpostazioni, FirstStartDownloadsTheLanguagesFromTheServer) {
+TEST_F(FinestraImpostazioni, FirstStartDownloadsTheLanguagesFromTheServer) {
     ServerProcess server(Sorgente + QStringLiteral("/server/sample-data"));
     ASSERT_TRUE(server.running());
-    Cartella app;
     app.conImpostazioni("[IMPOSTAZIONI]\r\nSERVER=" + server.base() + "\r\n");
-    dv::Impostazioni imp;
     dv::Lingua lingua{app.path(), ""};
-    FakeUi ui;
     dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({"Laser A"}, dv::ScaricatoreDiRete()));
     QComboBox* lingue = trova<QComboBox>(f, "cmbLingua");
     ASSERT_EQ(lingue->count(), 2);
@@ -167,27 +163,23 @@ TEST(frmImpostazioni, FirstStartDownloadsTheLanguagesFromTheServer) {
     EXPECT_EQ(testiBox(ui).back(), "2 installed");
 }
 
-TEST(frmImpostazioni, FirstStartWithoutNetworkSaysNoLanguageWasFound) {
+TEST_F(FinestraImpostazioni, FirstStartWithoutNetworkSaysNoLanguageWasFound) {
     QTcpServer closed;
     closed.listen(QHostAddress::LocalHost, 0);
     const auto port = closed.serverPort();
     closed.close();
-    Cartella app;
     app.conImpostazioni("[IMPOSTAZIONI]\r\nSERVER=http://127.0.0.1:" + std::to_string(port) + "\r\n");
-    dv::Impostazioni imp;
     dv::Lingua lingua{app.path(), ""};
-    FakeUi ui;
     dv::frmImpostazioni f(imp, lingua, ui, nullptr, servizi({}, dv::ScaricatoreDiRete()));
     EXPECT_EQ(testiBox(ui), std::vector<std::string>{"Warning files language not found"});
     // The buttons say that the server cannot be reached, and why.
     trova<QPushButton>(f, "cmdInfoLanguage")->click();
     trova<QPushButton>(f, "cmdLangUpdate")->click();
-    EXPECT_EQ(testiBox(ui),
-              (std::vector<std::string>{"Warning files language not found", "<0233>\n<0243>",
-                                        "Warning files language not found", "<0254> <0243>"}));
+    EXPECT_EQ(testiBox(ui), (std::vector<std::string>{"Warning files language not found", "<0233>\n<0243>",
+                                                      "Warning files language not found", "<0254> <0243>"}));
 }
 
-TEST(NewVersion, NewerOnTheServerShowsTheWindowOtherwiseStartsWithoutAWord) {
+TEST_F(FinestraImpostazioni, NewerOnTheServerShowsTheWindowOtherwiseStartsWithoutAWord) {
     QTemporaryDir data;
     QDir().mkpath(data.filePath(QStringLiteral("public/10elotto")));
     auto versione = [&data](const QByteArray& v) {
@@ -197,12 +189,9 @@ TEST(NewVersion, NewerOnTheServerShowsTheWindowOtherwiseStartsWithoutAWord) {
     };
     ServerProcess server(data.path());
     ASSERT_TRUE(server.running());
-    Cartella app;
     app.conImpostazioni("[IMPOSTAZIONI]\r\nSERVER=" + server.base() + "\r\n");
-    dv::Impostazioni imp;
     dv::Lingua lingua;
     dv::ReadConfiguration(app.path(), imp, lingua);
-    FakeUi ui;
 
     EXPECT_FALSE(dv::NewVersion(imp, app.path(), ui)); // no ver.asp: 404
     versione(QByteArray::fromStdString(dv::VersioneProgramma()) + "\r\n");
