@@ -175,7 +175,7 @@ RigaFiltro RigaToColonnaFiltro(std::string_view line, int32_t mask) {
 
 std::optional<int32_t> loadFileToFilters(TabellaFiltri& table, Ui& ui, const std::string& path,
                                          int32_t mask) {
-    LettoreTesto in(path, MaxRigaFiltro, LettoreTesto::FineRiga::Lf);
+    LettoreTesto in(path, MaxRigaFiltro);
     if (!in.aperto()) {
         MostraErrore(ui, errori::Apertura(path), std::string(" --> ") + path + ChiusuraFile);
         return std::nullopt;

@@ -72,7 +72,7 @@ MATRIX_STRUCTURE ImportMatrixText(const std::string& path, Ui& ui, double oggi) 
         const uint64_t size = std::filesystem::file_size(path, ec);
         if (ec) throw errori::Apertura(path);
         if (size > MaxFileTestoMatrice) throw errori::MemoriaEsaurita();
-        LettoreTesto in(path, MaxRigaMatrice, LettoreTesto::FineRiga::Lf);
+        LettoreTesto in(path, MaxRigaMatrice);
         if (!in.aperto()) throw errori::Apertura(path);
 
         // 1. The non-empty lines, cleaned; at most 100,000.

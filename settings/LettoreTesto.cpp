@@ -13,8 +13,8 @@ namespace {
 constexpr size_t Blocco = 1 << 16;
 }
 
-LettoreTesto::LettoreTesto(const std::string& path, size_t maxRiga, FineRiga fine)
-    : m_file(std::fopen(path.c_str(), "rb")), m_max(maxRiga), m_fine(fine), m_buf(new char[Blocco]) {
+LettoreTesto::LettoreTesto(const std::string& path, size_t maxRiga)
+    : m_file(std::fopen(path.c_str(), "rb")), m_max(maxRiga), m_buf(new char[Blocco]) {
     // A folder opens for reading too, and a pipe could wait for ever: only files are read.
     struct stat st {};
     if (m_file && (::fstat(::fileno(m_file), &st) != 0 || !S_ISREG(st.st_mode))) {
@@ -44,21 +44,9 @@ LettoreTesto::Esito LettoreTesto::leggi(std::string& riga) {
             ++m_numero;
             return Esito::Riga;
         }
-        if (m_saltaLF) {
-            m_saltaLF = false;
-            if (m_buf[m_pos] == '\n') {
-                ++m_pos;
-                continue;
-            }
-        }
         const char* p = m_buf.get() + m_pos;
         const size_t n = m_len - m_pos;
         const char* e = static_cast<const char*>(std::memchr(p, '\n', n));
-        if (m_fine == FineRiga::CrLf) {
-            const char* cr =
-                static_cast<const char*>(std::memchr(p, '\r', e ? static_cast<size_t>(e - p) : n));
-            if (cr) e = cr;
-        }
         const size_t k = e ? static_cast<size_t>(e - p) : n;
         letto = true;
         if (riga.size() + k > m_max) {
@@ -71,10 +59,7 @@ LettoreTesto::Esito LettoreTesto::leggi(std::string& riga) {
         m_pos += k;
         if (!e) continue;
         ++m_pos;
-        if (*e == '\r')
-            m_saltaLF = true;
-        else if (m_fine == FineRiga::Lf && !riga.empty() && riga.back() == '\r')
-            riga.pop_back();
+        if (!riga.empty() && riga.back() == '\r') riga.pop_back();
         ++m_numero;
         return Esito::Riga;
     }

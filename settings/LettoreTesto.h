@@ -16,10 +16,9 @@ class Ui;
 class LettoreTesto {
 public:
     enum class Esito { Riga, Fine, TroppoLunga, ErroreLettura };
-    // Lf: a line ends at LF and loses one CR before it. CrLf: CR, LF and CR LF each end a line.
-    enum class FineRiga { Lf, CrLf };
 
-    LettoreTesto(const std::string& path, size_t maxRiga, FineRiga fine);
+    // Lines end at LF, each losing one CR before it. Only regular files are opened.
+    LettoreTesto(const std::string& path, size_t maxRiga);
     ~LettoreTesto();
     LettoreTesto(const LettoreTesto&) = delete;
     LettoreTesto& operator=(const LettoreTesto&) = delete;
@@ -37,10 +36,8 @@ private:
 
     std::FILE* m_file = nullptr;
     size_t m_max;
-    FineRiga m_fine;
     std::unique_ptr<char[]> m_buf;
     size_t m_pos = 0, m_len = 0;
-    bool m_saltaLF = false; // the LF of a CR LF split across two reads
     bool m_troppoLunga = false;
     int64_t m_numero = 0;
 };
