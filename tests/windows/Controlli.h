@@ -1,4 +1,4 @@
-// Finding the controls of a window by their design names and working them as a user would.
+// Finding the controls of a window by their object names and working them as a user would.
 #pragma once
 
 #include "core/Avvio.h"
