@@ -66,10 +66,12 @@ QString Accese(const TabellaCelle& t, int n) {
 class DialoghiTest : public QObject {
     Q_OBJECT
 
+    test::FakeUi ui; // new for each test
+
 private slots:
+    void init() { ui = test::FakeUi(); }
     void sommaWritesItsRangeAndRefusesABadOne() {
         Corpo c = ConPronostico(test::Range(1, 12), 4);
-        test::FakeUi ui;
         frmSomma w(c, ui);
         w.show();
         QCOMPARE(Testi(w, "labMin labMax meDa"), QString("10|42|10"));
@@ -94,7 +96,6 @@ private slots:
 
     void pariSweepSetsCountsOfEvenNumbers() {
         Corpo c = ConPronostico(test::Range(1, 10), 5);
-        test::FakeUi ui;
         frmPari w(c, ui);
         w.show();
         QVERIFY(w.celle()->cella(5)->isVisible());
@@ -110,7 +111,6 @@ private slots:
 
     void fisseOnlyForecastNumbersAndTheDevelopmentKeepsThem() {
         Corpo c = ConPronostico({3, 8, 15, 16, 23, 42, 77}, 4);
-        test::FakeUi ui;
         {
             frmFisse w(c, ui);
             w.show();
@@ -132,7 +132,6 @@ private slots:
 
     void consecutiviCellsBecomeTheMask() {
         Corpo c = ConPronostico({1, 2, 3, 4, 10, 11, 20, 30}, 4);
-        test::FakeUi ui;
         frmConsecutivi w(c, ui);
         w.show();
         QCOMPARE(Testi(w, "l1"), QString("04"));
@@ -147,7 +146,6 @@ private slots:
     void ridottoOnSevenNumbersKeepsTheFanoPlaneAndTurnsDistanzaOff() {
         Corpo c = ConPronostico(test::Range(1, 7), 3);
         c.distanzaMinima.CondDistanzaMinima = Vero;
-        test::FakeUi ui;
         {
             frmRidotto w(c, ui);
             w.show();
@@ -167,7 +165,6 @@ private slots:
     void distanzaMinimaOfTheLengthKeepsDisjointColumns() {
         Corpo c = ConPronostico(test::Range(1, 9), 3);
         c.condizioni.CondRidotto = Vero;
-        test::FakeUi ui;
         {
             frmDistanzaMinima w(c, ui);
             w.show();
@@ -190,7 +187,6 @@ private slots:
         c.condizioni.SommaMinMax = {15, 30};
         c.condizioni.TabPari[2] = Vero;
         c.SistemaBloccato = -1;
-        test::FakeUi ui;
         frmSomma somma(c, ui);
         somma.show();
         QVERIFY(Elemento<QRadioButton>(somma, "optCondSomma", 0)->isChecked());
@@ -211,7 +207,6 @@ private slots:
     void viewerPagesThroughTheSystem() {
         Corpo c = ConPronostico(test::Range(1, 8), 3);
         QCOMPARE(Sviluppa(c), 56); // six panels, the last with six lines
-        test::FakeUi ui;
         frmVisualizza w(c, ui);
         w.show();
         const auto vai = [&w](const char* pulsante) { test::Clicca(w.findChild<QPushButton*>(pulsante)); };
@@ -234,7 +229,6 @@ private slots:
 
     void forecastOrderDraggedReachesNumeri() {
         Corpo c = ConPronostico({5, 10, 20, 40}, 2);
-        test::FakeUi ui;
         {
             frmOrdinaPronostico w(c, ui);
             w.show();
@@ -262,7 +256,6 @@ private slots:
     void forecastOrderRandomIsDrawnFromTheSeedEvenWhenLocked() {
         Corpo c = ConPronostico(test::Range(11, 30), 5);
         c.SistemaBloccato = -1;
-        test::FakeUi ui;
         Corpo atteso = c;
         OrdinePronostico logica(atteso);
         logica.casuale(99);

@@ -57,9 +57,9 @@ private slots:
         QCOMPARE(
             Testi(f, "frmFiltri lblnFiltro lblTotFiltri lblTotFiltriON lblTotFiltriOFF lblNumSelezionati"),
             QString(" Colonne Filtro - OR|01|150.000|01|149.999|2"));
-        QCOMPARE(Sfondo(Elemento(f, "labGriglia", 2)), Blu);
-        QCOMPARE(Sfondo(Elemento(f, "labGriglia", 4)), Bianco);
-        QCOMPARE(Sfondo(Elemento(f, "labGriglia", 49)), Grigio);
+        for (const auto& [i, colore] :
+             std::vector<std::pair<int, QColor>>{{2, Blu}, {4, Bianco}, {49, Grigio}})
+            QCOMPARE(Sfondo(Elemento(f, "labGriglia", i)), colore);
         QCOMPARE(Sfondo(Elemento(f, "lbPresenze", 1)), Rosso);
         QVERIFY(Elemento<QRadioButton>(f, "optCond", 0)->isChecked());
         QVERIFY(!Elemento(f, "lbPresenze", 6)->isHidden());
