@@ -3,6 +3,7 @@
 #include "core/Helpers.h"
 #include "core/Sistema.h"
 #include "settings/Ansi.h"
+#include "settings/LettoreTesto.h"
 #include "system_files/ErroreEsecuzione.h"
 #include "system_files/FlussoBinario.h"
 
@@ -198,12 +199,6 @@ void PagineGrandi(void* p, size_t n) {
 #else
     (void)p, (void)n;
 #endif
-}
-
-// At most this much of a bad line is shown back in its message, then "...".
-std::string Spezzone(std::string_view riga) {
-    constexpr size_t MaxEco = 80;
-    return riga.size() <= MaxEco ? std::string(riga) : std::string(riga.substr(0, MaxEco)) + "...";
 }
 
 // The parts of a line between separators; runs of separators give no empty parts.
@@ -409,7 +404,7 @@ bool ImportaColonneTxt(Corpo& c, Ui& ui, const std::string& path) {
             }
             ui.setBusy(false);
         } catch (const ErroreEsecuzione& e) {
-            MostraErrore(ui, e, ") in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [" + AnsiToUtf8(Spezzone(pezzo)) + "]");
+            MostraErrore(ui, e, ") in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [" + AnsiToUtf8(Spezzone(pezzo, 80)) + "]");
             if (occupato) ui.setBusy(false);
             return false;
         }
