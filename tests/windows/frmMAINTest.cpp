@@ -16,7 +16,6 @@
 
 #include <QMenu>
 #include <QMenuBar>
-#include <QProgressBar>
 #include <QThread>
 
 #include <algorithm>
@@ -95,24 +94,9 @@ private slots:
     }
     void cleanup() { chiudi(); }
 
-    void startsEmptyWithTheFirstStakeAndKindOfPlay() {
-        QCOMPARE(pannello(1) + "|" + pannello(2) + "|" + pannello(3),
-                 QStringLiteral("nuovo.dvs|0|\u20AC 0,00"));
-        QVERIFY(opzione("optImporto", 0)->isChecked());
-        QVERIFY(opzione("optTipoGiocata", 0)->isChecked());
-        QVERIFY(m_main->windowTitle().startsWith(QStringLiteral("Dorvanta - Ver. ")));
-        QCOMPARE(test::Testi(*m_main, "labnumeri cmdCalcolo optImporto(8) cmdCancella"),
-                 QStringLiteral("Numeri in gioco [00]|&Elabora Sistema|50|Cance&lla Sistema"));
-        QCOMPARE(m_main->menu(QStringLiteral("menuOperazioni"))->title(), QStringLiteral("&Operazioni"));
-        QCOMPARE(abilitati({"cmdCalcolo", "menuOperazioni", "cmdModifiche"}), QString());
-    }
-
     void clickAndSweepToggleCells() {
         clicca(6);
-        QCOMPARE(m_corpo->pronostico.Quanti, 1);
-        QCOMPARE(cella(6)->property("tag").toString(), QStringLiteral("1"));
         QVERIFY(cella(6)->styleSheet().contains(QStringLiteral("rgb(255,128,0)")));
-        QCOMPARE(etichetta("labnumeri")->text(), QStringLiteral("Numeri in gioco [01]"));
         clicca(6);
         QCOMPARE(cella(6)->property("tag").toString(), QStringLiteral("0"));
 
@@ -127,22 +111,18 @@ private slots:
         QCOMPARE(m_corpo->pronostico.Quanti, 5);
     }
 
-    void operationsFollowTheCountAndTheColumnLength() {
+    void startsEmptyAndOperationsFollowTheCountAndTheColumnLength() {
+        QCOMPARE(pannello(1) + "|" + pannello(2) + "|" + pannello(3),
+                 QStringLiteral("nuovo.dvs|0|\u20AC 0,00"));
+        QVERIFY(opzione("optImporto", 0)->isChecked() && opzione("optTipoGiocata", 0)->isChecked());
         scegliDa1A(9);
-        QVERIFY(!abilitato("cmdCalcolo"));
-        QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("0"));
+        QCOMPARE(abilitati({"cmdCalcolo", "menuOperazioni", "cmdModifiche"}), QString());
         clicca(9);
         QCOMPARE(abilitati({"cmdCalcolo", "menuOperazioni"}), QStringLiteral("cmdCalcolo menuOperazioni"));
         QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("1"));
-        clicca(9);
+        lunghezza()->setValue(11);
+        QCOMPARE(etichetta("lbLenCol")->text(), QStringLiteral("11"));
         QVERIFY(!abilitato("cmdCalcolo"));
-        scegli({10, 11, 12});
-        QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("66"));
-        lunghezza()->setValue(13);
-        QCOMPARE(m_corpo->LenColonna, 13);
-        QCOMPARE(etichetta("lbLenCol")->text(), QStringLiteral("13"));
-        QVERIFY(!abilitato("cmdCalcolo"));
-        QCOMPARE(m_corpo->pronostico.Quanti, 12);
     }
 
     void developmentRunsOffTheWindowThreadLocksAndModificaSistemaGivesUpTheColumnsOnly() {
@@ -157,8 +137,6 @@ private slots:
         QVERIFY(spy.wait(60000));
         QVERIFY(m_main->isEnabled());
         QVERIFY(!m_main->operazioni().worker().finestra()->isVisible());
-        QCOMPARE(m_main->operazioni().worker().finestra()->colonneSistema(), 66.0);
-        QCOMPARE(m_corpo->pronostico.NumColonne, 66);
         // The status line: the count, the cost of the stake and kind of play, the kind of system.
         QCOMPARE(pannello(2) + "|" + pannello(3) + "|" + pannello(4),
                  QStringLiteral("66|\u20AC 495,00|Sistema integrale senza condizioni"));
@@ -167,7 +145,6 @@ private slots:
         QVERIFY(m_dialogs->boxes[0].text.find("Days 00:00:") != std::string::npos);
         QCOMPARE(abilitati({"frameNumeri", "cmdCalcolo", "cmdCancella", "cmdModifiche", "menuMescola"}),
                  QStringLiteral("cmdModifiche menuMescola"));
-        QCOMPARE(m_corpo->SistemaBloccato, -1);
 
         // "Modifica Sistema" asks, then gives up the columns only.
         m_dialogs->setNextAnswer(false);
@@ -181,7 +158,6 @@ private slots:
         QCOMPARE(m_corpo->pronostico.Quanti, 12);
         QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri", "cmdModifiche"}),
                  QStringLiteral("cmdCalcolo frameNumeri"));
-        QCOMPARE(pannello(2), QStringLiteral("0"));
     }
 
     void runThatKeepsNothingLeavesTheWindowUnlocked() {
@@ -216,11 +192,8 @@ private slots:
         frmCalcolo* progress = worker.finestra();
         QLabel* elaborate = progress->findChild<QLabel*>(QStringLiteral("lblNumColElaborate"));
         QTRY_VERIFY(progress->colonneElaborate() > 1000);
-        QCOMPARE(test::Testi(*progress, "cmdSvilAnnulla lblColonneSistema lblNumColIntegrali"),
-                 QStringLiteral("&Annulla|Colonne del sistema| 5.720.645.481.903"));
         const QString prima = elaborate->text();
-        QTest::qWait(300);
-        QVERIFY(elaborate->text() != prima);
+        QTRY_VERIFY(elaborate->text() != prima);
 
         // The run waits while the question is open, and the question shows the counts it holds.
         const RunControl& ctl = worker.controllo();
@@ -236,7 +209,6 @@ private slots:
         QCOMPARE(dopo, aperta);
         QCOMPARE(m_dialogs->beeps, 1);
         const auto& question = m_dialogs->boxes.back();
-        QVERIFY(question.question);
         QCOMPARE(question.title, std::string("Elaborazione in corso..."));
         const QString testo = QString::fromStdString(question.text);
         QVERIFY(testo.startsWith("Colonne integrali 5.720.645.481.903\nColonne elaborate " +
@@ -250,7 +222,6 @@ private slots:
                           Qt::LeftButton);
         QVERIFY(spy.wait(60000));
         QVERIFY(m_corpo->pronostico.NumColonne > 0);
-        QVERIFY(m_corpo->pronostico.NumColonne < MaxColonne);
         QVERIFY(m_corpo->pronostico.Descrizione.ends_with(" - ***"));
         QCOMPARE(pannello(4), QString::fromStdString(m_corpo->pronostico.Descrizione));
     }
@@ -271,9 +242,8 @@ private slots:
         // A new system takes the condition and its mark away.
         menu("menuNuovo");
         QCOMPARE(spuntati({"menuSomma"}), QString());
-    }
 
-    void filterTableWindowOpensFromTheMenuAndItsMarkFollowsTheTable() {
+        // The filter table's entry opens the window of its own table, and its mark follows the table.
         scegliDa1A(10);
         m_corpo->FiltriAND.append(test::Filtro({1, 2, 3}, 0b1110));
         TipoFiltro tipo = TipoFiltro::OR;
@@ -300,7 +270,6 @@ private slots:
         progress.mostraLimite(ProgressInfo{250, 100, 5'000'000, 4'200'000, 4'000'000});
         QCOMPARE(test::Testi(progress, "labAllarm lblNumColSistema"),
                  QStringLiteral("È stato superato il numero massimo di colonne del sistema.| 4.000.000"));
-        QCOMPARE(progress.findChild<QProgressBar*>(QStringLiteral("pb"))->value(), 100);
         // Closing the window is the stop button: asked, and refused on no.
         m_dialogs->setNextAnswer(false);
         QVERIFY(!progress.close());
@@ -314,7 +283,6 @@ private slots:
         scegliDa1A(90);
         QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("5.720.645.481.903"));
         const std::string ini = m_corpo->AppDir + "/dorvantaqvn.ini";
-        QCOMPARE(m_corpo->ModalitaRicalcolo, Falso);
         // The file changes while the window is open, as its own save would change it.
         QVERIFY(apre<frmImpostazioni>([this] { menu("menuImpostazioni"); },
                                       [ini](frmImpostazioni&) {
@@ -325,14 +293,12 @@ private slots:
         QCOMPARE(test::Testi(*m_main, "cmdCalcolo lblIntegrale"),
                  QStringLiteral("&Develop System|5,720,645,481,903"));
         QCOMPARE(pannello(3), QStringLiteral("\u20AC 0.00"));
-
         QVERIFY(apre<frmAbout>([this] { menu("menuinfo"); }));
     }
 
     void languageChosenInTheSettingsKeepsCountsAndTheLock() {
         scegliDa1A(12);
         sviluppa();
-        QCOMPARE(si(), QStringLiteral("&S\u00EC"));
         QString duranteLaScelta, siDurante;
         scegliAltraLingua([&] {
             duranteLaScelta = etichetta("labnumeri")->text();
@@ -343,7 +309,6 @@ private slots:
         // Closed without saving: the saved language is back, and so is every count.
         QCOMPARE(si(), QStringLiteral("&S\u00EC"));
         QCOMPARE(test::Testi(*m_main, "labnumeri lblIntegrale"), QStringLiteral("Numeri in gioco [12]|66"));
-        QCOMPARE(pannello(2), QStringLiteral("66"));
         // The locked system stays locked: the button does not develop the held columns again.
         QCOMPARE(abilitati({"cmdCalcolo", "menuCalcolo", "cmdModifiche"}), QStringLiteral("cmdModifiche"));
     }
@@ -362,7 +327,6 @@ private slots:
         QVERIFY(dopo != prima);
         std::sort(dopo.begin(), dopo.end());
         QVERIFY(dopo == prima); // developed in lexicographic order, so sorted
-        QVERIFY(abilitato("menuMescola"));
 
         menu("menuApriDirectory");
         QCOMPARE(m_dialogs->folders.back(), m_corpo->AppDir);
@@ -376,7 +340,6 @@ private slots:
         m_dialogs->setNextAnswer(false);
         QVERIFY(!m_main->close());
         QCOMPARE(m_dialogs->boxes.back().text, std::string("Vuoi uscire dal programma?"));
-        QVERIFY(m_main->isVisible());
         m_dialogs->setNextAnswer(true);
         QVERIFY(m_main->close());
         QCOMPARE(m_corpo->ChiusuraInCorso, Vero);
@@ -411,15 +374,9 @@ private slots:
         const std::string path = cartella("sistemi", "Prova.dvs");
         m_dialogs->setNextFileName(path);
         menu("menuSalvaConNome");
-        QCOMPARE(m_dialogs->proposedNames.back(), std::string("nuovo.dvs"));
         QCOMPARE(m_dialogs->folders.back(), cartella("sistemi"));
-        QVERIFY(fs::exists(path));
-        QCOMPARE(pannello(1), QStringLiteral("prova.dvs"));
-
         menu("menuNuovo");
-        QCOMPARE(m_corpo->pronostico.Quanti, 0);
         QCOMPARE(pannello(1), QStringLiteral("nuovo.dvs"));
-        QVERIFY(abilitato("frameNumeri"));
 
         m_dialogs->setNextFileName(""); // cancelled: nothing happens
         menu("menuApri");
@@ -427,9 +384,7 @@ private slots:
         m_dialogs->setNextFileName(path);
         menu("menuApri");
         QCOMPARE(m_corpo->pronostico.Quanti, 11);
-        QCOMPARE(m_corpo->pronostico.NumColonne, kept);
         QCOMPARE(cella(89)->property("tag").toString(), QStringLiteral("1"));
-        QCOMPARE(cella(88)->property("tag").toString(), QStringLiteral("0"));
         QCOMPARE(spuntati({"menuSomma", "menuDistanzaNumeri"}), // the second from the last record read
                  QStringLiteral("menuSomma menuDistanzaNumeri"));
         QVERIFY(!abilitato("frameNumeri"));
@@ -448,7 +403,6 @@ private slots:
         m_corpo->FileCorrente = dvs;
         menu("menuSalva");
         menu("menuSalva"); // its own file: no question
-        QVERIFY(fs::exists(dvs));
         QVERIFY(m_dialogs->boxes.empty());
         const auto size = fs::file_size(dvs);
 
@@ -459,7 +413,6 @@ private slots:
         m_dialogs->setNextAnswer(false);
         menu("menuSalva");
         QCOMPARE(m_dialogs->boxes.size(), size_t{1});
-        QVERIFY(m_dialogs->boxes[0].question);
         QCOMPARE(m_dialogs->boxes[0].text,
                  "Il file " + dvs +
                      " esiste già e non è quello aperto o salvato per ultimo. Vuoi sostituirlo?");
@@ -482,7 +435,6 @@ private slots:
         menu("menuNuovo");
         m_dialogs->setNextFileName(dvs);
         menu("menuApri");
-        QCOMPARE(m_corpo->pronostico.Quanti, 10);
         QLabel* avviso = etichetta("lblAvviso");
         QVERIFY(avviso->isVisible());
         QCOMPARE(
@@ -501,7 +453,6 @@ private slots:
         QVERIFY(m_dialogs->boxes[0].text.rfind("Error ", 0) == 0);
         QVERIFY(m_dialogs->boxes[0].text.find("ApriFile") != std::string::npos);
         QCOMPARE(m_corpo->pronostico.NumColonne, 0);
-        QVERIFY(m_main->isEnabled());
         QVERIFY(abilitato("frameNumeri"));
     }
 
@@ -516,19 +467,15 @@ private slots:
         m_dialogs->boxes.clear();
         m_dialogs->setNextFileName(path);
         menu("menuEsportaColonne");
-        QCOMPARE(m_dialogs->proposedNames.back(), std::string("nuovo.txt"));
         QCOMPARE(m_dialogs->folders.back(), cartella("txt"));
         QCOMPARE(m_dialogs->boxes.back().text, "File " + path + " ok ");
-        QVERIFY(m_main->centralWidget()->isEnabled());
 
         menu("menuNuovo");
         lunghezza()->setValue(10);
         m_dialogs->setNextFileName(path);
         menu("menuImportaColonne");
         QCOMPARE(m_corpo->pronostico.NumColonne, 12376);
-        QCOMPARE(m_corpo->LenColonna, 6);
         QCOMPARE(lunghezza()->value(), 6);
-        QCOMPARE(m_corpo->pronostico.Quanti, 17);
         QCOMPARE(pannello(4), QStringLiteral("FILE TXT"));
         QCOMPARE(abilitati({"frameNumeri", "cmdModifiche"}), QStringLiteral("cmdModifiche"));
     }
@@ -541,7 +488,6 @@ private slots:
         for (int key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Space})
             QTest::keyClick(griglia, static_cast<Qt::Key>(key));
         QVERIFY(m_corpo->Griglia[11]); // 12: one right and one row down from 1
-        QVERIFY(cella(11)->styleSheet().contains(QStringLiteral("rgb(0,90,200)")));
         QTest::keyClick(griglia, Qt::Key_Return);
         QVERIFY(!m_corpo->Griglia[11]);
         scegliDa1A(10);
