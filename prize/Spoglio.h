@@ -8,7 +8,9 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace dv {
@@ -43,9 +45,22 @@ std::string TestoCasella(uint8_t n);
 // tests. A refusal shows its box and says where the focus goes.
 EsitoValidazione ValidaSpoglio(Corpo& c, Ui& ui, CaselleSpoglio& caselle);
 
+// An allocator that leaves new elements of plain types uninitialised, so that a list can grow
+// ahead of what it holds without being written twice.
+template <typename T> struct SenzaAzzerare : std::allocator<T> {
+    template <typename U> struct rebind { using other = SenzaAzzerare<U>; };
+    SenzaAzzerare() = default;
+    template <typename U> SenzaAzzerare(const SenzaAzzerare<U>&) noexcept {}
+    template <typename U> void construct(U* p) noexcept { ::new (static_cast<void*>(p)) U; }
+    template <typename U, typename... A> void construct(U* p, A&&... a) {
+        ::new (static_cast<void*>(p)) U(std::forward<A>(a)...);
+    }
+};
+using ListaColonne = std::vector<int32_t, SenzaAzzerare<int32_t>>;
+
 // What a run shows: the winning columns by hits, their counts, the points and the total.
 struct RisultatoSpoglio {
-    std::array<std::vector<int32_t>, 11> colonne; // column numbers, ascending, by hits
+    std::array<ListaColonne, 11> colonne; // column numbers, ascending, by hits
     std::array<int32_t, 11> Vincite{};
     int32_t TotaleVinto = 0;
     uint8_t MaxPunti = 0;

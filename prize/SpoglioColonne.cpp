@@ -31,17 +31,17 @@ struct Parametri {
     std::array<std::array<uint8_t, 16>, 4> vince{};
 };
 
-// What one share of the columns gives. The lists are written through raw pointers: each is
-// sized ahead by at least 32 free places, its length kept in n.
+// What one share of the columns gives. The lists grow ahead of what they hold, uninitialised, and
+// are written through a raw pointer; n keeps their lengths.
 struct Parte {
     std::array<int32_t, 44> conta{}; // winning columns by category h * 4 + k
-    std::array<std::vector<int32_t>, 11> colonne;
+    std::array<ListaColonne, 11> colonne;
     std::array<size_t, 11> n{};
     int max = 0, min = 10;
 
     // Where the next of at most 32 winning columns with h hits goes.
     int32_t* posto(unsigned h) {
-        std::vector<int32_t>& v = colonne[h];
+        ListaColonne& v = colonne[h];
         if (v.size() - n[h] < 32) v.resize(std::max<size_t>(4096, v.size() * 2));
         return v.data() + n[h];
     }

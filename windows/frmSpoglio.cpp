@@ -29,7 +29,7 @@ namespace dv {
 class ModelloColonneVincenti : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
-    void imposta(std::vector<int32_t> colonne) {
+    void imposta(ListaColonne colonne) {
         beginResetModel();
         m_colonne = std::move(colonne);
         endResetModel();
@@ -43,7 +43,7 @@ public:
     }
 
 private:
-    std::vector<int32_t> m_colonne;
+    ListaColonne m_colonne;
 };
 
 frmSpoglio::frmSpoglio(Corpo& corpo, QtUi& ui, QWidget* parent) : QWidget(parent), m_corpo(corpo), m_ui(ui) {

@@ -96,7 +96,7 @@ TEST_F(Spoglio, EachColumnIsRoundedByItself) {
     ImpostaEstrazione(*c, Range(71, 90));
     const RisultatoSpoglio r = SpoglioColonne(*c, 1, 3);
     EXPECT_EQ(r.Vincite[0], 3);
-    EXPECT_EQ(r.colonne[0], (std::vector<int32_t>{1, 2, 3}));
+    EXPECT_EQ(r.colonne[0], (ListaColonne{1, 2, 3}));
     EXPECT_EQ(r.TotaleVinto, 6);
     EXPECT_EQ(TestoTotale(r.TotaleVinto, '.', ','), "6,00");
 }
