@@ -48,7 +48,8 @@ void ChiudiAParte(int fd) {
     }
 }
 
-// The reason an existing target cannot be replaced, or 0; its permission bits into permessi.
+// The reason an existing target cannot be replaced, or 0; its permission bits and size into
+// permessi and dimensione.
 int TargetNonSostituibile(const std::string& target, int& permessi, uint64_t& dimensione) {
     struct stat st {};
     if (::stat(target.c_str(), &st) != 0) return errno == ENOENT ? 0 : errno;
