@@ -1,7 +1,7 @@
-// The renderer on real PDF files, rendered back to pictures by pdftoppm (poppler-utils).
+// The renderer on real PDF files, rendered back to pictures by pdftoppm (poppler-utils); the
+// listing's pages are counted by the print command's test.
 #include "platform/StampanteQt.h"
 #include "print/Schedine.h"
-#include "print/Tabulato.h"
 
 #include "settings/TempDir.h"
 #include "support/FakeUi.h"
@@ -73,27 +73,6 @@ TEST_F(Render, SlipsGiveOnePageEachAndMarksFallOnTheCalibration) {
     EXPECT_FALSE(nero(p[0], 20 + 1, 26 + 1, 127));
     EXPECT_FALSE(nero(p[0], 20 + 7.8 + 1, 26 + 1, 127));
     EXPECT_FALSE(nero(p[0], 20 + 2 * 7.8 + 2.5, 26 + 1, 127));
-}
-
-TEST_F(Render, ListingAndTestPageHaveTheirPages) {
-    const std::string listing = dir.file("tabulato.pdf");
-    auto job = LavoroStampa::pdf(listing);
-    OpzioniTabulato o;
-    o.copie = 2;
-    StampaTabulato(c, o, job->operazioni(), ui);
-    std::string errore;
-    ASSERT_TRUE(job->concludi(errore)) << errore;
-    // 61 columns: four blocks, a page break after the third; each copy on sheets of its own.
-    EXPECT_EQ(pagine(listing, 20).size(), 4u);
-
-    const std::string test = dir.file("test.pdf");
-    job = LavoroStampa::pdf(test);
-    StampaTestTaratura(c, SlipCalibration{}, {}, job->operazioni());
-    ASSERT_TRUE(job->concludi(errore)) << errore;
-    const auto p = pagine(test, 127);
-    ASSERT_EQ(p.size(), 1u);
-    EXPECT_TRUE(nero(p[0], 10.8 + 9 * 7.8 + 1, 26 + 8 * 7.8 + 1, 127)); // number 90
-    EXPECT_TRUE(nero(p[0], 14.8 + 19 + 20 + 21 + 1, 142 + 1, 127));     // fourth game option
 }
 
 TEST_F(Render, UnwritableFileIsReported) {
