@@ -14,12 +14,6 @@ TEST(ArchivioFiltro, DateOfADrawLineUnderEverySeparator) {
     EXPECT_FALSE(DataRigaEstrazione(""));
 }
 
-TEST(ArchivioFiltro, ParameterMustBeARealDateOfEightDigits) {
-    EXPECT_EQ(DataParametro("20260104"), 20260104);
-    for (const char* bad : {"", "2026014", "202601040", "2026-01-04", "20261301", "20260230", "abcdefgh"})
-        EXPECT_FALSE(DataParametro(bad)) << bad;
-}
-
 TEST(ArchivioFiltro, KeepsDrawsFromTheDateOnAndEveryOtherLine) {
     const std::string archivio = "Data\tConcorso\r\n"
                                  "03/01/2026\t1\t5\r\n"

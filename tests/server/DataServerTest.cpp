@@ -61,8 +61,8 @@ TEST(DataServer, FiveMinuteArchiveFromADate) {
     EXPECT_TRUE(lines.at(1).startsWith("04/01/2026"));
     EXPECT_EQ(some.body.count("03/01/2026"), 0);
     EXPECT_EQ(some.body.count("\n04/01/2026") + some.body.count("\n05/01/2026"), 10);
-    for (const char* bad :
-         {"", "?dal=", "?dal=2026014", "?dal=20261399", "?dal=20260104&dal=20260105", "?from=20260104"})
+    for (const char* bad : {"", "?dal=", "?dal=2026014", "?dal=202601040", "?dal=20261399", "?dal=20260230",
+                            "?dal=2026-01-04", "?dal=20260104&dal=20260105", "?from=20260104"})
         EXPECT_EQ(httpGet(server.url(std::string("/public/10elotto5min/archivioro2.asp") + bad)).status, 400)
             << bad;
 }
