@@ -1,5 +1,5 @@
-// The three updates with a downloader that copies local files: what is fetched, where it lands,
-// and that a failure leaves the archive as it was.
+// The updates with a downloader that copies local files: a failure leaves the archive as it was,
+// and the manual import converts the file picked.
 #include "archive/Aggiornamento.h"
 #include "core/Cartelle.h"
 #include "settings/TempDir.h"
@@ -34,22 +34,6 @@ struct Fixture : ::testing::Test {
                 }};
     }
 };
-
-TEST_F(Fixture, EveningUpdateFetchesTheWholeArchiveAndDeletesTheDownload) {
-    EXPECT_EQ(AggiornaArchivioSerale(c, ui, server()), EsitoAggiornamento::Aggiornato);
-    EXPECT_EQ(urls, std::vector<std::string>{"http://127.0.0.1:1/public/10elotto/archivioro2.asp"});
-    EXPECT_EQ(test::LeggiFile(c.PathArchivioSerale), test::LeggiFile(Dati + "/separatori.dat"));
-    EXPECT_FALSE(std::filesystem::exists(c.PathArchivioDownload));
-    EXPECT_TRUE(ui.boxes.empty());
-}
-
-TEST_F(Fixture, FiveMinuteUpdateAsksFromTodayPlusTheDaysGiven) {
-    const double quindiciMarzo2024 = 45366;
-    EXPECT_EQ(AggiornaArchivio5Minuti(-120, c, ui, server(), quindiciMarzo2024),
-              EsitoAggiornamento::Aggiornato);
-    EXPECT_EQ(urls.at(0), "http://127.0.0.1:1/public/10elotto5min/archivioro2.asp?dal=20231116");
-    EXPECT_EQ(test::LeggiFile(c.PathArchivio5Min), test::LeggiFile(Dati + "/separatori.dat"));
-}
 
 TEST_F(Fixture, AFailedDownloadShows0049AndAFailedConversionNamesTheLineBothKeepingTheArchive) {
     std::ofstream(c.PathArchivioSerale, std::ios::binary) << "old";
