@@ -60,6 +60,11 @@ public:
         if (!m_in) throw errori::Apertura(path);
         const auto dimensione = std::filesystem::file_size(path, ec);
         m_dimensione = ec ? 0 : static_cast<uint64_t>(dimensione);
+        // A small file needs no block of a megabyte: one a little larger than the file reads it
+        // in one go without clearing memory it will never use.
+        if (!ec)
+            m_blocco =
+                static_cast<size_t>(std::min<uint64_t>(m_blocco, std::max<uint64_t>(m_dimensione + 1, 4096)));
     }
 
     // The next line without its end; false at the end of the file. A line of megabytes is
@@ -206,9 +211,11 @@ std::vector<std::string_view> Parti(std::string_view riga, std::string_view sepa
     std::vector<std::string_view> parti;
     size_t i = 0;
     while (i < riga.size()) {
-        while (i < riga.size() && (riga[i] == ' ' || separatori.find(riga[i]) != std::string_view::npos)) ++i;
+        while (i < riga.size() && (riga[i] == ' ' || separatori.find(riga[i]) != std::string_view::npos))
+            ++i;
         const size_t inizio = i;
-        while (i < riga.size() && riga[i] != ' ' && separatori.find(riga[i]) == std::string_view::npos) ++i;
+        while (i < riga.size() && riga[i] != ' ' && separatori.find(riga[i]) == std::string_view::npos)
+            ++i;
         if (i > inizio) parti.push_back(riga.substr(inizio, i - inizio));
     }
     return parti;
@@ -404,7 +411,9 @@ bool ImportaColonneTxt(Corpo& c, Ui& ui, const std::string& path) {
             }
             ui.setBusy(false);
         } catch (const ErroreEsecuzione& e) {
-            MostraErrore(ui, e, ") in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [" + AnsiToUtf8(Spezzone(pezzo, 80)) + "]");
+            MostraErrore(ui, e,
+                         ") in procedure ImportaColonneTxt of Modulo corpo \r\nRiga [" +
+                             AnsiToUtf8(Spezzone(pezzo, 80)) + "]");
             if (occupato) ui.setBusy(false);
             return false;
         }
