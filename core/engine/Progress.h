@@ -67,6 +67,17 @@ public:
         m_stopped = true;
     }
 
+    // n more candidates, `keeps` of them kept, would show no step, look at no flag and reach no
+    // limit: advance() may then account for them at once, their columns already stored.
+    bool quiet(Count n, int32_t keeps) const {
+        return m_walked + n < m_nextEvent && m_kept + keeps < MaxColonne;
+    }
+    void advance(Count n, int32_t keeps) {
+        assert(quiet(n, keeps));
+        m_walked += n;
+        m_kept += keeps;
+    }
+
     int32_t kept() const { return m_kept; }
     const RunControl& control() const { return m_ctl; }
     bool stopped() const { return m_stopped; }

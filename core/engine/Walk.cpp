@@ -99,6 +99,10 @@ private:
     bool lastNumbers(int& d);
     bool lastTwoNumbers(int d);
     Mask fixedAndEven(int fixed, int even) const;
+    // fixedAndEven from the table built once per run.
+    Mask fixedEven(int fixed, int even) const {
+        return m_fixedEven[static_cast<size_t>(fixed) * (MaxLenColonna + 2) + static_cast<size_t>(even)];
+    }
     bool keepAll();
     void fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, int32_t col0);
     bool unwind(int& d, int to);
@@ -160,6 +164,8 @@ private:
     // before by 1, and the most of that from the index on (any forecast: no limit).
     std::array<int, MaxN + 2> m_chain{}, m_chainAhead{};
     std::array<std::array<int, MaxLenColonna + 1>, MaxN + 2> m_minSum{}, m_maxSum{};
+    // Per count of fixed and of even numbers among the others (0..len+1 each): fixedAndEven.
+    std::array<Mask, (MaxLenColonna + 2) * (MaxLenColonna + 2)> m_fixedEven{};
 
     std::array<Level, MaxLenColonna + 1> m_level{};
     std::array<int, MaxLenColonna + 1> m_next{};
@@ -250,6 +256,10 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
         m_runAhead[static_cast<size_t>(placed)] = placed < m_len ? longest + 1 : 0;
     }
     m_tables = {&m_cond.andTable, &m_cond.orTable, &m_cond.xorTable};
+    for (int f = 0; f <= m_len + 1; ++f)
+        for (int e = 0; e <= m_len + 1; ++e)
+            m_fixedEven[static_cast<size_t>(f) * (MaxLenColonna + 2) + static_cast<size_t>(e)] =
+                fixedAndEven(f, e);
     for (size_t t = 0; t < 3; ++t) {
         m_lists[t].resize(m_tables[t]->groups.size() * static_cast<size_t>(m_len + 1));
         m_pairGroups[t].resize(m_tables[t]->groups.size());
@@ -531,7 +541,7 @@ Mask IntegralWalk::fixedAndEven(int fixed, int even) const {
 // alone tell: fixed numbers, sum, even count, longest run, filter tables, and the distance
 // conditions read as true or false. Ascending forecasts only.
 Mask IntegralWalk::lastNumbersAlone(const Level& p, int d) const {
-    Mask allowed = fixedAndEven(p.fixed, p.even);
+    Mask allowed = fixedEven(p.fixed, p.even);
     if (m_cond.somma) {
         const int lo = std::max(1, m_cond.sommaMin - p.sum), hi = std::min(127, m_cond.sommaMax - p.sum);
         allowed = allowed & Mask::range(lo, hi);
@@ -608,7 +618,7 @@ bool IntegralWalk::lastTwoNumbers(int d) {
     std::array<Mask, 4> base;
     for (int f = 0; f < 2; ++f)
         for (int e = 0; e < 2; ++e)
-            base[static_cast<size_t>(f * 2 + e)] = fixedAndEven(p.fixed + f, p.even + e);
+            base[static_cast<size_t>(f * 2 + e)] = fixedEven(p.fixed + f, p.even + e);
     // 2. The longest run, by whether the next number follows the prefix's last one.
     std::array<RunRule, 2> runs{RunRule::Any, RunRule::Any};
     if (m_cond.consecutivi) {
@@ -686,6 +696,23 @@ bool IntegralWalk::lastTwoNumbers(int d) {
         // 5. The candidates with a last number from the set, through the exact last tests.
         m_cand[z] = static_cast<uint8_t>(v);
         m_idx[z] = static_cast<uint8_t>(j - 1);
+        if (exact && m_part == nullptr) {
+            // Every last number of the set passes: when no progress step, look at the flags or
+            // limit falls among this next number's candidates, they are stored at once.
+            const int keeps = Size(allowed);
+            const Count span = pending + static_cast<Count>(m_n - j);
+            if (m_progress.quiet(span, keeps)) {
+                int32_t column = m_progress.kept() + 1;
+                for (int half = 0; half < 2; ++half)
+                    for (uint64_t w = half == 0 ? allowed.lo : allowed.hi; w != 0; w &= w - 1) {
+                        m_cand[z + 1] = static_cast<uint8_t>(64 * half + std::countr_zero(w));
+                        m_c.Colonne.setColumn(column++, m_cand.data(), m_len);
+                    }
+                m_progress.advance(span, keeps);
+                pending = 0;
+                continue;
+            }
+        }
         const Mask indices = p.indices | Mask::bit(j - 1);
         int next = j + 1;
         for (int half = 0; half < 2; ++half) {
