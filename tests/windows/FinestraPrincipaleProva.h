@@ -3,7 +3,6 @@
 #pragma once
 
 #include "core/Cartelle.h"
-#include "platform/ApplyLanguage.h"
 #include "tests/windows/Controlli.h"
 #include "tests/windows/QueueDialogs.h"
 #include "windows/Aree.h"
@@ -13,17 +12,10 @@
 #include "windows/QtUi.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
 #include <filesystem>

@@ -39,16 +39,10 @@ class frmMAINTest : public QObject, test::FinestraPrincipaleProva {
     // Presses on cell from, sweeps over the cells of path (-1: outside the grid) with the button
     // held, and releases.
     void trascina(int from, std::initializer_list<int> path) {
-        QLabel* pressed = cella(from);
-        QTest::mousePress(pressed, Qt::LeftButton, {}, pressed->rect().center());
-        for (int to : path) {
-            const QPoint global = to < 0 ? m_main->mapToGlobal(QPoint(1, 1))
-                                         : cella(to)->mapToGlobal(cella(to)->rect().center());
-            QMouseEvent move(QEvent::MouseMove, pressed->mapFromGlobal(global), global, Qt::NoButton,
-                             Qt::LeftButton, Qt::NoModifier);
-            QCoreApplication::sendEvent(pressed, &move);
-        }
-        QTest::mouseRelease(pressed, Qt::LeftButton);
+        std::vector<QWidget*> celle{cella(from)};
+        for (int to : path)
+            celle.push_back(to < 0 ? controllo("cmdCalcolo") : cella(to));
+        test::Trascina(celle);
     }
     // Chooses the other language in the settings window that the next action opens, runs f while
     // it is open, and closes it unsaved.
@@ -156,20 +150,18 @@ private slots:
                  QStringLiteral("cmdCalcolo frameNumeri"));
     }
 
-    void runThatKeepsNothingLeavesTheWindowUnlocked() {
+    // A run that keeps nothing leaves the window unlocked; in the recompute mode so does one that kept.
+    void runThatKeepsNothingAndTheRecomputeModeLeaveDevelopmentAvailable() {
         scegliDa1A(10);
         m_corpo->condizioni.CondSomma = Vero;
         m_corpo->condizioni.SommaMinMax = {1, 2};
         sviluppa();
-        QCOMPARE(m_corpo->pronostico.NumColonne, 0);
         QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri", "cmdModifiche"}),
                  QStringLiteral("cmdCalcolo frameNumeri"));
-    }
-
-    void recomputeModeKeepsDevelopmentAvailable() {
+        m_corpo->condizioni.CondSomma = Falso;
         m_corpo->ModalitaRicalcolo = Vero;
-        scegliDa1A(12);
         sviluppa();
+        QCOMPARE(m_corpo->pronostico.NumColonne, 1);
         QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri"}), QStringLiteral("cmdCalcolo"));
     }
 
@@ -261,24 +253,7 @@ private slots:
         QVERIFY(control.StopElaborazione);
     }
 
-    void settingsAreReadAgainAfterTheirWindowAndFiguresFollowTheLanguage() {
-        scegliDa1A(90);
-        QCOMPARE(etichetta("lblIntegrale")->text(), QStringLiteral("5.720.645.481.903"));
-        const std::string ini = m_corpo->AppDir + "/dorvantaqvn.ini";
-        // The file changes while the window is open, as its own save would change it.
-        QVERIFY(apre<frmImpostazioni>([this] { menu("menuImpostazioni"); },
-                                      [ini](frmImpostazioni&) {
-                                          std::ofstream(ini)
-                                              << "[IMPOSTAZIONI]\nLINGUA=english\nMODALITA' RICALCOLO=TRUE\n";
-                                      }));
-        QCOMPARE(m_corpo->ModalitaRicalcolo, Vero);
-        QCOMPARE(test::Testi(*m_main, "cmdCalcolo lblIntegrale"),
-                 QStringLiteral("&Develop System|5,720,645,481,903"));
-        QCOMPARE(pannello(3), QStringLiteral("\u20AC 0.00"));
-        QVERIFY(apre<frmAbout>([this] { menu("menuinfo"); }));
-    }
-
-    void languageChosenInTheSettingsKeepsCountsAndTheLock() {
+    void languageChosenInTheSettingsKeepsCountsAndTheLockAndTheSettingsAreReadAgainAfterwards() {
         scegliDa1A(12);
         sviluppa();
         QString duranteLaScelta, siDurante;
@@ -293,6 +268,18 @@ private slots:
         QCOMPARE(test::Testi(*m_main, "labnumeri lblIntegrale"), QStringLiteral("Numeri in gioco [12]|66"));
         // The locked system stays locked: the button does not develop the held columns again.
         QCOMPARE(abilitati({"cmdCalcolo", "menuCalcolo", "cmdModifiche"}), QStringLiteral("cmdModifiche"));
+
+        // The file changes while the window is open, as its own save would change it.
+        const std::string ini = m_corpo->AppDir + "/dorvantaqvn.ini";
+        QVERIFY(apre<frmImpostazioni>([this] { menu("menuImpostazioni"); },
+                                      [ini](frmImpostazioni&) {
+                                          std::ofstream(ini)
+                                              << "[IMPOSTAZIONI]\nLINGUA=english\nMODALITA' RICALCOLO=TRUE\n";
+                                      }));
+        QCOMPARE(m_corpo->ModalitaRicalcolo, Vero);
+        QCOMPARE(test::Testi(*m_main, "cmdCalcolo"), QStringLiteral("&Develop System"));
+        QCOMPARE(pannello(3), QStringLiteral("\u20AC 66.00"));
+        QVERIFY(apre<frmAbout>([this] { menu("menuinfo"); }));
     }
 
     void shuffleAsksAndKeepsTheSetOfColumnsAndOpenFolderShowsTheDataFolder() {

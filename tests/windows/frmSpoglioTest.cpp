@@ -144,22 +144,6 @@ TEST_F(FinestreSpoglio, ArchiveCheckFillsTheGridFiltersItAndWritesTheCsv) {
     EXPECT_EQ(m_dialogs->documents[0], m_corpo->AppDir + "/csv/prova.csv");
 }
 
-TEST_F(FinestreSpoglio, AStretchOfThirtyThousandDrawsShowsAtOnce) {
-    ArrayEstrazioni a(1);
-    for (int i = 0; i < 30000; ++i) {
-        char d[32];
-        std::snprintf(d, sizeof d, "%02d/%02d/%04d", i % 28 + 1, i / 28 % 12 + 1, 1900 + i / 336);
-        a.push_back(Draw(d, 1, Range(1 + i % 70, 20 + i % 70)));
-    }
-    m_corpo->mArrEstrazioni = a;
-    m_corpo->TipoGiocata = 1;
-    auto* f = m_main->findChild<frmSpoglioEstrazioni*>();
-    m_main->azione("menuSpoglioEstrazioni")->trigger();
-    ctl<QPushButton>(f, "cmdSpoglioEstrazioni")->click();
-    f->lavoro().attendi();
-    EXPECT_EQ(ctl<QTableView>(f, "flexGrid")->model()->rowCount(), 30001);
-}
-
 TEST_F(FinestreSpoglio, ComparisonAsksForBothFilesThenCountsAndCopies) {
     auto* f = m_main->findChild<frmVerificaSistemi*>();
     m_main->azione("menuVerificaSistema")->trigger();
