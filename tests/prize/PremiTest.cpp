@@ -11,11 +11,6 @@ int32_t Vince(int tipo, int len, int h, bool oro1, bool oro2) {
     return Premio(ScegliTabella(tipo, oro1, oro2), len, h);
 }
 
-TEST(Premi, ChecksRunOnlyForColumnsOfAtMostTen) {
-    EXPECT_TRUE(InitPremi(10));
-    EXPECT_FALSE(InitPremi(11));
-}
-
 TEST(Premi, TablesHoldTheirCornerCellsAndTheCategoryCounts) {
     EXPECT_EQ(Premio(PremiClassico, 1, 1), 3);
     EXPECT_EQ(Premio(PremiClassico, 10, 10), 1000000);

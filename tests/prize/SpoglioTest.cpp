@@ -101,23 +101,6 @@ TEST_F(Spoglio, EachColumnIsRoundedByItself) {
     EXPECT_EQ(TestoTotale(r.TotaleVinto, '.', ','), "6,00");
 }
 
-TEST_F(Spoglio, PointsAreReportedAlsoWhenNothingWins) {
-    ImpostaSistema(*c, 6, {{1, 2, 3, 4, 5, 6}, {1, 2, 3, 40, 50, 60}});
-    ImpostaEstrazione(*c, Range(1, 20));
-    const RisultatoSpoglio r = SpoglioColonne(*c, 2, 2);
-    EXPECT_EQ(r.MaxPunti, 3);
-    EXPECT_EQ(r.MinPunti, 3);
-    EXPECT_EQ(r.Vincite[3], 1);
-    const RisultatoSpoglio tutte = SpoglioColonne(*c, 1, 2);
-    EXPECT_EQ(tutte.MaxPunti, 6);
-    ImpostaEstrazione(*c, Range(71, 90));
-    const RisultatoSpoglio zero = SpoglioColonne(*c, 1, 2);
-    EXPECT_EQ(zero.TotaleVinto, 0);
-    EXPECT_EQ(zero.MaxPunti, 0);
-    EXPECT_EQ(zero.MinPunti, 0);
-    EXPECT_EQ(TestoTotale(zero.TotaleVinto, '.', ','), "0,00");
-}
-
 TEST_F(Spoglio, TotalWrapsAroundIn32Bits) {
     // Three tens at Doppio ORO, stake 200: 1,000,000,000 each.
     const std::vector<int> col = Range(1, 10);
