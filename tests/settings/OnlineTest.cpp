@@ -1,5 +1,5 @@
-#include "settings/Folders.h"
 #include "settings/Online.h"
+#include "settings/Folders.h"
 
 #include "TempDir.h"
 #include "tests/support/FakeUi.h"
@@ -12,24 +12,22 @@ using dv::EsitoVersione;
 using dv::test::TempDir;
 
 TEST(NomeFileSicuro, AcceptsOnlyPlainNames) {
-    for (const char* ok : {"english.txt", "Deutsch_2-b.txt", "a", "x.y.z"}) EXPECT_TRUE(dv::NomeFileSicuro(ok)) << ok;
-    for (const char* bad : {"", ".", "..", "a..txt", "../x.txt", "sub/x.txt", "sub\\x.txt", "/etc/passwd", "C:x.txt",
-                            "a b.txt", "x.txt\r", "città.txt", "%2e%2e"})
+    for (const char* ok : {"english.txt", "Deutsch_2-b.txt", "a", "x.y.z"})
+        EXPECT_TRUE(dv::NomeFileSicuro(ok)) << ok;
+    for (const char* bad : {"", ".", "..", "a..txt", "../x.txt", "sub/x.txt", "sub\\x.txt", "/etc/passwd",
+                            "C:x.txt", "a b.txt", "x.txt\r", "città.txt", "%2e%2e"})
         EXPECT_FALSE(dv::NomeFileSicuro(bad)) << bad;
 }
 
+// Parts compare as numbers, each as its leading digits, and only as many as the local version has.
 TEST(ConfrontaVersioni, ComparesPartsAsNumbers) {
-    EXPECT_EQ(dv::ConfrontaVersioni("1.9.9", "1.10.0"), EsitoVersione::NuovaVersione);
-    EXPECT_EQ(dv::ConfrontaVersioni("1.10.0", "1.9.9"), EsitoVersione::Aggiornato);
-    EXPECT_EQ(dv::ConfrontaVersioni("1.2.3", "1.2.3"), EsitoVersione::Aggiornato);
-    EXPECT_EQ(dv::ConfrontaVersioni("2.0.0", "1.99.99"), EsitoVersione::Aggiornato);
-    // Only the local version's parts count.
-    EXPECT_EQ(dv::ConfrontaVersioni("1.2.3", "1.2.3.9"), EsitoVersione::Aggiornato);
-    // A part counts as its leading digits.
-    EXPECT_EQ(dv::ConfrontaVersioni("1.2.3", "1.2.4beta"), EsitoVersione::NuovaVersione);
-    EXPECT_EQ(dv::ConfrontaVersioni("1.2.3", "1.2.x"), EsitoVersione::Aggiornato);
-    EXPECT_EQ(dv::ConfrontaVersioni("1.2.3", "1.2"), EsitoVersione::NonLeggibile);
-    EXPECT_EQ(dv::ConfrontaVersioni("1.2.3", ""), EsitoVersione::NonLeggibile);
+    using dv::ConfrontaVersioni;
+    EXPECT_EQ(ConfrontaVersioni("1.9.9", "1.10.0"), EsitoVersione::NuovaVersione);
+    EXPECT_EQ(ConfrontaVersioni("2.0.0", "1.99.99"), EsitoVersione::Aggiornato);
+    EXPECT_EQ(ConfrontaVersioni("1.2.3", "1.2.3.9"), EsitoVersione::Aggiornato);      // only the local parts
+    EXPECT_EQ(ConfrontaVersioni("1.2.3", "1.2.4beta"), EsitoVersione::NuovaVersione); // leading digits
+    EXPECT_EQ(ConfrontaVersioni("1.2.3", "1.2"), EsitoVersione::NonLeggibile);
+    EXPECT_EQ(ConfrontaVersioni("1.2.3", ""), EsitoVersione::NonLeggibile);
 }
 
 namespace {
@@ -57,7 +55,8 @@ TEST(AggiornaLingue, InstallsSafeNamesAndSkipsTheRestWithoutAsking) {
     TempDir dir;
     dir.write("english.lng", "old");
     FakeServer server;
-    server.files[Base + "lingue/lista.txt"] = "english.txt\r\n\r\n../evil.txt\r\nsub/x.txt\r\nreadme.md\r\n  deutsch.txt  \r\nmissing.txt\r\n";
+    server.files[Base + "lingue/lista.txt"] =
+        "english.txt\r\n\r\n../evil.txt\r\nsub/x.txt\r\nreadme.md\r\n  deutsch.txt  \r\nmissing.txt\r\n";
     server.files[Base + "lingue/english.txt"] = "[Strings]\r\n0001=\"new\"\r\n";
     server.files[Base + "lingue/deutsch.txt"] = "[Strings]\r\n";
     const auto installed = dv::AggiornaLingue({}, dir.path(), server.downloader());
@@ -66,8 +65,9 @@ TEST(AggiornaLingue, InstallsSafeNamesAndSkipsTheRestWithoutAsking) {
     EXPECT_EQ(dir.read("english.lng"), "[Strings]\r\n0001=\"new\"\r\n");
     EXPECT_TRUE(dir.exists("deutsch.lng"));
     EXPECT_FALSE(dir.exists("missing.lng"));
-    EXPECT_EQ(server.asked, (std::vector<std::string>{Base + "lingue/lista.txt", Base + "lingue/english.txt",
-                                                      Base + "lingue/deutsch.txt", Base + "lingue/missing.txt"}));
+    EXPECT_EQ(server.asked,
+              (std::vector<std::string>{Base + "lingue/lista.txt", Base + "lingue/english.txt",
+                                        Base + "lingue/deutsch.txt", Base + "lingue/missing.txt"}));
 }
 
 TEST(AggiornaLingue, AListIsHeldTo100NamesOf4MBAndHiddenOrOptionNamesAreNeverAsked) {
@@ -94,47 +94,28 @@ TEST(AggiornaLingue, AListIsHeldTo100NamesOf4MBAndHiddenOrOptionNamesAreNeverAsk
     EXPECT_EQ(dv::MessaggioRapporto(rapporto, ui), "<0255>\n<0256>\nbig.txt: <0247>");
 }
 
-TEST(AggiornaLingue, AFailedListChangesNothing) {
+TEST(AggiornaLingue, AFailedListChangesNothingAndCreditsAreJoinedByCrLf) {
     TempDir dir;
     FakeServer server;
     EXPECT_FALSE(dv::AggiornaLingue({}, dir.path(), server.downloader()).has_value());
     EXPECT_EQ(server.asked.size(), 1u);
-}
-
-TEST(CreditiLingue, LinesJoinedByCrLf) {
-    TempDir dir;
-    FakeServer server;
     EXPECT_FALSE(dv::CreditiLingue({}, dir.path(), server.downloader()).has_value());
     server.files[Base + "lingue/thankstolingue.txt"] = "English: Anna\nDeutsch: Bernd\r\n";
     EXPECT_EQ(dv::CreditiLingue({}, dir.path(), server.downloader()), "English: Anna\r\nDeutsch: Bernd");
 }
 
+// The downloaded version file stays in temp only when the server has a newer version.
 TEST(ControllaVersione, KeepsTheFileOnlyWhenANewVersionExists) {
     TempDir dir;
     FakeServer server;
-    const auto offline = dv::ControllaVersione({}, dir.path(), "1.0.0", server.downloader());
-    EXPECT_FALSE(offline.scaricato);
-
+    EXPECT_FALSE(dv::ControllaVersione({}, dir.path(), "1.0.0", server.downloader()).scaricato);
     server.files[Base + "ver.asp"] = "1.0.0\r\n";
-    auto same = dv::ControllaVersione({}, dir.path(), "1.0.0", server.downloader());
-    EXPECT_TRUE(same.scaricato);
-    EXPECT_EQ(same.esito, EsitoVersione::Aggiornato);
+    EXPECT_EQ(dv::ControllaVersione({}, dir.path(), "1.0.0", server.downloader()).esito,
+              EsitoVersione::Aggiornato);
     EXPECT_FALSE(dir.exists("temp/dorvanqvnver.txt"));
-
     server.files[Base + "ver.asp"] = "1.10.0\r\n";
-    auto newer = dv::ControllaVersione({}, dir.path(), "1.9.9", server.downloader());
-    EXPECT_EQ(newer.esito, EsitoVersione::NuovaVersione);
-    EXPECT_EQ(newer.remota, "1.10.0");
+    EXPECT_EQ(dv::ControllaVersione({}, dir.path(), "1.9.9", server.downloader()).remota, "1.10.0");
     EXPECT_TRUE(dir.exists("temp/dorvanqvnver.txt"));
-}
-
-TEST(Folders, MakeFolderMakesParentsAndRefusesBareNames) {
-    TempDir dir;
-    EXPECT_TRUE(dv::MakeFolder(dir.file("a/b/c")));
-    EXPECT_TRUE(std::filesystem::is_directory(dir.file("a/b/c")));
-    EXPECT_FALSE(dv::MakeFolder("plainname"));
-    EXPECT_EQ(dv::GetTempFolder(dir.path()), dir.file("temp") + "/");
-    EXPECT_TRUE(std::filesystem::is_directory(dir.file("temp")));
 }
 
 TEST(Folders, ShippedLanguagesAreCopiedOnlyIntoAFolderWithoutAny) {
