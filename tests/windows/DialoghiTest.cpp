@@ -213,13 +213,11 @@ private slots:
         OrdinePronostico logica(atteso);
         logica.casuale(99);
         logica.chiudi();
-        {
-            frmOrdinaPronostico w(c, ui);
-            w.show();
-            QVERIFY(!w.findChild<QWidget*>("titleOrdinePronostico")->isEnabled());
-            w.ordineCasuale(99);
-            w.close();
-        }
+        frmOrdinaPronostico w(c, ui);
+        w.show();
+        QVERIFY(!w.findChild<QWidget*>("titleOrdinePronostico")->isEnabled());
+        w.ordineCasuale(99);
+        w.close();
         QCOMPARE(c.pronostico.Numeri, atteso.pronostico.Numeri);
     }
 };

@@ -47,8 +47,10 @@ private slots:
         m_ui = UiConLingua();
     }
 
-    void loadShowsTheKindTheForecastAndRecordOne() {
+    // A locked system's table is shown as it is and cannot be changed.
+    void loadShowsTheKindTheForecastAndRecordOneOfALockedSystem() {
         m_corpo->FiltriOR.append(dv::test::Filtro({3, 4, 50}, 0b10));
+        m_corpo->SistemaBloccato = -1;
         frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriOR);
         QCOMPARE(
             Testi(f, "frmFiltri lblnFiltro lblTotFiltri lblTotFiltriON lblTotFiltriOFF lblNumSelezionati"),
@@ -58,6 +60,9 @@ private slots:
             QCOMPARE(Sfondo(Elemento(f, "labGriglia", i)), colore);
         QCOMPARE(Sfondo(Elemento(f, "lbPresenze", 1)), Rosso);
         QVERIFY(Elemento<QRadioButton>(f, "optCond", 0)->isChecked());
+        QVERIFY(!Controllo<QGroupBox>(f, "frameCondizione")->isEnabled());
+        Clicca(Elemento(f, "labGriglia", 5));
+        QCOMPARE(Testi(f, "lblNumSelezionati"), QString("2"));
         QVERIFY(!Elemento(f, "lbPresenze", 6)->isHidden());
         QVERIFY(Elemento(f, "lbPresenze", 7)->isHidden());
         QVERIFY(Controllo<QPushButton>(f, "cmdLoadFiltri")->isHidden());
@@ -139,18 +144,6 @@ private slots:
         QCOMPARE(Testi(f, "lblnFiltro lblTotFiltriON"), QString("01|00"));
         f.close();
         QCOMPARE(m_corpo->FiltriXOR.count(), 0);
-    }
-
-    void aLockedSystemShowsItsFiltersAndChangesNothing() {
-        m_corpo->FiltriAND.append(dv::test::Filtro({1, 2}, 2));
-        m_corpo->SistemaBloccato = -1;
-        frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriAND);
-        f.show();
-        QVERIFY(!Controllo<QGroupBox>(f, "frameCondizione")->isEnabled());
-        Clicca(Elemento(f, "labGriglia", 5));
-        QCOMPARE(Testi(f, "lblNumSelezionati"), QString("2"));
-        f.close();
-        QCOMPARE(NumeriDi(m_corpo->FiltriAND[1]), (std::vector<int>{1, 2}));
     }
 
     void aFilterMadeInTheWindowChangesTheDevelopment() {
