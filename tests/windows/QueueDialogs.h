@@ -22,10 +22,9 @@ public:
     std::deque<bool> answers;          // yes when empty
     std::deque<std::string> fileNames; // cancel when empty
     std::vector<std::string> folders;  // folders the choosers opened in, and folders opened
-    std::vector<std::string> proposedNames;
     int beeps = 0;
     std::function<void()> duringQuestion; // runs while a question box is "open"
-    std::vector<std::string> documents; // files handed to the desktop to open
+    std::vector<std::string> documents;   // files handed to the desktop to open
 
     void setNextAnswer(bool yes) { answers.push_back(yes); }
     void setNextFileName(std::string name) { fileNames.push_back(std::move(name)); }
@@ -46,9 +45,8 @@ public:
         return next();
     }
     std::string chooseSaveFile(QWidget*, const std::string& folder, const std::string&, const std::string&,
-                               const std::string& proposedName) override {
+                               const std::string&) override {
         folders.push_back(folder);
-        proposedNames.push_back(proposedName);
         return next();
     }
     void beep() override { ++beeps; }

@@ -205,10 +205,9 @@ TEST_F(FinestraImpostazioni, NewerOnTheServerShowsTheWindowOtherwiseStartsWithou
     EXPECT_EQ(shown, "999.0.0");
 }
 
-TEST(frmAboutAndNewVersion, ShowTheirTextsAndOpenThePage) {
-    struct UiInglese : FakeUi {
-        std::string languageFile() override { return DV_SOURCE_DIR "/languages/english.lng"; }
-    } ui;
+// Both windows' links open the program's page; the new version's window closes on it.
+TEST(frmAboutAndNewVersion, OpenThePage) {
+    FakeUi ui;
     std::vector<std::string> opened;
     const auto opener = [&opened](const std::string& s) {
         opened.push_back(s);
@@ -217,10 +216,7 @@ TEST(frmAboutAndNewVersion, ShowTheirTextsAndOpenThePage) {
     dv::frmAbout about(ui, nullptr, opener);
     about.lbURL_Click();
     dv::frmNewVersion f(ui, nullptr, opener);
-    f.localVersion = "1.0.0";
-    f.remoteVersion = "1.10.0";
     f.show();
-    EXPECT_EQ(dv::test::Testi(f, "lbLocalVersion lbRemoteVersion"), "1.0.0|1.10.0");
     f.lbURL_Click();
     EXPECT_EQ(opened, std::vector<std::string>(2, dv::IndirizzoPaginaWeb()));
     EXPECT_FALSE(f.isVisible());
