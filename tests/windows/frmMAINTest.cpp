@@ -397,7 +397,9 @@ private slots:
         QCOMPARE(m_dialogs->boxes.size(), size_t{2});
     }
 
-    void aFileWhoseConditionsAreCutShortIsFlaggedInTheStatusLineUntilANewSystem() {
+    // A file cut short in its conditions is flagged in the status line until a new system; a missing
+    // file named on the command line gets its box and leaves an empty system.
+    void aFileCutShortIsFlaggedAndAMissingOneReported() {
         const std::string dvs = cartella("sistemi", "tagliato.dvs");
         scegliDa1A(10);
         m_corpo->consecutivi = {0b110, Vero};
@@ -416,10 +418,7 @@ private slots:
         QVERIFY(m_dialogs->boxes.empty());
         menu("menuNuovo");
         QVERIFY(!avviso->isVisible());
-    }
 
-    void aMissingFileOnTheCommandLineIsReportedAndLeavesAnEmptySystem() {
-        scegliDa1A(12);
         m_main->file().apri("\"" + cartella("sistemi", "manca.dvs") + "\"");
         QCOMPARE(m_dialogs->boxes.size(), size_t{1});
         QVERIFY(m_dialogs->boxes[0].text.rfind("Error ", 0) == 0);
