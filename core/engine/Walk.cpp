@@ -977,7 +977,20 @@ void IntegralWalk::runInParts(int threads) {
         return;
     }
     const std::vector<Part> all = parts();
-    const size_t count = all.size();
+    // Consecutive small parts go together, a 256th of the run or more each: every part handed
+    // over costs the calling thread a wake-up.
+    std::vector<size_t> first{0}; // part k holds all[first[k]..first[k+1]-1]
+    const Count share = Binomial(m_n, m_len) / 256;
+    Count held = 0;
+    for (size_t i = 0; i < all.size(); ++i) {
+        const Part& part = all[i];
+        held += Binomial(m_n - part.idx[static_cast<size_t>(part.depth - 1)], m_len - part.depth);
+        if (held >= share || i + 1 == all.size()) {
+            first.push_back(i + 1);
+            held = 0;
+        }
+    }
+    const size_t count = first.size() - 1;
     constexpr size_t Window = 64;
     std::vector<PartResult> results(count);
     const auto done = std::make_unique<std::atomic<int>[]>(count);
@@ -985,6 +998,13 @@ void IntegralWalk::runInParts(int threads) {
     std::atomic<bool> abort{false};
     std::mutex mutex;
     std::condition_variable walked;
+    auto walkParts = [&](IntegralWalk& w, size_t k, PartResult& out) {
+        // A part cut short (a stop, the end of the run, the limit) ends the group there.
+        for (size_t i = first[k]; i < first[k + 1]; ++i) {
+            w.walkPart(all[i], out, abort);
+            if (out.truncated || abort.load() || out.before.size() >= static_cast<size_t>(MaxColonne)) break;
+        }
+    };
     auto helper = [&] {
         IntegralWalk w(m_c, m_numeri, m_n, m_progress);
         for (;;) {
@@ -994,7 +1014,7 @@ void IntegralWalk::runInParts(int threads) {
                 stored.wait(seen);
             if (abort.load()) return;
             try {
-                w.walkPart(all[k], results[k], abort);
+                walkParts(w, k, results[k]);
             } catch (const std::bad_alloc&) {
                 results[k] = PartResult{};
                 results[k].failed = true;
@@ -1016,7 +1036,7 @@ void IntegralWalk::runInParts(int threads) {
             PartResult& r = results[next];
             if (helpers.empty() || r.failed) {
                 r = PartResult{};
-                walkPart(all[next], r, abort);
+                walkParts(*this, next, r);
             }
             bool goOn = replay(r);
             if (goOn && r.truncated) {
