@@ -32,10 +32,6 @@ class frmMAINTest : public QObject, test::FinestraPrincipaleProva {
         const fs::path p = fs::path(m_corpo->AppDir) / sub;
         return (name ? p / name : p).string();
     }
-    void scegli(std::initializer_list<int> numbers) {
-        for (int n : numbers)
-            clicca(n - 1);
-    }
     // Presses on cell from, sweeps over the cells of path (-1: outside the grid) with the button
     // held, and releases.
     void trascina(int from, std::initializer_list<int> path) {
@@ -43,18 +39,6 @@ class frmMAINTest : public QObject, test::FinestraPrincipaleProva {
         for (int to : path)
             celle.push_back(to < 0 ? controllo("cmdCalcolo") : cella(to));
         test::Trascina(celle);
-    }
-    // Chooses the other language in the settings window that the next action opens, runs f while
-    // it is open, and closes it unsaved.
-    template <typename F> void scegliAltraLingua(F f) {
-        sulModale([f](QWidget* w) {
-            auto* lingue = w->findChild<QComboBox*>(QStringLiteral("cmbLingua"));
-            lingue->setCurrentIndex(lingue->findText(QStringLiteral("ENGLISH")));
-            qobject_cast<frmImpostazioni*>(w)->cmbLingua_Click();
-            f();
-            w->close();
-        });
-        menu("menuImpostazioni");
     }
     // Runs azione; true when it opened a modal window of type T, on which f ran before it closed.
     template <typename T, typename A, typename F = void (*)(T&)>
@@ -256,11 +240,17 @@ private slots:
     void languageChosenInTheSettingsKeepsCountsAndTheLockAndTheSettingsAreReadAgainAfterwards() {
         scegliDa1A(12);
         sviluppa();
+        // The other language chosen in the settings window, which is closed unsaved.
         QString duranteLaScelta, siDurante;
-        scegliAltraLingua([&] {
-            duranteLaScelta = etichetta("labnumeri")->text();
-            siDurante = si();
-        });
+        QVERIFY(apre<frmImpostazioni>([this] { menu("menuImpostazioni"); },
+                                      [&](frmImpostazioni& w) {
+                                          auto* lingue = w.findChild<QComboBox*>(QStringLiteral("cmbLingua"));
+                                          lingue->setCurrentIndex(
+                                              lingue->findText(QStringLiteral("ENGLISH")));
+                                          w.cmbLingua_Click();
+                                          duranteLaScelta = etichetta("labnumeri")->text();
+                                          siDurante = si();
+                                      }));
         QCOMPARE(duranteLaScelta, QStringLiteral("Numbers in play [12]"));
         QCOMPARE(siDurante, QStringLiteral("&Yes")); // Qt's own texts follow the language
         // Closed without saving: the saved language is back, and so is every count.
@@ -331,7 +321,8 @@ private slots:
     }
 
     void saveAndOpenThroughTheMenusRestoreTheSystem() {
-        scegli({5, 17, 22, 31, 44, 58, 61, 70, 83, 88, 90});
+        for (int n : {5, 17, 22, 31, 44, 58, 61, 70, 83, 88, 90})
+            clicca(n - 1);
         m_corpo->condizioni.CondSomma = Vero;
         m_corpo->condizioni.SommaMinMax = {300, 600};
         CondizioneDistanza sempre; // no pair and no distance: always holds
