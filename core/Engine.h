@@ -48,11 +48,12 @@ struct RunControl {
     std::atomic<double> counter{0}; // colonneElaborate
     std::atomic<int32_t> kept{0};   // colonneSistema
     std::atomic<int> bar{0};        // value of the bar, 0..100
-    // Threads that walk a development where no reduction links the columns: 0 chooses from the
-    // processor (at most 4), 1 keeps the walk on the calling thread. The columns, counters and
+    // Threads that walk a development where no reduction links the columns: 1 keeps the walk on
+    // the calling thread, 0 chooses from the processor (at most 4). The columns, counters and
     // reports are the same whatever the count; the reports come on the calling thread, which
-    // stores the columns.
-    int threads = 0;
+    // stores the columns. One by default: on a machine whose cores are busy with other work,
+    // handing parts between threads cost more elapsed time than it saved.
+    int threads = 1;
     // The least count of candidates worth more than one thread.
     double parallelFrom = 2e6;
 
