@@ -8,6 +8,7 @@
 #include "settings/Ansi.h"
 #include "settings/FileTesto.h"
 #include "system_files/ErroreEsecuzione.h"
+#include "windows/FermaLavoro.h"
 #include "windows/frmOrdinaPronostico.h"
 #include "windows/QtUiDialogs.h"
 
@@ -71,10 +72,7 @@ frmMatr::frmMatr(Corpo& corpo, Ui& ui, const Impostazioni& impostazioni, Modo mo
 frmMatr::~frmMatr() {
     if (m_thread) {
         // The window goes while an update runs: it stops before its next file, unheard.
-        m_ferma->store(true);
-        disconnect(m_thread, nullptr, this, nullptr);
-        m_thread->wait();
-        delete m_thread;
+        FermaLavoro(m_thread, *m_ferma, this);
         m_ui.setBusy(false);
     }
     delete m_avanzamento;

@@ -6,6 +6,7 @@
 #include "core/Cartelle.h"
 #include "platform/ApplyLanguage.h"
 #include "platform/GrigliaAppunti.h"
+#include "windows/FermaLavoro.h"
 #include "windows/frmFiltriPannelli.h"
 #include "windows/frmUpdateModello.h"
 #include "windows/QtUi.h"
@@ -52,14 +53,9 @@ frmUpdate::frmUpdate(Corpo& corpo, QtUi& ui, Finestre& finestre, ServiziArchivio
 }
 
 frmUpdate::~frmUpdate() {
-    if (m_thread) {
-        // The end of the program while a run is on: its result is no longer wanted, and a
-        // download in progress is stopped.
-        m_ferma->store(true);
-        disconnect(m_thread, nullptr, this, nullptr);
-        m_thread->wait();
-        delete m_thread;
-    }
+    // The end of the program while a run is on: its result is no longer wanted, and a download
+    // in progress is stopped.
+    FermaLavoro(m_thread, *m_ferma, this);
     m_flexGrid->setModel(nullptr);
 }
 
