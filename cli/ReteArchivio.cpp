@@ -7,7 +7,6 @@
 #include <QStandardPaths>
 
 #include <csignal>
-#include <cstdio>
 
 namespace dv::cli {
 
@@ -41,11 +40,9 @@ SessioneRete::~SessioneRete() {
 }
 
 Scaricatore SessioneRete::scaricatore() const {
+    // A failure is told once, by the operation's own message with its reason.
     return Scaricatore([](const std::string& url, const std::string& path, const OpzioniDownload& opzioni) {
-               const EsitoDownload esito = ScaricaFile(url, path, true, {}, opzioni);
-               if (!esito.ok())
-                   std::fprintf(stderr, "%s: %s\n", url.c_str(), MessaggioDownload(esito).c_str());
-               return esito;
+               return ScaricaFile(url, path, true, {}, opzioni);
            })
         .conStop(m_stop);
 }
