@@ -2,6 +2,7 @@
 #include "cli/Aree.h"
 #include "cli/Comandi.h"
 #include "cli/UiTesto.h"
+#include "core/Cartelle.h"
 
 #include <CLI/CLI.hpp>
 
@@ -48,6 +49,8 @@ const char* PrimaParola(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     using namespace dv::cli;
+    // What a save killed in an earlier run left behind goes first, wherever it was writing.
+    dv::PulisciSalvataggiInterrotti();
     CLI::App app{"Dorvanta without windows: systems, archives, checks, statistics, matrices and printing.", "dorvanta-cli"};
     app.require_subcommand(1);
     app.fallthrough();

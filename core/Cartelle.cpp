@@ -5,11 +5,14 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <random>
 #include <system_error>
 
+#include <fcntl.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace dv {
@@ -34,6 +37,7 @@ std::string PercorsoIn(const std::string& base, std::initializer_list<const char
 }
 
 void ImpostaAppDir(Corpo& c, const std::string& appDir) {
+    PulisciSalvataggiInterrotti();
     c.AppDir = appDir;
     for (const char* sub : SottoCartelle) {
         std::error_code ec; // a failure stops silently, as the folder then simply is not there
@@ -72,6 +76,75 @@ bool TemporaneoAbbandonato(std::string_view name) {
     }
     if (pid == static_cast<unsigned long>(::getpid())) return true;
     return pid == 0 || pid > 0x7FFFFFFFul || (::kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH);
+}
+
+namespace {
+std::filesystem::path CartellaNote() {
+    if (const char* s = std::getenv("XDG_STATE_HOME"); s && *s == '/')
+        return std::filesystem::path(s) / "Dorvanta" / "salvataggi";
+    if (const char* h = std::getenv("HOME"); h && *h == '/')
+        return std::filesystem::path(h) / ".local" / "state" / "Dorvanta" / "salvataggi";
+    return {};
+}
+
+// A note is named by the digits of its temporary file's name and holds that file's path.
+std::string_view CifreDi(std::string_view temporaneo) {
+    const size_t coda = CifreTemp + SuffissoTemp.size();
+    return temporaneo.size() > coda ? temporaneo.substr(temporaneo.size() - coda, CifreTemp)
+                                    : std::string_view{};
+}
+} // namespace
+
+std::string AnnotaSalvataggio(const std::string& temporaneo) {
+    const std::filesystem::path cartella = CartellaNote();
+    if (cartella.empty()) return {};
+    const std::string nota = (cartella / CifreDi(temporaneo)).string();
+    int fd = ::open(nota.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (fd < 0 && errno == ENOENT) {
+        std::error_code ec;
+        std::filesystem::create_directories(cartella, ec);
+        fd = ::open(nota.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600);
+    }
+    if (fd < 0) return {};
+    const bool scritta =
+        ::write(fd, temporaneo.data(), temporaneo.size()) == static_cast<ssize_t>(temporaneo.size());
+    ::close(fd);
+    if (!scritta) {
+        ::unlink(nota.c_str());
+        return {};
+    }
+    return nota;
+}
+
+void TogliNota(const std::string& nota) {
+    if (!nota.empty()) ::unlink(nota.c_str());
+}
+
+void PulisciSalvataggiInterrotti() {
+    const std::filesystem::path cartella = CartellaNote();
+    std::error_code ec;
+    if (cartella.empty() || !std::filesystem::is_directory(cartella, ec)) return;
+    for (const auto& voce : std::filesystem::directory_iterator(cartella, ec)) {
+        const std::string cifre = voce.path().filename().string();
+        // The note's own name tells its process: this one's saves, and those of a process still
+        // running, are left alone.
+        const std::string campione = std::string(PrefissoTemp) + cifre + std::string(SuffissoTemp);
+        char mio[9];
+        std::snprintf(mio, sizeof mio, "%08x", static_cast<unsigned>(::getpid()));
+        if (cifre.size() != CifreTemp || cifre.compare(0, 8, mio) == 0 ||
+            !TemporaneoAbbandonato("x" + campione))
+            continue;
+        std::string temporaneo(4096, '\0');
+        const int fd = ::open(voce.path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+        const ssize_t letti = fd >= 0 ? ::read(fd, temporaneo.data(), temporaneo.size()) : -1;
+        if (fd >= 0) ::close(fd);
+        temporaneo.resize(letti > 0 ? static_cast<size_t>(letti) : 0);
+        // Only a regular file of our name pattern, with the note's own digits, is removed.
+        struct stat st {};
+        if (temporaneo.ends_with(campione) && ::lstat(temporaneo.c_str(), &st) == 0 && S_ISREG(st.st_mode))
+            ::unlink(temporaneo.c_str());
+        std::filesystem::remove(voce.path(), ec);
+    }
 }
 
 } // namespace dv

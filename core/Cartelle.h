@@ -27,4 +27,16 @@ std::string NomeTemporaneo(const std::string& target);
 // (or is this one, at start-up before any save). Other files, and other programs', never match.
 bool TemporaneoAbbandonato(std::string_view name);
 
+// Saves in progress are noted, one small file each, in the user's state folder
+// ($XDG_STATE_HOME or ~/.local/state, then "Dorvanta/salvataggi"), so that the next start removes
+// the temporary file of a killed save wherever it was writing, a system on the desktop as much as
+// a file of the data folder. AnnotaSalvataggio returns the note's path, or "" when none could be
+// written (the save goes on without it); TogliNota removes it once the temporary file is gone or
+// renamed.
+std::string AnnotaSalvataggio(const std::string& temporaneo);
+void TogliNota(const std::string& nota);
+// Removes the temporary files of noted saves whose process has ended, and their notes. Run at
+// start: by ImpostaAppDir and by the command line.
+void PulisciSalvataggiInterrotti();
+
 } // namespace dv

@@ -8,6 +8,7 @@
 #include <limits>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -134,12 +135,15 @@ ScritturaSicura::ScritturaSicura(const std::string& target) : m_target(target) {
     if (m_fd < 0) {
         m_errore = errno;
         m_temp.clear();
+        return;
     }
+    m_nota = AnnotaSalvataggio(m_temp);
 }
 
 ScritturaSicura::~ScritturaSicura() {
     if (m_fd >= 0) ::close(m_fd);
     if (!m_temp.empty()) ::unlink(m_temp.c_str());
+    TogliNota(m_nota);
 }
 
 bool ScritturaSicura::scrivi(const char* p, size_t n) {
@@ -191,6 +195,7 @@ int ScritturaSicura::conferma() {
         return m_errore; // the destructor removes the temporary file
     }
     m_temp.clear();
+    TogliNota(std::exchange(m_nota, {}));
     SincronizzaCartella(CartellaDi(m_target));
     if (vecchio >= 0) ChiudiAParte(vecchio);
     return 0;

@@ -78,6 +78,7 @@ private:
 
     std::string m_target;
     std::string m_temp;
+    std::string m_nota; // the note that tells a later start to remove m_temp
     int m_fd = -1;
     int m_errore = 0;
     int m_permessi = -1; // of the file replaced

@@ -1,5 +1,5 @@
 // A save killed at any moment: the file is the old one or the new one whole, and the next start
-// removes what the killed save left behind.
+// removes what the killed save left behind, here in a folder outside the data folder.
 #include "core/Cartelle.h"
 #include "core/Engine.h"
 #include "system_files/FileSistema.h"
@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <random>
 #include <thread>
@@ -24,6 +25,7 @@ using namespace dv::test;
 TEST(SalvataggioInterrotto, AKillAtAnyMomentLosesNothingAndTheNextStartLeavesNoTemporaryFile) {
     namespace fs = std::filesystem;
     CartellaTemporanea dir;
+    ::setenv("XDG_STATE_HOME", dir.file("stato").c_str(), 1);
     const std::string app = dir.file("app");
     Corpo c;
     ImpostaAppDir(c, app);
@@ -33,8 +35,9 @@ TEST(SalvataggioInterrotto, AKillAtAnyMomentLosesNothingAndTheNextStartLeavesNoT
     EngineObserver quiet;
     SviluppaIntegrale(c, c.pronostico.Quanti, c.pronostico.Numeri.data(), ctl, quiet, "");
     FakeUi ui;
-    const std::string path = PercorsoIn(app, {"sistemi", "grande.dvs"});
-    const std::string altro = PercorsoIn(app, {"sistemi", "altro.dvs"});
+    const std::string fuori = dir.file("scrivania");
+    fs::create_directory(fuori);
+    const std::string path = PercorsoIn(fuori, {"grande.dvs"}), altro = PercorsoIn(fuori, {"altro.dvs"});
     ASSERT_TRUE(SalvaFile(c, ui, path));
     c.pronostico.Descrizione = "saved again";
     ASSERT_TRUE(SalvaFile(c, ui, altro));
@@ -63,11 +66,13 @@ TEST(SalvataggioInterrotto, AKillAtAnyMomentLosesNothingAndTheNextStartLeavesNoT
         ::waitpid(pid, nullptr, 0);
         const std::string ora = ReadText(path);
         ASSERT_TRUE(ora == vecchio || ora == nuovo) << "round " << giro << ": " << ora.size() << " bytes";
-        for (const auto& voce : fs::directory_iterator(PercorsoIn(app, {"sistemi"})))
+        for (const auto& voce : fs::directory_iterator(fuori))
             if (voce.path().filename() != "grande.dvs") ++avanzi;
     }
     ASSERT_GT(avanzi, 0) << "no kill landed inside a save";
     ImpostaAppDir(c, app);
-    for (const auto& voce : fs::directory_iterator(PercorsoIn(app, {"sistemi"})))
+    for (const auto& voce : fs::directory_iterator(fuori))
         EXPECT_EQ(voce.path().filename(), "grande.dvs");
+    EXPECT_TRUE(fs::is_empty(dir.file("stato/Dorvanta/salvataggi")));
+    ::unsetenv("XDG_STATE_HOME");
 }
