@@ -124,15 +124,22 @@ TEST_F(LetturaSistema, ReadsEveryOlderVersion) {
     }
 }
 
-TEST_F(LetturaSistema, ANewerSignatureIsRefusedAndTheStateIsLeftAlone) {
+// A newer signature, a missing file and no file at all leave the system in memory as it was.
+TEST_F(LetturaSistema, ANewerSignatureOrAMissingFileLeavesTheStateAlone) {
     SetForecast(c, Range(1, 12));
     c.pronostico.NumColonne = 5;
     c.FileCorrente = "mine.dvs";
+    c.ModalitaRicalcolo = Vero;
+    EXPECT_EQ(ApriFile(c, ui, ""), EsitoApriFile::NessunFile);
+    EXPECT_EQ(ui.calls, std::vector<std::string>{"Sblocca_x_Ricalcolo"});
     EXPECT_EQ(apri(Intestazione({.firma = "dvqsy000006"})), EsitoApriFile::Rifiutato);
-    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ApriFile(c, ui, dir.file("none.dvs")), EsitoApriFile::Errore);
+    ASSERT_EQ(ui.boxes.size(), 2u);
     EXPECT_EQ(ui.boxes[0].text, "<0008>");
     EXPECT_EQ(ui.boxes[0].title, "<0055>");
     EXPECT_EQ(ui.boxes[0].icon, BoxIcon::Critical);
+    EXPECT_EQ(ui.boxes[1].text, "Error 53 (File not found) in procedure ApriFile of Modulo corpo");
+    EXPECT_EQ(ui.boxes[1].icon, BoxIcon::None);
     EXPECT_EQ(c.pronostico.NumColonne, 5);
     EXPECT_EQ(c.pronostico.Quanti, 12);
     EXPECT_EQ(c.FileCorrente, "mine.dvs");
@@ -231,17 +238,6 @@ TEST_F(LetturaSistema, TheDistanceMarkFollowsTheLastRecordReadEvenAcrossFiles) {
     ASSERT_EQ(apri(Intestazione({})), EsitoApriFile::Aperto);
     EXPECT_EQ(c.CondizioniDistanza.count(), 0);
     EXPECT_EQ(c.CondizioneDistanzaLetta.Stato, -1);
-}
-
-TEST_F(LetturaSistema, MissingFileAndEmptyPath) {
-    c.ModalitaRicalcolo = Vero;
-    SetForecast(c, Range(1, 12));
-    EXPECT_EQ(ApriFile(c, ui, ""), EsitoApriFile::NessunFile);
-    EXPECT_EQ(ui.calls, std::vector<std::string>{"Sblocca_x_Ricalcolo"});
-    EXPECT_EQ(ApriFile(c, ui, dir.file("none.dvs")), EsitoApriFile::Errore);
-    ASSERT_EQ(ui.boxes.size(), 1u);
-    EXPECT_EQ(ui.boxes[0].text, "Error 53 (File not found) in procedure ApriFile of Modulo corpo");
-    EXPECT_EQ(ui.boxes[0].icon, BoxIcon::None);
 }
 
 } // namespace

@@ -51,12 +51,19 @@ TEST(ScrittoreSicuro, ConcurrentSavesOfOneFileNeverMixAndLeaveNothingBehind) {
               1);
 }
 
-TEST(ScrittoreSicuro, StartUpRemovesOnlyTheLeftoversOfSavesWhoseProcessIsGone) {
+// A first start makes the data folder's tree; a later one removes only the leftovers of saves
+// whose process is gone and leaves every other file alone.
+TEST(ScrittoreSicuro, StartUpMakesTheFoldersAndRemovesOnlyTheLeftoversOfSavesWhoseProcessIsGone) {
     namespace fs = std::filesystem;
     CartellaTemporanea dir;
     const std::string app = dir.file("app");
     Corpo c;
     ImpostaAppDir(c, app);
+    for (const char* sub : SottoCartelle)
+        EXPECT_TRUE(fs::is_directory(PercorsoIn(app, {sub}))) << sub;
+    EXPECT_EQ(c.PathArchivioSerale, PercorsoIn(app, {"archivio", "dorvantaqvn2.dat"}));
+    EXPECT_EQ(c.PathArchivioDownload, PercorsoIn(app, {"temp", "dorvantaqvn_download2.dat"}));
+    EXPECT_EQ(c.TitoloFile, "nuovo.dvs");
     const std::string sistemi = PercorsoIn(app, {"sistemi"}), base = PercorsoIn(app, {"sistemi", "x.dvs"});
     // A save of this very process before start-up can only be a leftover; pid 1 is alive.
     const std::string nostro = NomeTemporaneo(base), vivo = base + ".~dv00000001deadbeef.tmp";
