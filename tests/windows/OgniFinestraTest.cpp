@@ -1,7 +1,7 @@
 // Every window of the program in each shipped language: every key of a window's section in the
-// language file names the window or one of its controls, every section belongs to a window, and
-// the dialogs and boxes are at least as wide as their titles need (run also with
-// QT_SCALE_FACTOR=1.5).
+// language file names the window or one of its controls, every section belongs to a window, the
+// main window's access keys differ, and the dialogs and boxes are at least as wide as their titles
+// need (run also with QT_SCALE_FACTOR=1.5).
 #include "core/Sistema.h"
 #include "tests/windows/FinestraPrincipaleProva.h"
 #include "windows/frmAbout.h"
@@ -30,6 +30,7 @@
 
 #include <QFile>
 #include <QFontMetrics>
+#include <QMenuBar>
 #include <QMessageBox>
 
 #include <gtest/gtest.h>
@@ -96,6 +97,17 @@ protected:
 TEST_P(OgniFinestra, SectionsNameRealControlsAndDialogsAreAsWideAsTheirTitles) {
     const std::string lingua = GetParam();
     apri({{lingua.c_str(), test::LinguaSpedita(lingua)}}, false);
+    // The main window's menus and buttons each answer to a letter of their own.
+    QList<QChar> lettere;
+    for (QAction* m : m_main->menuBar()->actions())
+        if (const int at = m->text().indexOf(QLatin1Char('&')); at >= 0 && at + 1 < m->text().size())
+            lettere << m->text().at(at + 1).toLower();
+    for (QPushButton* b : m_main->centralWidget()->findChildren<QPushButton*>()) {
+        const int at = b->text().indexOf(QLatin1Char('&'));
+        const QChar c = at >= 0 ? b->text().at(at + 1).toLower() : QChar();
+        EXPECT_TRUE(at >= 0 && !lettere.contains(c)) << lingua << ": " << b->text().toStdString();
+        lettere << c;
+    }
     CollegaAree(*m_main);
     m_main->findChild<frmSpoglio*>()->apri(); // it takes its language when it opens
     Corpo& c = *m_corpo;
