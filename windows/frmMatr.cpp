@@ -345,6 +345,18 @@ void frmMatr::cmdMatriceTXT_Click() {
     });
 }
 
+std::string frmMatr::testoGuasto(const std::exception_ptr& guasto, const std::string& procedura) {
+    try {
+        std::rethrow_exception(guasto);
+    } catch (const ErroreEsecuzione& e) {
+        return TestoErrore(m_ui, e, ")" + procedura);
+    } catch (const std::exception& e) {
+        return std::string("Error 0 (") + e.what() + ")" + procedura;
+    } catch (...) {
+        return "Error 0 ()" + procedura;
+    }
+}
+
 void frmMatr::avvia(std::function<void()> lavoro, const std::string& procedura,
                     std::function<void(bool)> poi) {
     m_occupato = true;
@@ -358,23 +370,22 @@ void frmMatr::avvia(std::function<void()> lavoro, const std::string& procedura,
     m_avanzamento->show();
     repaint();
 
-    // The error box's text is made on the thread; the window shows it once the thread is over.
-    auto errore = std::make_shared<std::optional<std::string>>();
-    m_thread = QThread::create([lavoro = std::move(lavoro), procedura, errore] {
+    // A fault of the thread is kept as it is and told once the thread is over, on the window's
+    // thread, where the language file may be read: its cause then comes in the user's language.
+    auto errore = std::make_shared<std::exception_ptr>();
+    m_thread = QThread::create([lavoro = std::move(lavoro), errore] {
         try {
             lavoro();
-        } catch (const ErroreEsecuzione& e) {
-            *errore = "Error " + std::to_string(e.numero()) + " (" + e.descrizione() + ")" + procedura;
-        } catch (const std::exception& e) {
-            *errore = std::string("Error 0 (") + e.what() + ")" + procedura;
+        } catch (...) {
+            *errore = std::current_exception();
         }
     });
-    connect(m_thread, &QThread::finished, this, [this, errore, poi = std::move(poi)] {
+    connect(m_thread, &QThread::finished, this, [this, errore, procedura, poi = std::move(poi)] {
         m_thread->wait();
         delete m_thread;
         m_thread = nullptr;
         m_avanzamento->hide();
-        if (*errore) m_ui.messageBox(**errore, "", BoxIcon::None);
+        if (*errore) m_ui.messageBox(testoGuasto(*errore, procedura), "", BoxIcon::None);
         m_lbElaborazione->setText(m_testoElaborazione);
         m_ui.setBusy(false);
         m_frameInfo->show();

@@ -17,6 +17,7 @@
 #include <QString>
 
 #include <atomic>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -90,6 +91,8 @@ private:
     // then, on the window thread, shows its error (the box's text ending in procedura), makes the
     // window ready again and calls poi with whether lavoro ended without error.
     void avvia(std::function<void()> lavoro, const std::string& procedura, std::function<void(bool)> poi);
+    // The error box's text of a fault of the work's thread.
+    std::string testoGuasto(const std::exception_ptr& guasto, const std::string& procedura);
     void creaAvanzamento();
     // The language text chiave with numero and totale, in the progress window and under the list.
     void mostraAvanzamento(const char* chiave, int64_t numero, int64_t totale);
