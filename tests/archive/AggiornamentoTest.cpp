@@ -20,13 +20,11 @@ struct Fixture : ::testing::Test {
     test::TempDir dir;
     Corpo c;
     test::FakeUi ui;
-    std::vector<std::string> urls;
     std::string risposta = Dati + "/separatori.txt"; // the file the fake server answers with; empty fails
 
     void SetUp() override { ImpostaAppDir(c, dir.path()); }
     ServerArchivi server() {
-        return {"http://127.0.0.1:1", [this](const std::string& url, const std::string& path) {
-                    urls.push_back(url);
+        return {"http://127.0.0.1:1", [this](const std::string&, const std::string& path) {
                     std::error_code ec;
                     return !risposta.empty() &&
                            std::filesystem::copy_file(risposta, path,

@@ -3,32 +3,25 @@
 #include "reference/ArchivioLetterale.h"
 #include "settings/TempDir.h"
 #include "support/FakeUi.h"
+#include "support/StateBuilder.h"
+#include "tests/archive/SupportoArchivio.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <filesystem>
 #include <random>
 
 namespace dv {
 namespace {
 
-std::string Record(const char* data, int16_t concorso, uint8_t primo) {
-    Estrazione e;
-    std::memset(e.Data.data(), ' ', 10);
-    std::memcpy(e.Data.data(), data, std::strlen(data));
-    e.Concorso = concorso;
-    for (int i = 1; i <= 20; ++i)
-        e.Numeri[static_cast<size_t>(i)] = static_cast<uint8_t>(primo + i - 1);
-    e.NumeroOro = primo;
-    e.DoppioOro = static_cast<uint8_t>(primo + 1);
+std::string Record(const Estrazione& e) {
     const auto r = RecordEstrazione(e);
     return {r.data(), r.size()};
 }
 
-std::string Record(const Estrazione& e) {
-    const auto r = RecordEstrazione(e);
-    return {r.data(), r.size()};
+// Twenty numbers from primo on, the first two as Oro and Doppio Oro.
+std::string Record(const char* data, int concorso, int primo) {
+    return Record(test::Draw(data, concorso, test::Range(primo, primo + 19), primo, primo + 1));
 }
 
 TEST(LoadArchivioDAT, AMissingFileGivesOneBlankDrawAndIsLeftEmptyOnDisk) {
@@ -50,7 +43,7 @@ TEST(LoadArchivioDAT, ExactlyOneGrowthStepAndRandomFilesAsTheLiteralReading) {
     test::FakeUi ui;
     std::string cinquemila;
     for (int i = 0; i < 5000; ++i)
-        cinquemila += Record("15/03/2024", static_cast<int16_t>(i), 1);
+        cinquemila += Record("15/03/2024", i, 1);
     EXPECT_EQ(UBound(LoadArchivioDAT(dir.write("a.dat", cinquemila), dir.path(), ui)), 5000);
     cinquemila += Record("16/03/2024", 1, 1);
     EXPECT_EQ(UBound(LoadArchivioDAT(dir.write("a.dat", cinquemila), dir.path(), ui)), 5001);
@@ -62,7 +55,7 @@ TEST(LoadArchivioDAT, ExactlyOneGrowthStepAndRandomFilesAsTheLiteralReading) {
         const int n = static_cast<int>(rng() % 12000);
         for (int i = 0; i < n; ++i) {
             std::string r =
-                Record(date[rng() % 4], static_cast<int16_t>(rng()), static_cast<uint8_t>(rng() % 91));
+                Record(date[rng() % 4], static_cast<int16_t>(rng()), static_cast<int>(rng() % 91));
             if (rng() % 50 == 0) r[rng() % 10] = static_cast<char>(rng());
             if (rng() % 100 == 0) r.assign(DimensioneRecordEstrazione, rng() % 2 ? '\0' : ' ');
             bytes += r;

@@ -1,6 +1,7 @@
 #include "archive/Statistiche.h"
 
 #include "archive/Archivio.h"
+#include "tests/archive/SupportoArchivio.h"
 #include "tests/reference/StatisticheLetterale.h"
 #include "tests/settings/TempDir.h"
 #include "tests/support/FakeUi.h"
@@ -8,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
 #include <numeric>
 #include <random>
@@ -19,21 +19,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A draw of twenty ascending numbers starting at from, step 2 (no runs, no two the same).
-Estrazione Spaced(const std::string& data, int16_t conc, int from) {
-    Estrazione e;
-    std::memset(e.Data.data(), ' ', 10);
-    std::memcpy(e.Data.data(), data.data(), std::min<size_t>(data.size(), 10));
-    e.Concorso = conc;
-    for (int k = 1; k <= 20; ++k)
-        e.Numeri[static_cast<size_t>(k)] = static_cast<uint8_t>(from + 2 * (k - 1));
-    return e;
-}
+using test::DateOf;
 
-std::string DateOf(int day) {
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%02d/%02d/%04d", 1 + day % 28, 1 + (day / 28) % 12, 2000 + day / 336);
-    return buf;
+// A draw of twenty ascending numbers starting at from, step 2 (no runs, no two the same).
+Estrazione Spaced(const std::string& data, int conc, int from) {
+    std::vector<int> n;
+    for (int k = 0; k < 20; ++k)
+        n.push_back(from + 2 * k);
+    return test::Draw(data, conc, n);
 }
 
 // A random archive: dates in order, several draws a date with rising draw numbers, mostly twenty
@@ -56,9 +49,7 @@ ArrayEstrazioni RandomArchive(std::mt19937& rng, int dates) {
             for (int& v : n)
                 if (kind == 1 && rng() % 3 == 0) v = 0; // zeros in place of numbers
             if (kind == 3 && rng() % 10 == 0) n[19] = 91 + static_cast<int>(rng() % 165); // not of the game
-            Estrazione e = Spaced(DateOf(d), conc, 1);
-            std::copy(n.begin(), n.end(), e.Numeri.begin() + 1);
-            a.push_back(e);
+            a.push_back(test::Draw(DateOf(d), conc, n));
         }
     }
     return a;

@@ -6,30 +6,19 @@
 
 #include "core/Corpo.h"
 #include "reference/UltimateLetterale.h"
+#include "settings/TempDir.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <numeric>
 #include <random>
 
 namespace dv {
 namespace {
-
-// Records every progress step, and asks for a stop at one of them.
-struct Registro : EngineObserver {
-    RunControl* ctl = nullptr;
-    int fermaAlPasso = -1;
-    std::vector<std::array<double, 4>> passi;
-    double totale = -1;
-    void started(double t) override { totale = t; }
-    void progress(const ProgressInfo& i) override {
-        passi.push_back({double(i.step), double(i.bar), i.counter, double(i.kept)});
-        if (i.step == fermaAlPasso) ctl->StopElaborazione = true;
-    }
-};
 
 // Draws of 20 numbers out of 1..pool, in a random order, with now and then a blank draw, a number
 // outside 1..90 or a repeated number, as an archive file may hold them.
@@ -51,18 +40,26 @@ ArrayEstrazioni RandomArchive(std::mt19937& rng, int draws, int pool) {
     return a;
 }
 
-struct Esito {
+// A search's result and every progress step it reported; a stop is asked at step fermaAlPasso.
+struct Esito : EngineObserver {
     RisultatoUltimate r;
     std::vector<std::array<double, 4>> passi;
-    double totale;
+    double totale = -1;
+    RunControl ctl;
+    int fermaAlPasso = -1;
+    void started(double t) override { totale = t; }
+    void progress(const ProgressInfo& i) override {
+        passi.push_back({double(i.step), double(i.bar), i.counter, double(i.kept)});
+        if (i.step == fermaAlPasso) ctl.StopElaborazione = true;
+    }
 };
 
-template <typename F> Esito Cerca(F search, const ArrayEstrazioni& a, int n, int32_t e, int fermaAlPasso) {
-    RunControl ctl;
-    Registro obs;
-    obs.ctl = &ctl;
-    obs.fermaAlPasso = fermaAlPasso;
-    return Esito{search(a, n, e, ctl, obs), std::move(obs.passi), obs.totale};
+template <typename F>
+std::unique_ptr<Esito> Cerca(F search, const ArrayEstrazioni& a, int n, int32_t e, int fermaAlPasso) {
+    auto esito = std::make_unique<Esito>();
+    esito->fermaAlPasso = fermaAlPasso;
+    esito->r = search(a, n, e, esito->ctl, *esito);
+    return esito;
 }
 
 void ExpectSame(const Esito& lit, const Esito& ours) {
@@ -70,6 +67,7 @@ void ExpectSame(const Esito& lit, const Esito& ours) {
     EXPECT_EQ(ours.r.trovate(), lit.r.trovate());
     EXPECT_EQ(ours.r.interrotta, lit.r.interrotta);
     EXPECT_EQ(ours.r.overflow, lit.r.overflow);
+    EXPECT_EQ(ours.r.elaborate, lit.r.elaborate);
     EXPECT_EQ(ours.totale, lit.totale);
     EXPECT_EQ(ours.passi, lit.passi);
     if (!ours.r.overflow) {
@@ -111,8 +109,8 @@ TEST(UltimateCerca, MatchesTheLiteralSearchOnRandomArchives) {
         const int ferma = caso % 5 == 0 ? 1 + static_cast<int>(rng() % 75) : -1;
         SCOPED_TRACE(testing::Message() << "n " << n << " e " << e << " draws " << draws << " pool " << pool
                                         << " stop " << ferma);
-        ExpectSame(Cerca(test::UltimateCalcolaLetterale, a, n, e, ferma),
-                   Cerca(UltimateCerca, a, n, e, ferma));
+        ExpectSame(*Cerca(test::UltimateCalcolaLetterale, a, n, e, ferma),
+                   *Cerca(UltimateCerca, a, n, e, ferma));
     }
 }
 
@@ -120,39 +118,37 @@ TEST(UltimateCerca, QuaterneOverflowAndStopAsTheLiteralSearch) {
     std::mt19937 rng(7);
     // Few draws leave far more than 32,767 quaterne: the 16-bit count ends the search.
     const ArrayEstrazioni corto = RandomArchive(rng, 12, 90);
-    const Esito ours = Cerca(UltimateCerca, corto, 4, 7773, -1);
-    EXPECT_TRUE(ours.r.overflow);
-    EXPECT_EQ(ours.r.trovate(), 32767);
-    ExpectSame(Cerca(test::UltimateCalcolaLetterale, corto, 4, 7773, -1), ours);
+    const auto ours = Cerca(UltimateCerca, corto, 4, 7773, -1);
+    EXPECT_TRUE(ours->r.overflow);
+    EXPECT_EQ(ours->r.trovate(), 32767);
+    ExpectSame(*Cerca(test::UltimateCalcolaLetterale, corto, 4, 7773, -1), *ours);
     // A stop at the first step keeps the quaterne found until then.
     const ArrayEstrazioni lungo = RandomArchive(rng, 3000, 24);
-    const Esito fermato = Cerca(UltimateCerca, lungo, 4, 7773, 1);
-    EXPECT_TRUE(fermato.r.interrotta);
-    EXPECT_EQ(fermato.passi.size(), 1u);
-    ExpectSame(Cerca(test::UltimateCalcolaLetterale, lungo, 4, 7773, 1), fermato);
+    const auto fermato = Cerca(UltimateCerca, lungo, 4, 7773, 1);
+    EXPECT_TRUE(fermato->r.interrotta);
+    EXPECT_EQ(fermato->passi.size(), 1u);
+    ExpectSame(*Cerca(test::UltimateCalcolaLetterale, lungo, 4, 7773, 1), *fermato);
 }
 
 TEST(UltimateCerca, WritesTheColumnsFoundAndLeavesTheCountToTheCaller) {
     std::mt19937 rng(3);
-    const Esito esito = Cerca(UltimateCerca, RandomArchive(rng, 100, 90), 2, 171, -1);
-    EXPECT_EQ(esito.r.elaborate, 4005);
+    const RisultatoUltimate r = Cerca(UltimateCerca, RandomArchive(rng, 100, 90), 2, 171, -1)->r;
     Corpo c;
     c.pronostico.NumColonne = 7;
-    ScriviColonneUltimate(c.Colonne, esito.r);
-    const int32_t ultima = esito.r.trovate();
+    ScriviColonneUltimate(c.Colonne, r);
+    const int32_t ultima = r.trovate();
     ASSERT_GT(ultima, 0);
-    EXPECT_EQ(c.Colonne.get(ultima, 1), esito.r.combinazione(ultima - 1)[0]);
-    EXPECT_EQ(c.Colonne.get(ultima, 2), esito.r.combinazione(ultima - 1)[1]);
+    EXPECT_EQ(c.Colonne.get(ultima, 1), r.combinazione(ultima - 1)[0]);
+    EXPECT_EQ(c.Colonne.get(ultima, 2), r.combinazione(ultima - 1)[1]);
     EXPECT_EQ(c.pronostico.NumColonne, 7);
 }
 
 TEST(AggiornaArchivioUltimate, AskForThirtyDaysAndKeepTheArchiveWhenTheConversionFails) {
     namespace fs = std::filesystem;
-    const fs::path dir = fs::temp_directory_path() / "dv_ultimate_aggiorna";
-    fs::create_directories(dir);
+    const test::TempDir dir;
     Corpo c;
-    c.PathArchivioDownload = (dir / "download.dat").string();
-    c.PathArchivio5Min = (dir / "5min.dat").string();
+    c.PathArchivioDownload = dir.file("download.dat");
+    c.PathArchivio5Min = dir.file("5min.dat");
     std::string risposta, chiesto;
     const ServerArchivi server{"http://127.0.0.1:1", [&](const std::string& url, const std::string& path) {
                                    chiesto = url;
@@ -177,7 +173,6 @@ TEST(AggiornaArchivioUltimate, AskForThirtyDaysAndKeepTheArchiveWhenTheConversio
                                "\nin procedure cmdUpdate_Click of Form frmUltimate",
                                0),
         0u);
-    fs::remove_all(dir);
 }
 
 } // namespace

@@ -22,19 +22,16 @@ public:
     explicit Casuale(uint32_t seed) : m_g(seed) {}
     int tra(int a, int b) { return std::uniform_int_distribution<int>(a, b)(m_g); }
 
-    // n distinct numbers of 1..90, drawn from pool first.
-    std::vector<int> distinti(int n, const std::vector<int>& pool, int dalPool) {
-        std::vector<int> v;
-        std::vector<int> p = pool;
-        std::shuffle(p.begin(), p.end(), m_g);
-        for (int x : p)
-            if (static_cast<int>(v.size()) < std::min(n, dalPool)) v.push_back(x);
-        while (static_cast<int>(v.size()) < n) {
+    // n distinct numbers of 1..90, up to dalPool of them drawn from pool.
+    std::vector<int> distinti(int n, std::vector<int> pool, int dalPool) {
+        std::shuffle(pool.begin(), pool.end(), m_g);
+        pool.resize(std::min(pool.size(), static_cast<size_t>(std::min(n, dalPool))));
+        while (static_cast<int>(pool.size()) < n) {
             const int x = tra(1, 90);
-            if (std::find(v.begin(), v.end(), x) == v.end()) v.push_back(x);
+            if (std::find(pool.begin(), pool.end(), x) == pool.end()) pool.push_back(x);
         }
-        std::shuffle(v.begin(), v.end(), m_g);
-        return v;
+        std::shuffle(pool.begin(), pool.end(), m_g);
+        return pool;
     }
 
     // A random system of count columns of len numbers of a forecast, now and then a column with a
@@ -97,14 +94,12 @@ TEST(SpoglioDifferenziale, ArchiveCheckMatchesTheLiteralLoopWithTheSameBoxes) {
             const int quante = r.tra(1, 6);
             for (int k = 1; k <= quante; ++k) {
                 const auto draw = r.distinti(20, forecast, r.tra(0, 20));
-                a.push_back(
-                    Draw("0" + std::to_string(d) + "/03/2024", k * 2, draw, r.oro(draw), r.oro(draw)));
+                a.push_back(Draw(DateOf(d), k * 2, draw, r.oro(draw), r.oro(draw)));
             }
         }
         c->mArrEstrazioni = a;
         const int d1 = r.tra(1, date), d2 = r.tra(d1, date);
-        const Tratto t = TrovaTratto(a, "0" + std::to_string(d1) + "/03/2024", r.tra(1, 12),
-                                     "0" + std::to_string(d2) + "/03/2024", r.tra(1, 12));
+        const Tratto t = TrovaTratto(a, DateOf(d1), r.tra(1, 12), DateOf(d2), r.tra(1, 12));
         FakeUi uiAtteso;
         const std::string attesa = Descrivi(reference::SpoglioArchivio(*c, uiAtteso, t));
         const uint8_t oro = c->OroSpoglio, doppio = c->DoppioOroSpoglio;

@@ -108,11 +108,8 @@ TEST_F(SpoglioEstrazioni, DateListsHoldEachDateOnceUpToTheLimit) {
     EXPECT_TRUE(date.empty());
 
     ArrayEstrazioni grande(1);
-    for (int i = 0; i <= MaxDateSpoglio; ++i) {
-        char d[32];
-        std::snprintf(d, sizeof d, "%02d/%02d/%04d", i % 28 + 1, i / 28 % 12 + 1, 1000 + i / 336);
-        grande.push_back(Draw(d, 1, Range(1, 20)));
-    }
+    for (int i = 0; i <= MaxDateSpoglio; ++i)
+        grande.push_back(Draw(DateOf(i), 1, Range(1, 20)));
     EXPECT_FALSE(DateSpoglio(grande, ui, date));
     EXPECT_EQ(ui.boxes.back().title, "Errore dimensione archivio");
     EXPECT_EQ(date.size(), static_cast<size_t>(MaxDateSpoglio) + 1);

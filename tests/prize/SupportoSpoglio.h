@@ -5,9 +5,9 @@
 #include "prize/Spoglio.h"
 #include "prize/SpoglioEstrazioni.h"
 #include "prize/VerificaSistemi.h"
+#include "tests/archive/SupportoArchivio.h"
 #include "tests/support/StateBuilder.h"
 
-#include <cstring>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -42,19 +42,6 @@ inline void ImpostaEstrazione(Corpo& c, const std::vector<int>& numeri, int oro 
         c.NumeriSpoglio[i + 1] = static_cast<uint8_t>(numeri[i]);
     c.OroSpoglio = static_cast<uint8_t>(oro);
     c.DoppioOroSpoglio = static_cast<uint8_t>(doppio);
-}
-
-inline Estrazione Draw(const std::string& data, int concorso, const std::vector<int>& numeri, int oro = 0,
-                       int doppio = 0) {
-    Estrazione e;
-    e.Data.fill(' ');
-    std::memcpy(e.Data.data(), data.data(), std::min<size_t>(data.size(), 10));
-    e.Concorso = static_cast<int16_t>(concorso);
-    for (size_t i = 0; i < numeri.size() && i < 20; ++i)
-        e.Numeri[i + 1] = static_cast<uint8_t>(numeri[i]);
-    e.NumeroOro = static_cast<uint8_t>(oro);
-    e.DoppioOro = static_cast<uint8_t>(doppio);
-    return e;
 }
 
 inline RecordNumeri Riga(const std::vector<int>& numeri) {
