@@ -19,24 +19,19 @@ Corpo Forecast(const std::vector<int>& numbers, int len) {
 }
 } // namespace
 
-TEST(SommaDialog, LimitsAndTheValuesShownAtLoad) {
-    Corpo c = Forecast({40, 3, 90, 12, 7}, 3);
-    const LimitiSomma l = CaricaSomma(c);
-    EXPECT_EQ(l.labMin, 3 + 7 + 12);
-    EXPECT_EQ(l.labMax, 12 + 40 + 90);
-    EXPECT_EQ(c.pronostico.Numeri[0], 3); // Numeri sorted at load
-
-    // The stored value only when set and within the limits of the (possibly new) forecast.
+// At load the stored value shows only when set and within the forecast's limits. Every failed check
+// beeps and warns, the last one moves the focus; the values in the boxes are written even when
+// refused, an empty box reads as 0 for its check and keeps the old value.
+TEST(SommaDialog, ValuesShownAtLoadAndClosingChecksAndWrites) {
+    Corpo f = Forecast({40, 3, 90, 12, 7}, 3); // the limits come from the grid, in ascending order
+    const LimitiSomma l = CaricaSomma(f);
+    EXPECT_EQ(std::pair(l.labMin, l.labMax), std::pair(3 + 7 + 12, 12 + 40 + 90));
     const LimitiSomma m{30, 200};
-    EXPECT_EQ(ValoreSommaIniziale(50, m, m.labMin), 50);
     EXPECT_EQ(ValoreSommaIniziale(0, m, m.labMin), 30);
     EXPECT_EQ(ValoreSommaIniziale(29, m, m.labMin), 30);
+    EXPECT_EQ(ValoreSommaIniziale(200, m, m.labMin), 200);
     EXPECT_EQ(ValoreSommaIniziale(201, m, m.labMax), 200);
-}
 
-// Every failed check beeps and warns, the last one moves the focus; the values in the boxes are
-// written even when refused, an empty box reads as 0 for its check and keeps the old value.
-TEST(SommaDialog, ClosingChecksAndWrites) {
     const struct {
         bool bloccato;
         std::optional<int> da, a;
@@ -100,15 +95,11 @@ TEST(ConsecutiviDialog, LongestRunHeldAtLengthAndTheMaskRoundTripsHiddenCellsInc
     EXPECT_EQ(m.consecutivi.MaskConsecutivi, Potenze2[1] | Potenze2[2] | Potenze2[9]);
 }
 
-// Up to one free position (the window's test meets the limit at length 4).
-TEST(FisseDialog, LengthOneFixesNothing) {
+// Fixed numbers leave one free position (the window's test meets the limit at length 4), so length 1
+// fixes nothing.
+TEST(FisseDialog, LengthOneFixesNothingAndANumberDroppedFromTheForecastGoesAtLoadUnlessLocked) {
     Corpo uno = Forecast({5, 10}, 1);
-    DialogoFisse u(uno);
-    EXPECT_EQ(u.limite(), 0);
-    EXPECT_FALSE(u.click(4));
-}
-
-TEST(FisseDialog, ANumberDroppedFromTheForecastGoesAtLoadUnlessTheSystemIsLocked) {
+    EXPECT_FALSE(DialogoFisse(uno).click(4));
     for (const bool bloccato : {false, true}) {
         Corpo c = Forecast({5, 10, 15}, 3);
         c.condizioni.TabFisse[5] = 1;

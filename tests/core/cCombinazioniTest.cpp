@@ -6,11 +6,12 @@
 
 using namespace dv;
 
-TEST(cCombinazioni, WalksEverySubsetInLexicographicOrderAtEverySize) {
+// Every subset in lexicographic order, nothing past the end, and k above n refused with the class's
+// own error number and text.
+TEST(cCombinazioni, WalksEverySubsetInLexicographicOrderAndRefusesKAboveN) {
     cCombinazioni c;
     c.create(5, 3);
     EXPECT_EQ(c.size(), 10.0);
-    EXPECT_EQ(c.valAt(1), 0) << "zeroed before the first step";
     std::vector<std::string> seen;
     while (c.hasNext()) {
         c.getNext();
@@ -20,20 +21,14 @@ TEST(cCombinazioni, WalksEverySubsetInLexicographicOrderAtEverySize) {
     EXPECT_EQ(seen.front(), "[1,2,3]");
     EXPECT_EQ(seen[3], "[1,3,4]");
     EXPECT_EQ(seen.back(), "[3,4,5]");
-    EXPECT_EQ(c.Index(), 10);
     c.getNext();
     EXPECT_EQ(c.toString(), "[3,4,5]") << "past the end nothing changes";
     EXPECT_EQ(c.Index(), 10);
     c.clear();
     EXPECT_TRUE(c.hasNext());
-    EXPECT_EQ(c.valAt(2), 0);
-
     c.create(90, 25);
     EXPECT_NEAR(c.size() / 1.1613412635260274e22, 1.0, 1e-12);
-}
 
-TEST(cCombinazioni, KLargerThanNRaisesTheLogicError) {
-    cCombinazioni c;
     try {
         c.create(5, 6);
         FAIL() << "no error raised";
