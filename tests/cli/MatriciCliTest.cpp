@@ -33,8 +33,6 @@ TEST_F(MatriciCli, SealShowVerifyAndListTheFanoPlane) {
               "\"Io\", \"description\": \"Piano di Fano\", \"valid_from\": \"01/01/2020\", \"valid_to\": "
               "\"31/12/2099\", \"signature_ok\": true, \"crc_ok\": true, \"expired\": false, \"started\": "
               "true}\n");
-    r = Cli("matrix verify " + q("matrici/FANO.mqvn") + " --drawn 2 --hits 2 --json");
-    EXPECT_EQ(r.out, "{\"subsets\": 21, \"covered\": 21, \"holes\": 0, \"first_holes\": []}\n");
     r = Cli("matrix verify " + q("matrici/FANO.mqvn") + " --drawn 3 --hits 3 --json");
     EXPECT_EQ(
         r.out.rfind(

@@ -47,24 +47,19 @@ TEST_F(StatsCli, JsonAndCsvAreThoseOfTheComputation) {
     EXPECT_EQ(atteso.testo.substr(0, 10), "Data;n.;P1");
 }
 
-TEST_F(StatsCli, WithoutDatesTheWholeArchive) {
+TEST_F(StatsCli, WithoutDatesTheWholeArchiveAndRefusalsOfWhatItCannotCount) {
     const auto e = stats("");
     ASSERT_EQ(e.rc, 0);
     EXPECT_EQ(e.out.substr(0, e.out.find('\n')), "18 draws, from 01/05/2025 n. 1 to 03/05/2025 n. 6");
     EXPECT_NE(e.out.find("\nFrequenza\n"), std::string::npos);
     EXPECT_NE(e.out.find("  0210-0280 -->      "), std::string::npos);
-}
 
-TEST_F(StatsCli, RefusesWhatItCannotCount) {
+    // The reversed range's box is pinned by the computation's own test; here its exit code.
     EXPECT_EQ(Cli("stats " + q("none.dat")).rc, 1);
-    EXPECT_FALSE(dir.exists("none.dat"));
     EXPECT_EQ(stats(" --from 09/05/2025").rc, 1);
+    EXPECT_EQ(stats(" --from 03/05/2025 --to 01/05/2025").rc, 1);
     EXPECT_EQ(stats(" --from 9/5/2025").rc, 2);
     EXPECT_EQ(stats(" --type 3").rc, 2);
-    const auto e = stats(" --from 03/05/2025 --to 01/05/2025");
-    EXPECT_EQ(e.rc, 1);
-    EXPECT_NE(e.err.find("Error -2147211504 ("), std::string::npos);
-    EXPECT_NE(e.err.find(") in procedure Statistiche of Form frmStatistiche"), std::string::npos);
 }
 
 } // namespace
