@@ -20,15 +20,6 @@ std::string fileLungo(const std::string& lines, size_t n) {
 
 } // namespace
 
-TEST(ReadLanguageValue, ShortFileIsReadAsIniBySectionAndKey) {
-    TempDir dir;
-    const auto f =
-        dir.write("x.lng", "[frmA]\r\ncmd.Caption=\"Other\"\r\n[Strings]\r\n0025 = \"Due volte\"\r\n");
-    EXPECT_EQ(dv::ReadLanguageValue(f, "Strings", "0025"), "Due volte");
-    EXPECT_EQ(dv::ReadLanguageValue(f, "frmB", "cmd.Caption"), "");
-    EXPECT_EQ(dv::ReadLanguageValue(dir.file("missing.lng"), "Strings", "0025"), "");
-}
-
 TEST(ReadLanguageValue, LongFileIsScannedIgnoringSectionAndCase) {
     TempDir dir;
     const auto f = dir.write("x.lng", fileLungo("[frmSpoglio]\r\n"
@@ -55,12 +46,15 @@ TEST(ReadLanguageValue, LongFileIsScannedIgnoringSectionAndCase) {
     EXPECT_EQ(dv::ReadLanguageValue(utf8, "Strings", "0001"), "citt\xC3\xA0");
 }
 
+// Up to 64,000 bytes the file is read as INI, by section and key; from 64,001 on it is scanned.
 TEST(ReadLanguageValue, ThresholdIs64001Bytes) {
     TempDir dir;
-    std::string body = "[Strings]\r\n0001 = \"spaced\"\r\n";
-    const auto shortFile = dir.write("s.lng", fileLungo(body, 0) + std::string(64000 - body.size(), ';'));
+    std::string body = "[frmA]\r\ncmd.Caption=\"Other\"\r\n[Strings]\r\n0001 = \"spaced\"\r\n";
+    const auto shortFile = dir.write("s.lng", body + std::string(64000 - body.size(), ';'));
     ASSERT_EQ(std::filesystem::file_size(shortFile), 64000u);
     EXPECT_EQ(dv::ReadLanguageValue(shortFile, "Strings", "0001"), "spaced");
+    EXPECT_EQ(dv::ReadLanguageValue(shortFile, "frmB", "cmd.Caption"), "");
+    EXPECT_EQ(dv::ReadLanguageValue(dir.file("missing.lng"), "Strings", "0001"), "");
     const auto longFile = dir.write("l.lng", body + std::string(64001 - body.size(), ';'));
     // The scan takes everything behind "0001" and one character, less the first and last.
     EXPECT_EQ(dv::ReadLanguageValue(longFile, "Strings", "0001"), " \"spaced");
@@ -80,21 +74,6 @@ TEST(Lingua, LangReadsTheSettingWhenNoLanguageIsInUseAndAMissingFileGivesEmptyTe
     EXPECT_EQ(lingua.Lang("0054"), "");
     lingua.CurrentLanguage = "KLINGON";
     EXPECT_EQ(lingua.Lang("0053"), "");
-}
-
-TEST(ReadConfiguration, DefaultsWhenTheFileIsMissing) {
-    TempDir dir;
-    dv::Impostazioni imp;
-    imp.Intestazione = "changed";
-    dv::Lingua lingua;
-    dv::ReadConfiguration(dir.path(), imp, lingua);
-    EXPECT_EQ(imp.Intestazione, "RICEVITORIA XXXX - CAMBIA LE IMPOSTAZIONI DAL MENU FILE");
-    EXPECT_EQ(imp.StampanteTabulato, "NESSUNA");
-    EXPECT_EQ(imp.SorgenteRicalcolo, 1);
-    EXPECT_FALSE(imp.ModalitaRicalcolo);
-    EXPECT_EQ(imp.Lingua, "");
-    EXPECT_EQ(lingua.CurrentLanguage, "");
-    EXPECT_EQ(dv::IndirizzoServer(imp), "http://127.0.0.1:8090");
 }
 
 TEST(ReadConfiguration, ReadsEveryKeyAsTheSettingsWindowWroteIt) {
@@ -119,11 +98,21 @@ TEST(ReadConfiguration, ReadsEveryKeyAsTheSettingsWindowWroteIt) {
     EXPECT_LT(ini.find("SORGENTE RICALCOLO=2"), ini.find("LINGUA=ITALIANO"));
 }
 
-TEST(ReadConfiguration, OnlyTheExactTrueTurnsTheModeOnAndAMissingLanguageIsNotTaken) {
+TEST(ReadConfiguration, DefaultsWithoutAFileOnlyTheExactTrueTurnsTheModeOnAndNoMissingLanguage) {
     TempDir dir;
+    dv::Impostazioni imp;
+    imp.Intestazione = "changed";
+    dv::Lingua nessuna;
+    dv::ReadConfiguration(dir.path(), imp, nessuna);
+    EXPECT_EQ(imp.Intestazione, "RICEVITORIA XXXX - CAMBIA LE IMPOSTAZIONI DAL MENU FILE");
+    EXPECT_EQ(imp.StampanteTabulato, "NESSUNA");
+    EXPECT_EQ(imp.SorgenteRicalcolo, 1);
+    EXPECT_EQ(imp.Lingua, "");
+    EXPECT_EQ(nessuna.CurrentLanguage, "");
+    EXPECT_EQ(dv::IndirizzoServer(imp), "http://127.0.0.1:8090");
+
     dir.write("dorvantaqvn.ini", "[IMPOSTAZIONI]\nMODALITA' RICALCOLO=true\nSORGENTE RICALCOLO=1\n"
                                  "LINGUA=FRANCAIS\nSERVER=http://example.invalid:81/\n");
-    dv::Impostazioni imp;
     dv::Lingua lingua{dir.path(), "ENGLISH"};
     dv::ReadConfiguration(dir.path(), imp, lingua);
     EXPECT_FALSE(imp.ModalitaRicalcolo);

@@ -12,14 +12,6 @@
 using dv::classINI;
 using dv::test::TempDir;
 
-TEST(classINI, MissingFileGivesTheDefaultAndIsNotCreatedByReading) {
-    TempDir dir;
-    const classINI ini(dir.file("none.ini"));
-    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "LINGUA", "def"), "def");
-    EXPECT_EQ(ini.getInt("IMPOSTAZIONI", "X"), -1);
-    EXPECT_FALSE(dir.exists("none.ini"));
-}
-
 // Comments, blanks around names and values, case, quotes, the first of two keys, lines of either
 // end and none after the last, a value cut to what the buffer holds, integers by their leading digits.
 TEST(classINI, ReadsHandEditedFilesAsTheProfileCallsDo) {
@@ -65,8 +57,14 @@ TEST(classINI, WritingMakesFileAndSectionAndKeepsEveryOtherLine) {
     EXPECT_FALSE(dir.exists("b.ini.new"));
 }
 
-TEST(classINI, AFileThatCannotBeReadIsNotOverwritten) {
+// Reading a missing file gives the default and creates nothing; a file that cannot be read is not
+// overwritten.
+TEST(classINI, AMissingFileIsNotCreatedByReadingAndAFileThatCannotBeReadIsNotOverwritten) {
     TempDir dir;
+    const classINI ini(dir.file("none.ini"));
+    EXPECT_EQ(ini.getProperty("IMPOSTAZIONI", "LINGUA", "def"), "def");
+    EXPECT_EQ(ini.getInt("IMPOSTAZIONI", "X"), -1);
+    EXPECT_FALSE(dir.exists("none.ini"));
     std::filesystem::create_directory(dir.file("folder.ini"));
     EXPECT_FALSE(classINI(dir.file("folder.ini")).setProperty("S", "K", "v"));
     EXPECT_TRUE(std::filesystem::is_directory(dir.file("folder.ini")));
