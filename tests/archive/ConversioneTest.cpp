@@ -17,29 +17,16 @@ namespace {
 
 const std::string Dati = DV_ARCHIVE_TEST_DATA;
 
-// The golden file holds every separator, headings and lines of the wrong field count; its line ends
-// turned to LF (none after the last line) or CR give the same records, and an empty source an
-// empty archive.
-TEST(ConvertArchivioTmpToDat, GoldenFileWithEveryKindOfLineEndAndAnEmptySource) {
+// The golden file holds every separator, headings and lines of the wrong field count; an empty
+// source gives an empty archive. The kinds of line end are left to the random sources below.
+TEST(ConvertArchivioTmpToDat, GoldenFileAndAnEmptySource) {
     test::TempDir dir;
     const EsitoConversione e = ConvertArchivioTmpToDat(Dati + "/separatori.txt", dir.file("a.dat"));
     ASSERT_TRUE(e.completata());
     EXPECT_EQ(e.estrazioni, 7);
-    const std::string atteso = test::LeggiFile(Dati + "/separatori.dat");
-    EXPECT_EQ(dir.read("a.dat"), atteso);
+    EXPECT_EQ(dir.read("a.dat"), test::LeggiFile(Dati + "/separatori.dat"));
     EXPECT_FALSE(dir.exists("a.dat.new"));
-    std::string lf, cr;
-    for (const char ch : test::LeggiFile(Dati + "/separatori.txt")) {
-        if (ch == '\r') continue;
-        lf += ch;
-        cr += ch == '\n' ? '\r' : ch;
-    }
-    lf.pop_back();
-    for (const auto& [testo, records] :
-         {std::pair{lf, atteso}, {cr, atteso}, {std::string(), std::string()}}) {
-        ASSERT_TRUE(ConvertArchivioTmpToDat(dir.write("in.txt", testo), dir.file("a.dat")).completata());
-        EXPECT_EQ(dir.read("a.dat"), records);
-    }
+    ASSERT_TRUE(ConvertArchivioTmpToDat(dir.write("in.txt", ""), dir.file("a.dat")).completata());
     test::FakeUi ui;
     EXPECT_TRUE(ArchivioVuoto(LoadArchivioDAT(dir.file("a.dat"), dir.path(), ui)));
 }
@@ -66,11 +53,13 @@ TEST(ConvertArchivioTmpToDat, AFieldThatCannotConvertOrAMissingSourceKeepThePrev
 }
 
 // Random lines mixing draw lines, separators of every kind, doubled separators, bad fields, values
-// beyond their type and junk read by the lenient fields; the converter and the literal reading must
-// write the same records or fail on the same field.
+// beyond their type, junk read by the lenient fields, and lines ended by CR LF, LF or CR, the last
+// one now and then by nothing; the converter and the literal reading must write the same records or
+// fail on the same field.
 TEST(ConvertArchivioTmpToDat, MatchesTheLiteralReadingOnRandomSources) {
     std::mt19937 rng(20240315);
     const char separatori[] = {' ', '\t', '-', ',', ';', '.', '|'};
+    const char* fini[] = {"\r\n", "\n", "\r", ""};
     auto scegli = [&](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
     auto campo = [&](int k) -> std::string {
         if (scegli(40) < 6) { // junk: empty, not a number, beyond a byte, signed, an exponent
@@ -96,7 +85,7 @@ TEST(ConvertArchivioTmpToDat, MatchesTheLiteralReadingOnRandomSources) {
                 if (k && scegli(200) == 0) testo += ' ';
                 testo += campo(k);
             }
-            testo += scegli(3) == 0 ? "\n" : "\r\n";
+            testo += fini[scegli(l + 1 == righe ? 4 : 3)];
         }
         const reference::ConversioneLetterale atteso = reference::ConvertiLetterale(testo);
         dir.write("a.dat", "old");

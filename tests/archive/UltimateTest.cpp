@@ -130,19 +130,6 @@ TEST(UltimateCerca, QuaterneOverflowAndStopAsTheLiteralSearch) {
     ExpectSame(*Cerca(test::UltimateCalcolaLetterale, lungo, 4, 7773, 1), *fermato);
 }
 
-TEST(UltimateCerca, WritesTheColumnsFoundAndLeavesTheCountToTheCaller) {
-    std::mt19937 rng(3);
-    const RisultatoUltimate r = Cerca(UltimateCerca, RandomArchive(rng, 100, 90), 2, 171, -1)->r;
-    Corpo c;
-    c.pronostico.NumColonne = 7;
-    ScriviColonneUltimate(c.Colonne, r);
-    const int32_t ultima = r.trovate();
-    ASSERT_GT(ultima, 0);
-    EXPECT_EQ(c.Colonne.get(ultima, 1), r.combinazione(ultima - 1)[0]);
-    EXPECT_EQ(c.Colonne.get(ultima, 2), r.combinazione(ultima - 1)[1]);
-    EXPECT_EQ(c.pronostico.NumColonne, 7);
-}
-
 TEST(AggiornaArchivioUltimate, AskForThirtyDaysAndKeepTheArchiveWhenTheConversionFails) {
     namespace fs = std::filesystem;
     const test::TempDir dir;
