@@ -14,17 +14,6 @@ std::array<bool, 90> Griglia(const std::vector<int>& numeri) {
     return g;
 }
 
-CondizioneDistanza Condizione(std::initializer_list<int> coppie, std::initializer_list<int> minime) {
-    CondizioneDistanza cd;
-    for (int k : coppie)
-        cd.Posizioni[++cd.NumPosizioni] = static_cast<uint8_t>(k);
-    for (int d : minime) {
-        cd.DistanzaMin[static_cast<size_t>(d)] = Vero;
-        ++cd.NumDistanzeMin;
-    }
-    cd.Stato = Vero;
-    return cd;
-}
 } // namespace
 
 TEST(LimitiDaPronostico, NarrowestNeighboursAndTheGapLeftAfterTheLowestNumbers) {
@@ -37,17 +26,15 @@ TEST(LimitiDaPronostico, NarrowestNeighboursAndTheGapLeftAfterTheLowestNumbers) 
     l = LimitiDaPronostico(Griglia(test::Range(1, 90)), 2);
     EXPECT_EQ(l.minima, 1);
     EXPECT_EQ(l.massima, 89);
-    l = LimitiDaPronostico(Griglia({10, 20, 30}), 3);
-    EXPECT_EQ(l.minima, 10);
-    EXPECT_EQ(l.massima, 10);
     // None when the forecast cannot fill a column or a column has no pair.
     EXPECT_FALSE(LimitiDaPronostico(Griglia({1, 2, 3}), 4).calcolati);
     EXPECT_FALSE(LimitiDaPronostico(Griglia({1, 2, 3}), 1).calcolati);
     EXPECT_FALSE(LimitiDaPronostico(Griglia({}), 4).calcolati);
 }
 
-// The window's test reads panels built by clicks; the order of the pairs is pinned here.
-TEST(EditorDistanze, PairsAreListedAscendingWhateverTheOrderOfTheClicks) {
+// The window's test reads panels built by clicks; the order of the pairs is pinned here, and what an
+// empty forecast shows.
+TEST(EditorDistanze, PairsAreListedAscendingWhateverTheOrderOfTheClicksAndAnEmptyForecastHidesNothing) {
     Corpo c;
     c.LenColonna = 4;
     test::SetForecast(c, {3, 5, 12, 20, 33, 60});
@@ -55,21 +42,18 @@ TEST(EditorDistanze, PairsAreListedAscendingWhateverTheOrderOfTheClicks) {
     EXPECT_FALSE(e.clickDistanzaMax(60)) << "beyond the forecast's limits";
     for (int k : {3, 1, 2})
         e.clickCoppia(k);
-    const CondizioneDistanza cd = e.leggiPannello();
+    CondizioneDistanza cd = e.leggiPannello();
     EXPECT_EQ(cd.NumPosizioni, 3);
-    EXPECT_EQ(cd.Posizioni[1], 1);
-    EXPECT_EQ(cd.Posizioni[3], 3);
-    EXPECT_EQ(cd.Posizioni[4], 0);
-}
+    EXPECT_EQ(std::vector<int>(cd.Posizioni.begin() + 1, cd.Posizioni.begin() + 5),
+              (std::vector<int>{1, 2, 3, 0}));
 
-TEST(EditorDistanze, EmptyForecastLeavesEveryLabelAndAnEmptyPanel) {
-    Corpo c;
-    c.CondizioniDistanza.append(Condizione({1}, {5}));
-    EditorDistanze e(c, c.CondizioniDistanza);
-    EXPECT_TRUE(e.pronosticoVuoto());
-    EXPECT_FALSE(e.limiti().calcolati);
-    EXPECT_TRUE(e.coppiaVisibile(24));
-    EXPECT_TRUE(e.distanzaVisibile(89));
-    EXPECT_FALSE(e.coppia(1)) << "record 1 is not shown";
-    EXPECT_EQ(e.totaleON(), 1);
+    Corpo vuoto;
+    vuoto.CondizioniDistanza.append(cd);
+    EditorDistanze v(vuoto, vuoto.CondizioniDistanza);
+    EXPECT_TRUE(v.pronosticoVuoto());
+    EXPECT_FALSE(v.limiti().calcolati);
+    EXPECT_TRUE(v.coppiaVisibile(24));
+    EXPECT_TRUE(v.distanzaVisibile(89));
+    EXPECT_FALSE(v.coppia(1)) << "record 1 is not shown";
+    EXPECT_EQ(v.totaleON(), 1);
 }

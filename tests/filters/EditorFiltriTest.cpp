@@ -7,17 +7,9 @@
 
 using namespace dv;
 
-namespace {
-Corpo ConPronostico(const std::vector<int>& numeri, int len = 6) {
-    Corpo c;
-    c.LenColonna = static_cast<int16_t>(len);
-    test::SetForecast(c, numeri);
-    return c;
-}
-} // namespace
-
 TEST(EditorFiltri, OnlyForecastNumbersCanBeChosenAndASaveDropsTheOthers) {
-    Corpo c = ConPronostico({1, 2, 3, 4, 5, 6, 7, 8});
+    Corpo c;
+    test::SetForecast(c, test::Range(1, 8));
     c.FiltriAND.append(test::Filtro({2, 40}, 2));
     EditorFiltri e(c, c.FiltriAND);
 
@@ -34,7 +26,8 @@ TEST(EditorFiltri, OnlyForecastNumbersCanBeChosenAndASaveDropsTheOthers) {
 }
 
 TEST(EditorFiltri, StateClicksCountOnlyChangesAndClearingAlwaysLowersTheCount) {
-    Corpo c = ConPronostico(test::Range(1, 10));
+    Corpo c;
+    test::SetForecast(c, test::Range(1, 10));
     c.FiltriAND.append(test::Filtro({1}, 1));
     EditorFiltri e(c, c.FiltriAND);
     EXPECT_FALSE(e.clickStato(true)) << "clicking the active option changes nothing";

@@ -8,13 +8,11 @@
 using namespace dv;
 
 // The window tests step through whole tables; the ends of a single step are pinned here.
-TEST(IndiceDopo, SingleStepsStayWithinTheTable) {
+TEST(Pannelli, SingleStepsStayWithinTheTableAndNumbersShowTwoDigitsAtLeast) {
     EXPECT_EQ(IndiceDopo(1, Spostamento::Indietro1, 100, 150'000), 1);
     EXPECT_EQ(IndiceDopo(150'000, Spostamento::Avanti1, 100, 150'000), 150'000);
     EXPECT_EQ(IndiceDopo(23, Spostamento::Avanti2, 5, 25), 25);
-}
-
-TEST(FormatPannello, TwoDigitsAtLeastAndGroupedThousands) {
+    // The panel's number: two digits at least, thousands grouped.
     EXPECT_EQ(FormatPannello(1), "01");
     EXPECT_EQ(FormatPannello(150'000), "150.000");
     EXPECT_EQ(FormatPannello(-1), "-01");

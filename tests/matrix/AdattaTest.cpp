@@ -27,7 +27,7 @@ void Pronostico(Corpo& c, std::vector<uint8_t> numeri, int len) {
     }
 }
 
-TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReduction) {
+TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReductionAndOneWithout) {
     CartellaTemporanea dir("adatta");
     // V=5, K=3, T=2, F=1: columns {1,2,3}, {1,4,5}, {2,4,5}.
     MATRIX_STRUCTURE m = MatriceDi(5, 2, 3, {{1, 2, 3}, {1, 4, 5}, {2, 4, 5}});
@@ -39,11 +39,6 @@ TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReduction) {
     Pronostico(c, {50, 10, 40, 20, 30}, 3); // the order the order window left
     c.condizioni.CondSomma = Vero;
     test::FakeUi ui;
-    ui.texts = {{"0015", "Fissa n. "},
-                {"0016", " del pronostico"},
-                {"0014", "Fisse:"},
-                {"0017", "Da matrice"},
-                {"0018", "Ridotto"}};
     // Cancel, out of range, not in the forecast, then 30.
     std::deque<std::optional<std::string>> risposte = {std::nullopt, "91", "7", " 30 "};
     std::vector<std::string> domande;
@@ -56,8 +51,8 @@ TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReduction) {
     FisseMatrice fisse(c.LenColonna);
     AdattaMatriceCatalogo(c, ui, dir.in("matrici/m.mqvn"), fisse, chiedi);
     // The same prompt until a number of the forecast, the first number proposed.
-    EXPECT_EQ(domande, std::vector<std::string>(4, "Fissa n. 1 del pronostico ?|50"));
-    EXPECT_EQ(ui.boxes.at(0).text, "Fisse:\n\n30   \n\n");
+    EXPECT_EQ(domande, std::vector<std::string>(4, "<0015>1<0016> ?|50"));
+    EXPECT_EQ(ui.boxes.at(0).text, "<0014>\n\n30   \n\n");
     // 30 moved to the head: the order is 30 10 40 20 50, index i is the i-th of it.
     EXPECT_EQ(test::StoredColumns(c),
               (std::vector<std::vector<int>>{{10, 30, 40}, {20, 30, 50}, {10, 20, 50}}));
@@ -67,23 +62,20 @@ TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReduction) {
     EXPECT_EQ(c.condizioni.TabFisse[30], 1);
     EXPECT_EQ(c.condizioni.CondRidotto, Vero);
     EXPECT_EQ(c.condizioni.ValRidotto, 1);
-    EXPECT_EQ(c.pronostico.Descrizione, "Ridotto N-1");
+    EXPECT_EQ(c.pronostico.Descrizione, "<0018> N-1");
     EXPECT_EQ(c.SistemaBloccato, 0); // locked, then unlocked for recompute mode
     EXPECT_NE(std::find(ui.calls.begin(), ui.calls.end(), "conditionMarksChanged"), ui.calls.end());
-}
 
-TEST(AdattaTest, KEqualToTSetsNoReduction) {
-    CartellaTemporanea dir("kt");
-    ScriviMatrice(dir.in("matrici/m.mqvn"), MatriceDi(4, 2, 2, {{1, 2}, {3, 4}, {2, 3}}));
-    Corpo c;
-    Pronostico(c, {1, 2, 3, 4}, 2);
-    test::FakeUi ui;
-    FisseMatrice fisse(2);
-    AdattaMatriceCatalogo(c, ui, dir.in("matrici/m.mqvn"), fisse, {});
-    EXPECT_EQ(c.pronostico.Descrizione, "<0017>");
-    EXPECT_EQ(c.condizioni.CondRidotto, Falso);
-    EXPECT_EQ(c.condizioni.CondFisse, Falso);
-    EXPECT_EQ(c.SistemaBloccato, -1);
+    // K equal to T: no reduction, no fixed numbers, and outside recompute mode the system stays locked.
+    ScriviMatrice(dir.in("matrici/kt.mqvn"), MatriceDi(4, 2, 2, {{1, 2}, {3, 4}, {2, 3}}));
+    Corpo kt;
+    Pronostico(kt, {1, 2, 3, 4}, 2);
+    FisseMatrice nessuna(2);
+    AdattaMatriceCatalogo(kt, ui, dir.in("matrici/kt.mqvn"), nessuna, {});
+    EXPECT_EQ(kt.pronostico.Descrizione, "<0017>");
+    EXPECT_EQ(kt.condizioni.CondRidotto, Falso);
+    EXPECT_EQ(kt.condizioni.CondFisse, Falso);
+    EXPECT_EQ(kt.SistemaBloccato, -1);
 }
 
 TEST(AdattaTest, TooManyColumnsOrAnIndexOutsideTheForecastLeavesTheSystemAsItWas) {
@@ -95,7 +87,6 @@ TEST(AdattaTest, TooManyColumnsOrAnIndexOutsideTheForecastLeavesTheSystemAsItWas
     c.Colonne.setColumn(1, col, 2);
     c.condizioni.CondSomma = Vero;
     test::FakeUi ui;
-    ui.texts = {{"0012", "troppe"}, {"0013", "riduci"}};
     FisseMatrice fisse(2);
 
     MATRIX_STRUCTURE grande;
@@ -107,7 +98,7 @@ TEST(AdattaTest, TooManyColumnsOrAnIndexOutsideTheForecastLeavesTheSystemAsItWas
         ADD_FAILURE();
     } catch (const ErroreEsecuzione& e) {
         EXPECT_EQ(e.numero(), -2147211504);
-        EXPECT_EQ(e.descrizione(), "troppe\nriduci");
+        EXPECT_EQ(e.descrizione(), "<0012>\n<0013>");
     }
     EXPECT_THROW(AdaptMatrix(c, ui, MatriceDi(5, 2, 2, {{1, 5}}), fisse, {}), ErroreEsecuzione);
     EXPECT_EQ(c.pronostico.NumColonne, 1);

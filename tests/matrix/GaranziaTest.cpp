@@ -44,18 +44,8 @@ TEST(GaranziaTest, SameCountsAndHolesAsTheLiteralCheckOnRandomMatrices) {
     }
 }
 
-TEST(GaranziaTest, TheFanoPlaneCoversEveryPairAndAGreedyCoveringHasNoHoles) {
-    const std::vector<std::vector<uint8_t>> fano = {{1, 2, 3}, {1, 4, 5}, {1, 6, 7}, {2, 4, 6},
-                                                    {2, 5, 7}, {3, 4, 7}, {3, 5, 6}};
-    const auto e = VerificaGaranzia(7, 2, 2, Maschere(fano), 5);
-    EXPECT_EQ(e.subsets, 21u);
-    EXPECT_EQ(e.covered, 21u);
-    auto senza = fano;
-    senza.pop_back();
-    const auto buchi = VerificaGaranzia(7, 2, 2, Maschere(senza), 5);
-    EXPECT_EQ(buchi.covered, 18u);
-    EXPECT_EQ(buchi.firstHoles, (std::vector<std::vector<uint8_t>>{{3, 5}, {3, 6}, {5, 6}}));
-
+// The greedy covering is checked by the count above: every t-subset of every m-subset covered.
+TEST(GaranziaTest, AGreedyCoveringHasNoHoles) {
     for (auto [v, k, t, m] : {std::array{12, 5, 3, 4}, std::array{14, 6, 2, 3}, std::array{10, 4, 3, 3}}) {
         const auto cop = CoperturaGreedy(v, k, t, m, 1);
         ASSERT_FALSE(cop.empty());
