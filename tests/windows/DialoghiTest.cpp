@@ -69,7 +69,7 @@ class DialoghiTest : public QObject {
 
 private slots:
     void init() { ui = test::FakeUi(); }
-    void sommaWritesItsRangeAndRefusesABadOne() {
+    void sommaShowsItsLimitsWritesAtOnceAndABadRangeKeepsItOpen() {
         Corpo c = ConPronostico(test::Range(1, 12), 4);
         frmSomma w(c, ui);
         w.show();
@@ -82,10 +82,6 @@ private slots:
         QVERIFY(!w.close()); // below the least sum: refused, the window stays
         QCOMPARE(ui.boxes.size(), size_t{1});
         QCOMPARE(ui.boxes[0].text, std::string("<0023>"));
-        meDa->selectAll();
-        QTest::keyClicks(meDa, "20");
-        QVERIFY(w.close());
-        QCOMPARE(c.condizioni.SommaMinMax[0], int16_t{20});
     }
 
     void pariSweepSetsCountsOfEvenNumbers() {
@@ -121,34 +117,31 @@ private slots:
     void ridottoAndDistanzaMinimaTurnEachOtherOff() {
         Corpo c = ConPronostico(test::Range(1, 7), 3);
         c.distanzaMinima.CondDistanzaMinima = Vero;
-        {
-            frmRidotto w(c, ui);
-            w.show();
-            QCOMPARE(w.valore()->barra()->maximum(), 3);
-            Accendi(w, "optCond");
-            QVERIFY(ui.boxes.empty()); // the warning waits for the closing
-            w.valore()->barra()->setValue(1);
-            w.close();
-        }
+        frmRidotto r(c, ui);
+        r.show();
+        QCOMPARE(r.valore()->barra()->maximum(), 3);
+        Accendi(r, "optCond");
+        QVERIFY(ui.boxes.empty()); // the warning waits for the closing
+        r.valore()->barra()->setValue(1);
+        r.close();
         QCOMPARE(c.distanzaMinima.CondDistanzaMinima, Falso);
         QCOMPARE(c.condizioni.ValRidotto, uint8_t{1});
-        {
-            frmDistanzaMinima w(c, ui);
-            w.show();
-            Accendi(w, "optCond");
-            w.valore()->barra()->setValue(3);
-            w.close();
-        }
+        frmDistanzaMinima d(c, ui);
+        d.show();
+        Accendi(d, "optCond");
+        d.valore()->barra()->setValue(3);
+        d.close();
         QCOMPARE(c.condizioni.CondRidotto, Falso);
         QCOMPARE(c.distanzaMinima.ValDistanzaMinima, uint8_t{3});
         QCOMPARE(ui.boxes.size(), size_t{2});
         QCOMPARE(ui.boxes[0].text + ui.boxes[1].text, std::string("<0021><0005>"));
     }
 
-    void lockedSystemIsShownReadOnly() {
-        Corpo c = ConPronostico(test::Range(1, 12), 4);
+    // A locked system's conditions are shown and cannot be changed; its forecast can still be put in
+    // a random order, the one its seed gives.
+    void lockedSystemIsShownReadOnlyButItsForecastCanBeShuffled() {
+        Corpo c = ConPronostico(test::Range(11, 30), 4);
         c.condizioni.CondSomma = Vero;
-        c.condizioni.SommaMinMax = {15, 30};
         c.condizioni.TabPari[2] = Vero;
         c.SistemaBloccato = -1;
         frmSomma somma(c, ui);
@@ -156,15 +149,22 @@ private slots:
         QVERIFY(Elemento<QRadioButton>(somma, "optCondSomma", 0)->isChecked());
         QVERIFY(!Elemento<QRadioButton>(somma, "optCondSomma", 0)->isEnabled());
         QVERIFY(!somma.findChild<QLineEdit*>("meDa")->isEnabled());
-        somma.findChild<QLineEdit*>("meDa")->setText("1"); // cannot happen by hand; nothing is checked
-        QVERIFY(somma.close());
-        QCOMPARE(c.condizioni.SommaMinMax[0], int16_t{15});
-
         frmPari pari(c, ui);
         pari.show();
         Trascina(*pari.celle(), {1, 2});
         QCOMPARE(c.condizioni.TabPari[1], Falso);
         QVERIFY(ui.boxes.empty());
+
+        Corpo atteso = c;
+        OrdinePronostico logica(atteso);
+        logica.casuale(99);
+        logica.chiudi();
+        frmOrdinaPronostico w(c, ui);
+        w.show();
+        QVERIFY(!w.findChild<QWidget*>("titleOrdinePronostico")->isEnabled());
+        w.ordineCasuale(99);
+        w.close();
+        QCOMPARE(c.pronostico.Numeri, atteso.pronostico.Numeri);
     }
 
     void viewerPagesThroughTheSystem() {
@@ -185,40 +185,23 @@ private slots:
 
     void forecastOrderDraggedReachesNumeri() {
         Corpo c = ConPronostico({5, 10, 20, 40}, 2);
-        {
-            frmOrdinaPronostico w(c, ui);
-            w.show();
-            TabellaCelle& t = *w.celle();
-            QVERIFY(!t.cella(4)->isVisible());
-            const auto centro = [&t](int i) { return t.cella(i)->geometry().center(); };
-            Mouse(&t, QEvent::MouseButtonPress, centro(0), Qt::LeftButton);
-            Mouse(&t, QEvent::MouseMove, centro(2), Qt::LeftButton);
-            QCOMPARE(Testi(w, "l1"), QString("05"));
-            Mouse(&t, QEvent::MouseMove, centro(3), Qt::LeftButton);
-            Mouse(&t, QEvent::MouseButtonRelease, centro(3), Qt::NoButton);
-            QCOMPARE(t.cella(0)->text() + t.cella(3)->text(), QString("4005"));
-            QVERIFY(t.cella(3)->styleSheet().contains(QColor(255, 255, 0).name()));
-            Trascina(t, {1, 1}); // onto itself: nothing
-            w.close();
-        }
+        frmOrdinaPronostico w(c, ui);
+        w.show();
+        TabellaCelle& t = *w.celle();
+        QVERIFY(!t.cella(4)->isVisible());
+        const auto centro = [&t](int i) { return t.cella(i)->geometry().center(); };
+        Mouse(&t, QEvent::MouseButtonPress, centro(0), Qt::LeftButton);
+        Mouse(&t, QEvent::MouseMove, centro(2), Qt::LeftButton);
+        QCOMPARE(Testi(w, "l1"), QString("05"));
+        Mouse(&t, QEvent::MouseMove, centro(3), Qt::LeftButton);
+        Mouse(&t, QEvent::MouseButtonRelease, centro(3), Qt::NoButton);
+        QCOMPARE(t.cella(0)->text() + t.cella(3)->text(), QString("4005"));
+        QVERIFY(t.cella(3)->styleSheet().contains(QColor(255, 255, 0).name()));
+        Trascina(t, {1, 1}); // onto itself: nothing
+        w.close();
         QCOMPARE(c.pronostico.Numeri[0], uint8_t{40});
         QCOMPARE(c.pronostico.Numeri[1], uint8_t{10});
         QCOMPARE(c.pronostico.Numeri[3], uint8_t{5});
-    }
-
-    void forecastOrderRandomIsDrawnFromTheSeedEvenWhenLocked() {
-        Corpo c = ConPronostico(test::Range(11, 30), 5);
-        c.SistemaBloccato = -1;
-        Corpo atteso = c;
-        OrdinePronostico logica(atteso);
-        logica.casuale(99);
-        logica.chiudi();
-        frmOrdinaPronostico w(c, ui);
-        w.show();
-        QVERIFY(!w.findChild<QWidget*>("titleOrdinePronostico")->isEnabled());
-        w.ordineCasuale(99);
-        w.close();
-        QCOMPARE(c.pronostico.Numeri, atteso.pronostico.Numeri);
     }
 };
 

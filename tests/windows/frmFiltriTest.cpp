@@ -47,7 +47,7 @@ private slots:
         m_ui = UiConLingua();
     }
 
-    // A locked system's table is shown as it is and cannot be changed.
+    // A locked system's table is shown as it is, cannot be changed, and can be paged through.
     void loadShowsTheKindTheForecastAndRecordOneOfALockedSystem() {
         m_corpo->FiltriOR.append(dv::test::Filtro({3, 4, 50}, 0b10));
         m_corpo->SistemaBloccato = -1;
@@ -66,6 +66,15 @@ private slots:
         QVERIFY(!Elemento(f, "lbPresenze", 6)->isHidden());
         QVERIFY(Elemento(f, "lbPresenze", 7)->isHidden());
         QVERIFY(Controllo<QPushButton>(f, "cmdLoadFiltri")->isHidden());
+        // The steps keep within the table: past its end, past its start.
+        Vai(f, "cmdNext2", 3);
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("301"));
+        Vai(f, "cmdTOP");
+        Vai(f, "cmdNext2");
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("150.000"));
+        Vai(f, "cmdBOTTOM");
+        Vai(f, "cmdPrev2");
+        QCOMPARE(Testi(f, "lblnFiltro"), QString("01"));
         QCOMPARE(frmFiltri(*m_corpo, m_ui, TipoFiltro::XOR).windowTitle(), QString(" Colonne Filtro - XOR"));
     }
 
@@ -75,8 +84,9 @@ private slots:
         Vai(f, "cmdNext1", 2); // panel 3: content, left OFF
         Clicca(Elemento(f, "labGriglia", 12));
         Vai(f, "cmdNext1", 2); // panel 5: ON
-        Clicca(Elemento(f, "labGriglia", 4));
-        Clicca(Elemento(f, "labGriglia", 6));
+        // A sweep toggles each label it enters, the one it comes back to again.
+        dv::test::Trascina({Elemento(f, "labGriglia", 4), Elemento(f, "labGriglia", 5),
+                            Elemento(f, "labGriglia", 6), Elemento(f, "labGriglia", 5)});
         Clicca(Elemento(f, "labGriglia", 60)); // outside the forecast: nothing
         Clicca(Elemento(f, "lbPresenze", 0));
         Clicca(Elemento<QRadioButton>(f, "optCond", 0));
@@ -99,33 +109,6 @@ private slots:
         QCOMPARE(NumeriDi(t[5]), (std::vector<int>{13}));
     }
 
-    void navigationKeepsWithinTheTable() {
-        frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriAND);
-        Vai(f, "cmdNext2", 3);
-        QCOMPARE(Testi(f, "lblnFiltro"), QString("301"));
-        Vai(f, "cmdTOP");
-        Vai(f, "cmdNext2");
-        QCOMPARE(Testi(f, "lblnFiltro"), QString("150.000"));
-        Vai(f, "cmdBOTTOM");
-        Vai(f, "cmdPrev2");
-        QCOMPARE(Testi(f, "lblnFiltro"), QString("01"));
-    }
-
-    void aSweepTogglesEachLabelItCrossesOnce() {
-        frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriAND);
-        f.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&f));
-        Clicca(Elemento(f, "labGriglia", 1));
-        dv::test::Trascina({Elemento(f, "labGriglia", 0), Elemento(f, "labGriglia", 1),
-                            Elemento(f, "labGriglia", 2), Elemento(f, "labGriglia", 30),
-                            Elemento(f, "labGriglia", 3)});
-        for (const auto& [i, colore] :
-             std::vector<std::pair<int, QColor>>{{0, Blu}, {1, Bianco}, {2, Blu}, {30, Grigio}, {3, Blu}})
-            QCOMPARE(Sfondo(Elemento(f, "labGriglia", i)), colore);
-        dv::test::Trascina({Elemento(f, "lbPresenze", 2), Elemento(f, "lbPresenze", 3)});
-        QCOMPARE(Sfondo(Elemento(f, "lbPresenze", 3)), Rosso);
-    }
-
     void clearingThePanelAndTheTable() {
         for (int i = 1; i <= 3; ++i)
             m_corpo->FiltriXOR.append(dv::test::Filtro({i}, 2));
@@ -146,79 +129,48 @@ private slots:
         QCOMPARE(m_corpo->FiltriXOR.count(), 0);
     }
 
-    void aFilterMadeInTheWindowChangesTheDevelopment() {
-        pronostico(dv::test::Range(1, 8), 2);
-        frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriAND);
-        f.show();
-        for (int i = 0; i < 5; ++i)
-            Clicca(Elemento(f, "labGriglia", i)); // 1..5
-        Clicca(Elemento(f, "lbPresenze", 0));     // none of them
-        Clicca(Elemento<QRadioButton>(f, "optCond", 0));
-        f.close();
-
-        QCOMPARE(dv::test::Sviluppa(*m_corpo), 3);
-        QCOMPARE(dv::test::StoredColumns(*m_corpo), (std::vector<std::vector<int>>{{6, 7}, {6, 8}, {7, 8}}));
-    }
-
-    void distanceWindowHidesWhatTheForecastCannotGiveAndStepsByFive() {
+    // The distance window hides what the forecast cannot give, compacts its panels at closing, steps by
+    // five and clears with its button.
+    void distanceWindowFollowsTheForecastCompactsItsPanelsAndStepsByFive() {
         pronostico({3, 5, 12, 20, 33, 60}, 4);
-        m_corpo->SistemaBloccato = -1; // shown, not changed
-        frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
-        QVERIFY(!Controllo<QGroupBox>(f, "frameCondizione")->isEnabled());
-        QCOMPARE(Testi(f, "lblNumDistMin lblNumDistMax lbPFromPTo(3) lblTotFiltri"),
-                 QString("02|48|P03 - P04|25"));
-        QVERIFY(Elemento(f, "lbPFromPTo", 4)->isHidden());
-        for (const char* nome : {"lbDistanzaMin", "lbDistanzaMax"}) {
-            QVERIFY(Elemento(f, nome, 1)->isHidden());
-            QVERIFY(!Elemento(f, nome, 2)->isHidden());
-            QVERIFY(!Elemento(f, nome, 48)->isHidden());
-            QVERIFY(Elemento(f, nome, 49)->isHidden());
+        TabellaDistanze& t = m_corpo->CondizioniDistanza;
+        {
+            frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
+            f.show();
+            QCOMPARE(Testi(f, "lblNumDistMin lblNumDistMax lbPFromPTo(3) lblTotFiltri"),
+                     QString("02|48|P03 - P04|25"));
+            QVERIFY(Elemento(f, "lbPFromPTo", 4)->isHidden());
+            for (const char* nome : {"lbDistanzaMin", "lbDistanzaMax"}) {
+                QVERIFY(Elemento(f, nome, 1)->isHidden());
+                QVERIFY(!Elemento(f, nome, 2)->isHidden());
+                QVERIFY(!Elemento(f, nome, 48)->isHidden());
+                QVERIFY(Elemento(f, nome, 49)->isHidden());
+            }
+            Vai(f, "cmdNext2"); // panel 6: ON
+            dv::test::Trascina({Elemento(f, "lbPFromPTo", 1), Elemento(f, "lbPFromPTo", 2)});
+            Clicca(Elemento(f, "lbDistanzaMin", 2));
+            Clicca(Elemento(f, "lbDistanzaMax", 40));
+            Clicca(Elemento<QRadioButton>(f, "optCond", 0));
+            QCOMPARE(Sfondo(Elemento(f, "lbDistanzaMin", 2)), Rosso);
+            f.close();
         }
+        QCOMPARE(t.count(), 1);
+        QCOMPARE(t[1].NumPosizioni, uint8_t{2});
+        QCOMPARE(t[1].Posizioni[2], uint8_t{2});
+        QCOMPARE(t[1].DistanzaMin[2], Vero);
+        QCOMPARE(t[1].DistanzaMax[40], Vero);
+
+        frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
+        QCOMPARE(Sfondo(Elemento(f, "lbPFromPTo", 1)), Blu);
+        Clicca(Controllo<QPushButton>(f, "cmdCancella"));
+        QCOMPARE(Testi(f, "lblTotFiltriON"), QString("00"));
         Vai(f, "cmdNext2", 4);
         Vai(f, "cmdNext1", 2);
         QCOMPARE(Testi(f, "lblnFiltro"), QString("23"));
         Vai(f, "cmdNext2");
         QCOMPARE(Testi(f, "lblnFiltro"), QString("25"));
-    }
-
-    void distancePanelsAreCompactedAtClosingAndClearedByTheButton() {
-        pronostico({3, 5, 12, 20, 33, 60}, 4);
-        {
-            frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
-            f.show();
-            Vai(f, "cmdNext2"); // panel 6: ON
-            dv::test::Trascina({Elemento(f, "lbPFromPTo", 1), Elemento(f, "lbPFromPTo", 2)});
-            Clicca(Elemento(f, "lbDistanzaMin", 2));
-            Clicca(Elemento<QRadioButton>(f, "optCond", 0));
-            QCOMPARE(Sfondo(Elemento(f, "lbDistanzaMin", 2)), Rosso);
-            f.close();
-        }
-        TabellaDistanze& t = m_corpo->CondizioniDistanza;
-        QCOMPARE(t.count(), 1);
-        QCOMPARE(t[1].NumPosizioni, uint8_t{2});
-        QCOMPARE(t[1].Posizioni[2], uint8_t{2});
-        QCOMPARE(t[1].DistanzaMin[2], Vero);
-        frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
-        QCOMPARE(Sfondo(Elemento(f, "lbPFromPTo", 1)), Blu);
-        Clicca(Controllo<QPushButton>(f, "cmdCancella"));
-        QCOMPARE(Testi(f, "lblTotFiltriON"), QString("00"));
         f.close();
         QCOMPARE(t.count(), 0);
-    }
-
-    void aDistanceConditionMadeInTheWindowChangesTheDevelopment() {
-        pronostico(dv::test::Range(1, 6), 3);
-        frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
-        f.show();
-        // The first two numbers of a column are neighbours: 10 of the 20 columns.
-        Clicca(Elemento(f, "lbPFromPTo", 1));
-        Clicca(Elemento(f, "lbDistanzaMax", 1));
-        Clicca(Elemento<QRadioButton>(f, "optCond", 0));
-        f.close();
-
-        QCOMPARE(dv::test::Sviluppa(*m_corpo), 10);
-        for (const auto& col : dv::test::StoredColumns(*m_corpo))
-            QCOMPARE(col[1] - col[0], 1);
     }
 
 private:

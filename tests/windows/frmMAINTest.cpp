@@ -84,6 +84,15 @@ private slots:
         QVERIFY(m_corpo->Griglia[11]); // 12: one right and one row down from 1
         QTest::keyClick(numeri, Qt::Key_Return);
         QVERIFY(!m_corpo->Griglia[11]);
+        // The forecast's menu, on the numbers' title.
+        auto* popup = m_main->findChild<QMenu*>(QStringLiteral("menuPopup"));
+        QTest::mouseClick(etichetta("labnumeri"), Qt::RightButton);
+        QTRY_VERIFY(popup->isVisible());
+        popup->hide();
+        popup->findChild<QAction*>(QStringLiteral("mnuPronostico90Numeri"))->trigger();
+        QCOMPARE(m_corpo->pronostico.Quanti, 90);
+        popup->findChild<QAction*>(QStringLiteral("mnuCancellaPronostico"))->trigger();
+        QCOMPARE(m_corpo->pronostico.Quanti, 0);
 
         clicca(6);
         QVERIFY(cella(6)->styleSheet().contains(QStringLiteral("rgb(255,128,0)")));
@@ -161,7 +170,7 @@ private slots:
         QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri"}), QStringLiteral("cmdCalcolo"));
     }
 
-    void stopAsksWithTheLiveCountsWhileTheRunWaitsAndKeepsWhatWasKept() {
+    void stopAsksWithTheLiveCountsWhileTheRunWaitsAndClosingTheProgressWindowStopsToo() {
         // A long reduction: its first step is far away, its counts move all the same.
         scegliDa1A(90);
         m_corpo->distanzaMinima = {5, Vero};
@@ -194,10 +203,14 @@ private slots:
                                  elaborate->text().trimmed() + "\nColonne del sistema "));
         QVERIFY(testo.endsWith("\nVuoi interrompere l'elaborazione del sistema?"));
         QTRY_VERIFY(ctl.counter > aperta); // "no": the run goes on
+        progress->mostraLimite(ProgressInfo{250, 100, 5'000'000, 4'200'000, 4'000'000});
+        QCOMPARE(test::Testi(*progress, "labAllarm lblNumColSistema"),
+                 QStringLiteral("È stato superato il numero massimo di colonne del sistema.| 4.000.000"));
+        // Closing the window is the stop button.
         m_dialogs->duringQuestion = nullptr;
         m_dialogs->setNextAnswer(true);
-        QTest::mouseClick(progress->findChild<QPushButton*>(QStringLiteral("cmdSvilAnnulla")),
-                          Qt::LeftButton);
+        QVERIFY(!progress->close());
+        QVERIFY(ctl.StopElaborazione);
         QVERIFY(spy.wait(60000));
         QVERIFY(m_corpo->pronostico.NumColonne > 0);
         QVERIFY(m_corpo->pronostico.Descrizione.ends_with(" - ***"));
@@ -232,23 +245,7 @@ private slots:
                  QStringLiteral("menuColonnaFiltroAND"));
     }
 
-    void progressWindowShowsTheLimitAndItsCloseButtonAsksToStop() {
-        RunControl control;
-        frmCalcolo progress(m_main->ui(), control);
-        progress.show();
-        progress.mostraLimite(ProgressInfo{250, 100, 5'000'000, 4'200'000, 4'000'000});
-        QCOMPARE(test::Testi(progress, "labAllarm lblNumColSistema"),
-                 QStringLiteral("È stato superato il numero massimo di colonne del sistema.| 4.000.000"));
-        // Closing the window is the stop button: asked, and refused on no.
-        m_dialogs->setNextAnswer(false);
-        QVERIFY(!progress.close());
-        QVERIFY(!control.StopElaborazione);
-        m_dialogs->setNextAnswer(true);
-        QVERIFY(!progress.close());
-        QVERIFY(control.StopElaborazione);
-    }
-
-    void languageChosenInTheSettingsKeepsCountsAndTheLockAndTheSettingsAreReadAgainAfterwards() {
+    void aDevelopedSystemKeepsItsLockThroughTheLanguageShufflesWhenAskedAndClosingIsAsked() {
         scegliDa1A(12);
         sviluppa();
         // The other language chosen in the settings window, which is closed unsaved.
@@ -267,25 +264,13 @@ private slots:
         // Closed without saving: the saved language is back, and so is every count.
         QCOMPARE(si(), QStringLiteral("&S\u00EC"));
         QCOMPARE(test::Testi(*m_main, "labnumeri lblIntegrale"), QStringLiteral("Numeri in gioco [12]|66"));
-        // The locked system stays locked: the button does not develop the held columns again.
+        // The locked system stays locked: the button does not develop the held columns again, and
+        // the forecast's menu is not offered.
         QCOMPARE(abilitati({"cmdCalcolo", "menuCalcolo", "cmdModifiche"}), QStringLiteral("cmdModifiche"));
+        QTest::mouseClick(etichetta("labnumeri"), Qt::RightButton);
+        QTest::qWait(50);
+        QVERIFY(!m_main->findChild<QMenu*>(QStringLiteral("menuPopup"))->isVisible());
 
-        // The file changes while the window is open, as its own save would change it.
-        const std::string ini = m_corpo->AppDir + "/dorvantaqvn.ini";
-        QVERIFY(apre<frmImpostazioni>([this] { menu("menuImpostazioni"); },
-                                      [ini](frmImpostazioni&) {
-                                          std::ofstream(ini)
-                                              << "[IMPOSTAZIONI]\nLINGUA=english\nMODALITA' RICALCOLO=TRUE\n";
-                                      }));
-        QCOMPARE(m_corpo->ModalitaRicalcolo, Vero);
-        QCOMPARE(test::Testi(*m_main, "cmdCalcolo"), QStringLiteral("&Develop System"));
-        QCOMPARE(pannello(3), QStringLiteral("\u20AC 66.00"));
-        QVERIFY(apre<frmAbout>([this] { menu("menuinfo"); }));
-    }
-
-    void shuffleAsksAndKeepsTheSetOfColumnsAndOpenFolderShowsTheDataFolder() {
-        scegliDa1A(13);
-        sviluppa();
         const auto prima = test::StoredColumns(*m_corpo);
         m_dialogs->setNextAnswer(false);
         menu("menuMescola");
@@ -304,31 +289,23 @@ private slots:
         menu("menuApriDirectory");
         QCOMPARE(m_dialogs->boxes.back().text, "Impossibile aprire la cartella " + m_corpo->AppDir +
                                                    ": non c'è un programma per sfogliare i file.");
-    }
-
-    void closingIsAsked() {
         m_dialogs->setNextAnswer(false);
         QVERIFY(!m_main->close());
         QCOMPARE(m_dialogs->boxes.back().text, std::string("Vuoi uscire dal programma?"));
-        m_dialogs->setNextAnswer(true);
+
+        // The file changes while the window is open, as its own save would change it.
+        const std::string ini = m_corpo->AppDir + "/dorvantaqvn.ini";
+        QVERIFY(apre<frmImpostazioni>([this] { menu("menuImpostazioni"); },
+                                      [ini](frmImpostazioni&) {
+                                          std::ofstream(ini)
+                                              << "[IMPOSTAZIONI]\nLINGUA=english\nMODALITA' RICALCOLO=TRUE\n";
+                                      }));
+        QCOMPARE(m_corpo->ModalitaRicalcolo, Vero);
+        QCOMPARE(test::Testi(*m_main, "cmdCalcolo"), QStringLiteral("&Develop System"));
+        QCOMPARE(pannello(3), QStringLiteral("\u20AC 66.00"));
+        QVERIFY(apre<frmAbout>([this] { menu("menuinfo"); }));
         QVERIFY(m_main->close());
         QCOMPARE(m_corpo->ChiusuraInCorso, Vero);
-    }
-
-    void forecastMenuOnlyWithoutASystem() {
-        auto* popup = m_main->findChild<QMenu*>(QStringLiteral("menuPopup"));
-        QTest::mouseClick(etichetta("labnumeri"), Qt::RightButton);
-        QTRY_VERIFY(popup->isVisible());
-        popup->hide();
-        popup->findChild<QAction*>(QStringLiteral("mnuPronostico90Numeri"))->trigger();
-        QCOMPARE(m_corpo->pronostico.Quanti, 90);
-        popup->findChild<QAction*>(QStringLiteral("mnuCancellaPronostico"))->trigger();
-        QCOMPARE(m_corpo->pronostico.Quanti, 0);
-        scegliDa1A(10);
-        sviluppa();
-        QTest::mouseClick(etichetta("labnumeri"), Qt::RightButton);
-        QTest::qWait(50);
-        QVERIFY(!popup->isVisible());
     }
 
     void saveOpenExportAndImportThroughTheMenusRestoreTheSystem() {
@@ -386,15 +363,21 @@ private slots:
         QCOMPARE(abilitati({"frameNumeri", "cmdModifiche"}), QStringLiteral("cmdModifiche"));
     }
 
-    void saveAsksBeforeReplacingAFileThatIsNotTheSystemsOwn() {
+    // Saving asks before replacing a file that is not the system's own; a file cut short in its
+    // conditions is flagged in the status line until a new system; a missing file named on the
+    // command line gets its box and leaves an empty system.
+    void savingAsksBeforeReplacingAnotherFileAndBrokenFilesAreReported() {
         const std::string dvs = cartella("sistemi", "prova1.dvs");
         scegliDa1A(10);
-        m_corpo->condizioni.CondSomma = Vero;
+        m_corpo->consecutivi = {0b110, Vero};
         m_corpo->FileCorrente = dvs;
         menu("menuSalva");
         menu("menuSalva"); // its own file: no question
         QVERIFY(m_dialogs->boxes.empty());
         const auto size = fs::file_size(dvs);
+        const std::string tagliato = cartella("sistemi", "tagliato.dvs");
+        fs::copy_file(dvs, tagliato);
+        fs::resize_file(tagliato, size - 8);
 
         const std::string txt = cartella("txt", "prova1.txt");
         std::ofstream(txt) << "1 2 3\n4 5 6\n";
@@ -407,25 +390,14 @@ private slots:
                  "Il file " + dvs +
                      " esiste già e non è quello aperto o salvato per ultimo. Vuoi sostituirlo?");
         QCOMPARE(fs::file_size(dvs), size);
-
         m_dialogs->setNextAnswer(true);
         menu("menuSalva");
         QVERIFY(fs::file_size(dvs) != size);
         menu("menuSalva"); // now the file last saved
         QCOMPARE(m_dialogs->boxes.size(), size_t{2});
-    }
 
-    // A file cut short in its conditions is flagged in the status line until a new system; a missing
-    // file named on the command line gets its box and leaves an empty system.
-    void aFileCutShortIsFlaggedAndAMissingOneReported() {
-        const std::string dvs = cartella("sistemi", "tagliato.dvs");
-        scegliDa1A(10);
-        m_corpo->consecutivi = {0b110, Vero};
-        m_dialogs->setNextFileName(dvs);
-        menu("menuSalvaConNome");
-        fs::resize_file(dvs, fs::file_size(dvs) - 8);
         menu("menuNuovo");
-        m_dialogs->setNextFileName(dvs);
+        m_dialogs->setNextFileName(tagliato);
         menu("menuApri");
         QLabel* avviso = etichetta("lblAvviso");
         QVERIFY(avviso->isVisible());
@@ -433,14 +405,14 @@ private slots:
             avviso->text(),
             QStringLiteral(
                 "Le condizioni del file potrebbero essere incomplete: il file finisce prima del previsto."));
-        QVERIFY(m_dialogs->boxes.empty());
+        QCOMPARE(m_dialogs->boxes.size(), size_t{2});
         menu("menuNuovo");
         QVERIFY(!avviso->isVisible());
 
         m_main->file().apri("\"" + cartella("sistemi", "manca.dvs") + "\"");
-        QCOMPARE(m_dialogs->boxes.size(), size_t{1});
-        QVERIFY(m_dialogs->boxes[0].text.rfind("Error ", 0) == 0);
-        QVERIFY(m_dialogs->boxes[0].text.find("ApriFile") != std::string::npos);
+        QCOMPARE(m_dialogs->boxes.size(), size_t{3});
+        QVERIFY(m_dialogs->boxes[2].text.rfind("Error ", 0) == 0);
+        QVERIFY(m_dialogs->boxes[2].text.find("ApriFile") != std::string::npos);
         QCOMPARE(m_corpo->pronostico.NumColonne, 0);
         QVERIFY(abilitato("frameNumeri"));
     }
