@@ -1,11 +1,10 @@
 // frmMatr on the offscreen platform: both ways of opening, the enabling rules and red labels, an
-// adaptation through the order window, the cancelled text dialog, and the update from
-// dorvanta-server with a hostile list.
+// adaptation through the order window, the cancelled text dialog, and the update off the window
+// thread.
 #include "windows/frmMatr.h"
 #include "matrix/Matrice.h"
 
 #include "matrix/SupportoMatrici.h"
-#include "server/ServerProcess.h"
 #include "support/FakeUi.h"
 #include "windows/FinestraPrincipaleProva.h"
 
@@ -137,18 +136,13 @@ TEST_F(frmMatrTest, CancelledTextDialogLeavesAnEmptySystemAndADamagedFileShowsRe
     EXPECT_EQ(corpo.pronostico.Descrizione, "");
 }
 
-TEST_F(frmMatrTest, TheMainWindowShowsItsMatrixEntriesAndSaveAsMatrixOnlyChecks) {
+TEST_F(frmMatrTest, TheMainWindowShowsItsMatrixEntries) {
     test::QueueDialogs dialogs;
     frmMAIN main(corpo, dialogs);
     CollegaMatrici(main);
     for (const char* voce : {"menuAdattaMatrice", "mnuElencoSistemiImmediati", "menuSalvaComeMatrice"})
         EXPECT_TRUE(main.azione(QString::fromLatin1(voce))->isVisible()) << voce;
     EXPECT_FALSE(main.pulsante(QStringLiteral("cmdAdatta"))->isHidden());
-    main.azione(QStringLiteral("menuSalvaComeMatrice"))->trigger(); // no columns: a warning, nothing written
-    EXPECT_EQ(dialogs.boxes.size(), 1u);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(PercorsoIn(corpo.AppDir, {"matrici"})),
-                            std::filesystem::directory_iterator()),
-              3);
 }
 
 TEST_F(frmMatrTest, UpdateRunsOffTheWindowThreadWithTheWindowDisabledAndStopsBeforeTheNextFile) {
@@ -188,41 +182,11 @@ TEST_F(frmMatrTest, UpdateRunsOffTheWindowThreadWithTheWindowDisabledAndStopsBef
     EXPECT_TRUE(f.isEnabled() && !f.finestraAvanzamento()->isVisible());
     EXPECT_EQ(chiesti.size(), 2u); // the list and UNO, not DUE
     EXPECT_TRUE(std::filesystem::exists(matrice("UNO.mqvn")));
-    EXPECT_EQ(f.catalogo().size(), 4u);
-    EXPECT_EQ(ui.busyDepth, 0);
-}
-
-#ifdef DV_SERVER_BINARY
-TEST_F(frmMatrTest, UpdateFromTheServerSkipsHostileNamesAndListsEverything) {
-    QTemporaryDir dati;
-    const QString base = dati.path() + QStringLiteral("/public/10elotto");
-    std::filesystem::create_directories((base + QStringLiteral("/matrici")).toStdString());
-    ScriviMatrice((base + QStringLiteral("/matrici/NUOVA.DAT")).toStdString(),
-                  MatriceDi(7, 2, 2, {{1, 2, 3, 4, 5, 6, 7}}));
-    std::ofstream((base + QStringLiteral("/lista.asp")).toStdString(), std::ios::binary)
-        << "nuova.dat\r\n../../../escape.DAT\r\nsub%2Fx.DAT\r\nmancante.DAT\r\n";
-    test::ServerProcess server(dati.path());
-    ASSERT_TRUE(server.running());
-    imp.Server = server.base();
-
-    auto s = servizi();
-    s.download = {}; // the real download
-    frmMatr f(corpo, ui, imp, frmMatr::Modo::Elenco, nullptr, s);
-    EXPECT_EQ(f.catalogo().size(), 3u); // no custom row without a filter
-    trova<QPushButton>(f, "cmdUpdateMatrix")->click();
-    f.attendi();
-    // The one file the server lacks is named with the reason.
-    ASSERT_FALSE(ui.boxes.empty());
-    EXPECT_EQ(ui.boxes.back().text, "<0256>\nMANCANTE.DAT: <0250>");
     EXPECT_EQ(f.windowTitle(), "<0019> (4)");
-    EXPECT_TRUE(CheckMatrixCrc(matrice("NUOVA.mqvn")));
-    EXPECT_FALSE(std::filesystem::exists(dati.filePath(QStringLiteral("escape.DAT")).toStdString()));
-    for (const QString& l : server.logLines())
-        EXPECT_FALSE(l.contains(QStringLiteral("ESCAPE"))) << l.toStdString();
+    EXPECT_EQ(ui.busyDepth, 0);
     trova<QPushButton>(f, "cmdOpenDir")->click();
     EXPECT_EQ(cartelle, std::vector<std::string>{PercorsoIn(corpo.AppDir, {"matrici"})});
 }
-#endif
 
 } // namespace
 } // namespace dv
