@@ -69,7 +69,7 @@ protected:
     void TearDown() override { chiudi(); }
 };
 
-TEST_F(FinestraStatistiche, ComputesTheWholeArchiveUnseenAtStart) {
+TEST_F(FinestraStatistiche, ComputedUnseenAtStartShownFromTheMenuWithItsChartsAndGivesForecasts) {
     EXPECT_FALSE(m_stat->isVisible());
     // The evening archive: the draw-number lists hidden, but at 1 and 288 to take whole dates.
     EXPECT_EQ(test::Testi(*m_stat, "cmbDal cmbAl cmbConcDal cmbConcAl"), "01/06/2025|04/06/2025|1|288");
@@ -81,22 +81,7 @@ TEST_F(FinestraStatistiche, ComputesTheWholeArchiveUnseenAtStart) {
     EXPECT_EQ(opzione(0)->palette().color(QPalette::Window), QColor(Qt::yellow));
     EXPECT_EQ(righe().size(), 20);
     EXPECT_EQ(righe().first(), QStringLiteral("01 -->      20"));
-}
 
-TEST_F(FinestraStatistiche, AnUpdateThatDropsTheOldestDaysRecomputesWithoutABox) {
-    // The updated archive lacks the first date the lists show: the counts come after the lists.
-    ArrayEstrazioni nuovo(1);
-    for (size_t i = 6; i < m_corpo->mArrEstrazioni.size(); ++i)
-        nuovo.push_back(m_corpo->mArrEstrazioni[i]);
-    m_corpo->mArrEstrazioni = nuovo;
-    m_main->finestre().ricalcolaStatistiche();
-    m_main->finestre().popolaStatistiche();
-    EXPECT_TRUE(m_dialogs->boxes.empty());
-    EXPECT_EQ(lista("cmbDal")->currentText(), QStringLiteral("02/06/2025"));
-    EXPECT_EQ(estrazioni(), 15);
-}
-
-TEST_F(FinestraStatistiche, ShowsFromTheMenuHidesOnCloseOptionsSwitchChartsAndTheFileOpensOnTheDesktop) {
     QAction* voce = m_main->azione(QStringLiteral("menuStatistiche"));
     EXPECT_TRUE(voce->isVisible());
     voce->trigger();
@@ -110,20 +95,8 @@ TEST_F(FinestraStatistiche, ShowsFromTheMenuHidesOnCloseOptionsSwitchChartsAndTh
     EXPECT_EQ(m_dialogs->documents, std::vector<std::string>{m_stat->percorsoCsv()});
     m_stat->close();
     EXPECT_EQ(m_main->findChild<frmStatistiche*>(), m_stat); // hidden, not deleted
-}
 
-TEST_F(FinestraStatistiche, ArchiveChangeRebuildsListsForTheFiveMinuteArchive) {
-    m_corpo->TipoArchivio = Archivio5Minuti;
-    m_corpo->mArrEstrazioni.resize(11); // the first two days
-    m_main->finestre().aggiornaStatistiche();
-    EXPECT_FALSE(lista("cmbConcDal")->isHidden());
-    EXPECT_EQ(test::Testi(*m_stat, "cmbAl"), "02/06/2025");
-    lista("cmbConcDal")->setCurrentIndex(2);
-    m_main->finestre().ricalcolaStatistiche();
-    EXPECT_EQ(m_stat->tabelle().ultimo - m_stat->tabelle().primo + 1, 8);
-}
-
-TEST_F(FinestraStatistiche, ForecastFromTheMostAndLeastFrequentNumbers) {
+    // The forecast from the most and the least frequent numbers.
     const std::vector<uint8_t> ordine = m_main->finestre().numeriPerFrequenza();
     m_main->azione(QStringLiteral("mnu10piuFrequenti"))->trigger();
     std::vector<int> attesi(ordine.begin(), ordine.begin() + 10);
@@ -133,4 +106,23 @@ TEST_F(FinestraStatistiche, ForecastFromTheMostAndLeastFrequentNumbers) {
     attesi.assign(ordine.end() - 30, ordine.end());
     std::sort(attesi.begin(), attesi.end());
     EXPECT_EQ(scelti(), attesi);
+}
+
+TEST_F(FinestraStatistiche, AnArchiveChangeRecomputesWithoutABoxAndTheFiveMinuteOneListsDrawNumbers) {
+    // The updated archive lacks the first date the lists show: the counts come after the lists.
+    m_corpo->mArrEstrazioni.erase(m_corpo->mArrEstrazioni.begin() + 1, m_corpo->mArrEstrazioni.begin() + 6);
+    m_main->finestre().ricalcolaStatistiche();
+    m_main->finestre().popolaStatistiche();
+    EXPECT_TRUE(m_dialogs->boxes.empty());
+    EXPECT_EQ(lista("cmbDal")->currentText(), QStringLiteral("02/06/2025"));
+    EXPECT_EQ(estrazioni(), 15);
+
+    m_corpo->TipoArchivio = Archivio5Minuti;
+    m_corpo->mArrEstrazioni.resize(11); // the second and third days
+    m_main->finestre().aggiornaStatistiche();
+    EXPECT_FALSE(lista("cmbConcDal")->isHidden());
+    EXPECT_EQ(test::Testi(*m_stat, "cmbAl"), "03/06/2025");
+    lista("cmbConcDal")->setCurrentIndex(2);
+    m_main->finestre().ricalcolaStatistiche();
+    EXPECT_EQ(m_stat->tabelle().ultimo - m_stat->tabelle().primo + 1, 8);
 }

@@ -1,6 +1,6 @@
 // The Ultimate window and the filter import on the offscreen platform, wired into the main window
 // as at start-up: the values of each kind, the search off the window thread with its stop and its
-// overflow, the ready-made ranges and both sources of the import, and the filter window's button.
+// overflow, and the import opened by the filter window's button from a file and from the archive.
 #include "windows/frmUltimate.h"
 #include "windows/frmImportFiltri.h"
 
@@ -108,33 +108,31 @@ TEST_F(FinestraUltimate, ValuesOfEachKindAndQuantity) {
     EXPECT_EQ(testo("lbNumEstrazioni"), QStringLiteral("171"));
 }
 
-TEST_F(FinestraUltimate, SearchShowsItsResultAndWritesTheColumns) {
-    const ArrayEstrazioni a = Archivio(1, 120);
+TEST_F(FinestraUltimate, AStoppedSearchShowsWhatItFoundAWholeOneWritesColumnsAndOverflowEndsInTheBox) {
+    const ArrayEstrazioni a = Archivio(1, 40);
     Scrivi(a, m_corpo->PathArchivio5Min);
     m_corpo->pronostico.NumColonne = 3;
     m_ult->apri();
-    cerca();
-    RunControl ctl;
-    EngineObserver obs;
-    const RisultatoUltimate atteso = UltimateCerca(a, 2, 171, ctl, obs);
-    ASSERT_GT(atteso.trovate(), 0);
-    EXPECT_EQ(risultato(), QString::fromStdString(TestoUltimate(atteso)).replace("\r\n", "\n"));
-    EXPECT_EQ(m_corpo->Colonne.get(1, 1), atteso.combinazione(0)[0]);
-    EXPECT_EQ(m_corpo->pronostico.NumColonne, 3);
-}
-
-TEST_F(FinestraUltimate, StoppedRunShowsWhatItFoundAndOverflowEndsInTheBox) {
-    const ArrayEstrazioni a = Archivio(1, 40);
-    Scrivi(a, m_corpo->PathArchivio5Min);
-    m_ult->apri();
+    const auto testo = [](const RisultatoUltimate& r) {
+        return QString::fromStdString(TestoUltimate(r)).replace("\r\n", "\n");
+    };
     cerca(true);
     RunControl ctl;
     FermaAlPrimo obs;
     obs.ctl = &ctl;
-    const RisultatoUltimate atteso = UltimateCerca(a, 2, 171, ctl, obs);
-    ASSERT_TRUE(atteso.interrotta);
-    EXPECT_EQ(risultato(), QString::fromStdString(TestoUltimate(atteso)).replace("\r\n", "\n"));
+    const RisultatoUltimate fermata = UltimateCerca(a, 2, 171, ctl, obs);
+    ASSERT_TRUE(fermata.interrotta);
+    EXPECT_EQ(risultato(), testo(fermata));
     EXPECT_FALSE(risultato().isEmpty());
+
+    cerca();
+    RunControl libero;
+    EngineObserver nessuno;
+    const RisultatoUltimate intera = UltimateCerca(a, 2, 171, libero, nessuno);
+    ASSERT_GT(intera.trovate(), 0);
+    EXPECT_EQ(risultato(), testo(intera));
+    EXPECT_EQ(m_corpo->Colonne.get(1, 1), intera.combinazione(0)[0]);
+    EXPECT_EQ(m_corpo->pronostico.NumColonne, 3);
 
     // Forty draws leave far more than 32,767 terni.
     di<QRadioButton>(*m_ult, "optTipoGiocata(1)")->click();
@@ -144,73 +142,56 @@ TEST_F(FinestraUltimate, StoppedRunShowsWhatItFoundAndOverflowEndsInTheBox) {
               "Error 6 (Overflow) in procedure cmdCalcolo_Click of Form frmUltimate");
 }
 
-TEST_F(FinestraUltimate, ImportFromTheArchiveWithTheReadyMadeRanges) {
+// The filter window's button opens the import of its own kind; a file with a bad line is refused
+// and the table kept, then the archive is imported with a ready-made range.
+TEST_F(FinestraUltimate, FilterWindowImportsKeepingItsTableOnABadFileThenFromTheArchive) {
     m_corpo->mArrEstrazioni = Archivio(3, 100);
     m_corpo->TipoArchivio = Archivio5Minuti;
     m_corpo->LenColonna = 6;
-    m_corpo->FiltriAND[1].Numeri[5] = 1;
+    m_corpo->FiltriAND[1].Numeri[9] = 1;
     m_corpo->FiltriAND.setCount(1);
-    frmImportFiltri f(*m_corpo, m_main->ui(), TipoFiltro::OR, m_main.get());
-    EXPECT_EQ(test::Testi(f, "cmbAl"), "03/06/2025");
-    EXPECT_FALSE(di<QPushButton>(f, "cmdImportaFiltri")->isEnabled());
-    EXPECT_TRUE(di<QLabel>(f, "lbPresenze(7)")->isHidden());
-    test::Clicca(di<QLabel>(f, "lbPresenze(0)"));
-    test::Clicca(di<QLabel>(f, "lbPresenze(2)"));
-
-    const auto voce = [&f](const char* name) { f.menuPopup()->findChild<QAction*>(name)->trigger(); };
-    voce("mnulast5days");
-    EXPECT_EQ(test::Testi(f, "cmbDal cmbConcAl"), "01/06/2025|288");
-    voce("mnuCercaAmbo");
-    EXPECT_EQ(test::Testi(f, "cmbDal cmbConcDal"), "02/06/2025|44");
-
-    // No to the question: nothing changes and the window stays.
-    m_dialogs->setNextAnswer(false);
-    di<QPushButton>(f, "cmdProcess")->click();
-    EXPECT_EQ(m_corpo->FiltriOR.count(), 0);
-    EXPECT_NE(f.result(), QDialog::Accepted);
-    di<QPushButton>(f, "cmdProcess")->click();
-    EXPECT_EQ(f.result(), QDialog::Accepted);
-    EXPECT_EQ(m_corpo->FiltriOR.count(), 157);
-    EXPECT_EQ(m_corpo->FiltriOR[1].Presenze, 0b101);
-    EXPECT_EQ(m_corpo->FiltriAND.count(), 1);
-}
-
-TEST_F(FinestraUltimate, ImportFromAFileKeepsTheTableWhenALineIsBad) {
-    m_corpo->FiltriXOR[1].Numeri[9] = 1;
-    m_corpo->FiltriXOR.setCount(1);
-    const std::string buono = m_dir->filePath("buono.txt").toStdString(),
-                      cattivo = m_dir->filePath("x.txt").toStdString();
-    std::ofstream(buono) << "1 2 3\n4,5,6\n";
+    m_corpo->FiltriOR[1].Numeri[5] = 1;
+    m_corpo->FiltriOR.setCount(1);
+    const std::string cattivo = m_dir->filePath("x.txt").toStdString();
     std::ofstream(cattivo) << "1 2 3\n4 y 6\n";
-    frmImportFiltri f(*m_corpo, m_main->ui(), TipoFiltro::XOR, m_main.get());
-    di<QRadioButton>(f, "optImportSource(0)")->click();
-    m_dialogs->setNextFileName(cattivo);
-    di<QPushButton>(f, "cmdImportaFiltri")->click();
-    EXPECT_EQ(m_dialogs->folders.back(), PercorsoIn(m_corpo->AppDir, {"txt"}));
-    di<QPushButton>(f, "cmdProcess")->click();
-    EXPECT_NE(f.result(), QDialog::Accepted);
-    EXPECT_EQ(m_corpo->FiltriXOR[1].Numeri[9], 1);
-    EXPECT_NE(m_dialogs->boxes.back().text.find("2: \"4 y 6\""), std::string::npos);
-    m_dialogs->setNextFileName(buono);
-    di<QPushButton>(f, "cmdImportaFiltri")->click();
-    di<QPushButton>(f, "cmdProcess")->click();
-    EXPECT_EQ(m_corpo->FiltriXOR.count(), 2);
-    EXPECT_EQ(m_corpo->FiltriXOR[2].Numeri[6], 1);
-}
-
-TEST_F(FinestraUltimate, FilterWindowOpensTheImportAndShowsItsFirstRecord) {
-    m_corpo->mArrEstrazioni = Archivio(1, 10);
     frmFiltri filtri(*m_corpo, m_main->ui(), TipoFiltro::AND, m_main.get());
     filtri.setImporta(m_main->finestre().importaFiltri);
-    auto* cmdLoadFiltri = di<QPushButton>(filtri, "cmdLoadFiltri");
     bool vista = false;
     QTimer::singleShot(0, [&] {
-        auto* imp = qobject_cast<frmImportFiltri*>(QApplication::activeModalWidget());
-        if (!imp) return;
-        vista = imp->tipoFiltro() == TipoFiltro::AND;
-        di<QPushButton>(*imp, "cmdProcess")->click();
+        auto* f = qobject_cast<frmImportFiltri*>(QApplication::activeModalWidget());
+        if (!f) return;
+        vista = f->tipoFiltro() == TipoFiltro::AND;
+        EXPECT_EQ(test::Testi(*f, "cmbAl"), "03/06/2025");
+        EXPECT_FALSE(di<QPushButton>(*f, "cmdImportaFiltri")->isEnabled());
+        EXPECT_TRUE(di<QLabel>(*f, "lbPresenze(7)")->isHidden());
+        di<QRadioButton>(*f, "optImportSource(0)")->click();
+        m_dialogs->setNextFileName(cattivo);
+        di<QPushButton>(*f, "cmdImportaFiltri")->click();
+        EXPECT_EQ(m_dialogs->folders.back(), PercorsoIn(m_corpo->AppDir, {"txt"}));
+        di<QPushButton>(*f, "cmdProcess")->click();
+        EXPECT_NE(f->result(), QDialog::Accepted);
+        EXPECT_EQ(m_corpo->FiltriAND[1].Numeri[9], 1);
+        EXPECT_NE(m_dialogs->boxes.back().text.find("2: \"4 y 6\""), std::string::npos);
+
+        di<QRadioButton>(*f, "optImportSource(1)")->click();
+        test::Clicca(di<QLabel>(*f, "lbPresenze(0)"));
+        test::Clicca(di<QLabel>(*f, "lbPresenze(2)"));
+        const auto voce = [f](const char* name) { f->menuPopup()->findChild<QAction*>(name)->trigger(); };
+        voce("mnulast5days");
+        EXPECT_EQ(test::Testi(*f, "cmbDal cmbConcAl"), "01/06/2025|288");
+        voce("mnuCercaAmbo");
+        EXPECT_EQ(test::Testi(*f, "cmbDal cmbConcDal"), "02/06/2025|44");
+        // No to the question: nothing changes and the window stays.
+        m_dialogs->setNextAnswer(false);
+        di<QPushButton>(*f, "cmdProcess")->click();
+        EXPECT_EQ(m_corpo->FiltriAND[1].Numeri[9], 1);
+        EXPECT_NE(f->result(), QDialog::Accepted);
+        di<QPushButton>(*f, "cmdProcess")->click();
     });
-    cmdLoadFiltri->click();
+    di<QPushButton>(filtri, "cmdLoadFiltri")->click();
     EXPECT_TRUE(vista);
-    EXPECT_EQ(di<QLabel>(filtri, "lblTotFiltriON")->text(), QStringLiteral("10"));
+    EXPECT_EQ(m_corpo->FiltriAND.count(), 157);
+    EXPECT_EQ(m_corpo->FiltriAND[1].Presenze, 0b101);
+    EXPECT_EQ(m_corpo->FiltriOR.count(), 1);
+    EXPECT_EQ(di<QLabel>(filtri, "lblTotFiltriON")->text(), QStringLiteral("157"));
 }

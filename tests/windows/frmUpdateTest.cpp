@@ -6,6 +6,7 @@
 #include "archive/Archivio.h"
 #include "platform/Shell.h"
 #include "server/ServerProcess.h"
+#include "tests/prize/SupportoSpoglio.h"
 #include "tests/windows/FinestraPrincipaleProva.h"
 #include "windows/frmUpdateModello.h"
 
@@ -15,22 +16,16 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 using namespace dv;
 
 namespace {
 
-Estrazione Draw(const char* data, int16_t concorso, uint8_t primo, uint8_t oro) {
-    Estrazione e;
-    std::memset(e.Data.data(), ' ', 10);
-    std::memcpy(e.Data.data(), data, std::strlen(data));
-    e.Concorso = concorso;
-    for (int i = 1; i <= 20; ++i)
-        e.Numeri[static_cast<size_t>(i)] = primo ? static_cast<uint8_t>(primo + 2 * i) : 0;
-    e.NumeroOro = oro;
-    e.DoppioOro = oro ? static_cast<uint8_t>(oro + 2) : 0;
-    return e;
+// The numbers primo + 2, primo + 4, ... (none for 0), Oro oro and Doppio Oro two above it.
+Estrazione Draw(const char* data, int concorso, int primo, int oro) {
+    std::vector<int> numeri;
+    for (int i = 1; primo && i <= 20; ++i)
+        numeri.push_back(primo + 2 * i);
+    return test::Draw(data, concorso, numeri, oro, oro ? oro + 2 : 0);
 }
 
 void Scrivi(const std::string& path, const std::vector<Estrazione>& draws) {
@@ -70,7 +65,7 @@ protected:
     void TearDown() override { chiudi(); }
 };
 
-TEST_F(FinestraArchivio, ReadsTheEveningArchiveUnseenAndShowsItNewestFirstWithoutBlankDraws) {
+TEST_F(FinestraArchivio, ReadsTheEveningArchiveUnseenNewestFirstAndAnOptionLoadsAnotherOffTheWindowThread) {
     EXPECT_FALSE(m_win->isVisible());
     EXPECT_EQ(m_win->modello().rowCount(), 2);
     const QString attesa =
@@ -78,20 +73,14 @@ TEST_F(FinestraArchivio, ReadsTheEveningArchiveUnseenAndShowsItNewestFirstWithou
                             "0   22   24   26   28   30   32   34   36   38   40   42   |          "
                             "       |                                ");
     EXPECT_EQ(test::Testi(*m_win, "lbLast lbTotale lbElaborazione"), attesa + "|2|Caricamento in corso...");
-    for (const char* voce : {"cmdArchivio", "menuArchivioEstrazioni", "mnuUltimaEstrazione"})
-        EXPECT_TRUE(m_main->azione(QString::fromLatin1(voce))
-                        ? m_main->azione(QString::fromLatin1(voce))->isVisible()
-                        : m_main->pulsante(QString::fromLatin1(voce))->isVisibleTo(m_main.get()))
-            << voce;
+    EXPECT_TRUE(m_main->pulsante(QStringLiteral("cmdArchivio"))->isVisibleTo(m_main.get()));
+    for (const char* voce : {"menuArchivioEstrazioni", "mnuUltimaEstrazione"})
+        EXPECT_TRUE(m_main->azione(QString::fromLatin1(voce))->isVisible()) << voce;
 
     m_main->azione(QStringLiteral("menuArchivioEstrazioni"))->trigger();
     EXPECT_FALSE(ctl<QPushButton>("cmdStatistiche")->isVisible()); // no statistics window here
-    m_win->close();
-    EXPECT_EQ(m_main->findChild<frmUpdate*>(), m_win); // hidden, not closed
-}
 
-TEST_F(FinestraArchivio, AnOptionLoadsItsArchiveOffTheWindowThreadAndACloseMeanwhileOnlyWarns) {
-    m_win->show();
+    // An option loads its archive off the window thread; a close meanwhile only warns.
     QTest::mouseClick(opzione(1), Qt::LeftButton);
     EXPECT_FALSE(ctl<QPushButton>("cmdUpdate")->isEnabled());
     m_win->close();
@@ -115,6 +104,8 @@ TEST_F(FinestraArchivio, AnOptionLoadsItsArchiveOffTheWindowThreadAndACloseMeanw
     m_win->attendi();
     EXPECT_EQ(m_dialogs->folders.back(), GetSpecialFolder(CartellaDesktop));
     EXPECT_EQ(m_win->modello().rowCount(), 6);
+    m_win->close();
+    EXPECT_EQ(m_main->findChild<frmUpdate*>(), m_win); // hidden, not closed
 }
 
 TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive) {
