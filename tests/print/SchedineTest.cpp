@@ -48,38 +48,31 @@ struct Slip : ::testing::Test {
     }
 };
 
-TEST_F(Slip, MarksNumberOneAndNinetyAtTheCornersOfTheGrid) {
-    const auto ops = scheda(1);
+TEST_F(Slip, MarksOfTheNumbersTheAmountTheKindsOfDrawAndTheGameOptions) {
+    auto ops = scheda(1);
     EXPECT_EQ(Conta(ops, "box 10.80 26.00 12.80 28.00"), 1); // number 1
     EXPECT_EQ(Conta(ops, "box 81.00 88.40 83.00 90.40"), 1); // 90: 9 boxes across, 8 down
     EXPECT_EQ(test::ContaInizio(ops, "box "), 10 + 1 + 1);   // numbers, amount, "5 Min"
-}
 
-TEST_F(Slip, AmountBoxFollowsIndiceImportoAndKindsOfDrawTheirBoxes) {
     c.IndiceImporto = 3;
+    c.TipoGiocata = 3;
     o.tipoEstrazione = {true, true, true};
-    const auto ops = scheda(2);
+    ops = scheda(2);
     EXPECT_EQ(Conta(ops, "box 34.20 100.00 36.20 102.00"), 1); // 10.8 + 3 * 7.8
     EXPECT_EQ(Conta(ops, "box 26.40 112.00 28.40 114.00"), 1); // 5 Min: + 2 boxes
     EXPECT_EQ(Conta(ops, "box 49.80 112.00 51.80 114.00"), 1); // Lotto: + 3 more
     EXPECT_EQ(Conta(ops, "box 81.00 112.00 83.00 114.00"), 1); // Immediata: + 4 more
+    EXPECT_EQ(Conta(ops, "box 33.80 142.00 35.80 144.00"), 1); // the second game option
     EXPECT_EQ(Conta(ops, "text \"               € 6.00\""), 1);
     // An empty column, or no kind of draw, costs nothing.
     EXPECT_EQ(Conta(scheda(3), "text \"               € 0.00\""), 1);
     o.tipoEstrazione = {false, false, false};
-    const auto nessuno = scheda(1);
-    EXPECT_EQ(Conta(nessuno, "text \"               € 0.00\""), 1);
-    EXPECT_EQ(test::ContaInizio(nessuno, "box "), 10 + 1);
+    ops = scheda(1);
+    EXPECT_EQ(Conta(ops, "text \"               € 0.00\""), 1);
+    EXPECT_EQ(test::ContaInizio(ops, "box "), 10 + 1 + 1); // numbers, amount, game option
 }
 
-TEST_F(Slip, GameOptionsLieNineteenTwentyTwentyOneMillimetresApart) {
-    c.TipoGiocata = 2;
-    EXPECT_EQ(Conta(scheda(1), "box 14.80 142.00 16.80 144.00"), 1);
-    c.TipoGiocata = 3;
-    const auto ops = scheda(1);
-    EXPECT_EQ(Conta(ops, "box 14.80 142.00 16.80 144.00"), 0);
-    EXPECT_EQ(Conta(ops, "box 33.80 142.00 35.80 144.00"), 1);
-
+TEST_F(Slip, TestPageMarksEveryBoxAndTheGameOptionsNineteenTwentyTwentyOneMillimetresApart) {
     std::ostringstream s;
     RegistroStampa r(s);
     StampaTestTaratura(c, cal, o, r);

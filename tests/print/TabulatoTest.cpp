@@ -32,10 +32,6 @@ struct Listing : ::testing::Test {
         StampaTabulato(c, o, r, ui);
         return Righe(s.str());
     }
-    static long blocchi(const std::vector<std::string>& ops) {
-        // A block opens and closes with the ruler; the heading and the forecast print three more.
-        return ContaInizio(ops, "text \"\u2014\u2014");
-    }
 };
 
 TEST_F(Listing, BlocksOfTwentyColumnsAndPageBreaksByCount) {
@@ -47,7 +43,8 @@ TEST_F(Listing, BlocksOfTwentyColumnsAndPageBreaksByCount) {
     for (const auto& k : casi) {
         sistema(k.colonne);
         const auto ops = stampa();
-        EXPECT_EQ(blocchi(ops), 5 + 2 * k.blocchi) << k.colonne;
+        // A block opens and closes with the ruler; the heading and the forecast print five more.
+        EXPECT_EQ(ContaInizio(ops, "text \"\u2014\u2014"), 5 + 2 * k.blocchi) << k.colonne;
         EXPECT_EQ(Conta(ops, "page"), k.pagine) << k.colonne;
         EXPECT_EQ(ops.back(), "end");
     }
