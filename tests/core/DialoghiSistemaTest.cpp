@@ -31,19 +31,14 @@ TEST(Viewer, PanelsOfTenColumnsAndTheirLines) {
     EXPECT_EQ(RigaColonna(c, 1), "  01");
 }
 
-TEST(ForecastOrder, RandomOrderIsAPermutationFixedBySeedWithTheNextColour) {
+TEST(ForecastOrder, RandomOrderIsAPermutationWithTheNextColour) {
     Corpo c;
     test::SetForecast(c, test::Range(1, 20));
     OrdinePronostico a(c);
-    OrdinePronostico b(c);
-    a.casuale(1234);
-    b.casuale(1234);
-    std::vector<int> va, vb;
-    for (int i = 0; i < 20; ++i) {
+    a.casuale(1234); // the window's test holds the order to the seed
+    std::vector<int> va;
+    for (int i = 0; i < 20; ++i)
         va.push_back(a.numero(i));
-        vb.push_back(b.numero(i));
-    }
-    EXPECT_EQ(va, vb);
     EXPECT_NE(va, test::Range(1, 20));
     EXPECT_EQ(std::set<int>(va.begin(), va.end()).size(), 20u);
     EXPECT_EQ(a.coloreTesto(0), 8454016u); // with 200 exchanges every cell is touched

@@ -51,47 +51,41 @@ const std::string Base = "http://127.0.0.1:8090/public/10elotto/";
 
 } // namespace
 
-TEST(AggiornaLingue, InstallsSafeNamesAndSkipsTheRestWithoutAsking) {
+// Names are trimmed, blank lines and names other than .txt skipped, unsafe, hidden or option-like
+// names never asked for; the list is held to 100 names of at most 4 MB each, and a file missing on
+// the server is skipped.
+TEST(AggiornaLingue, InstallsSafeNamesOfTheFirst100AndSkipsTheRestWithoutAsking) {
     TempDir dir;
     dir.write("english.lng", "old");
     FakeServer server;
-    server.files[Base + "lingue/lista.txt"] =
-        "english.txt\r\n\r\n../evil.txt\r\nsub/x.txt\r\nreadme.md\r\n  deutsch.txt  \r\nmissing.txt\r\n";
-    server.files[Base + "lingue/english.txt"] = "[Strings]\r\n0001=\"new\"\r\n";
-    server.files[Base + "lingue/deutsch.txt"] = "[Strings]\r\n";
-    const auto installed = dv::AggiornaLingue({}, dir.path(), server.downloader());
-    ASSERT_TRUE(installed.has_value());
-    EXPECT_EQ(installed->size(), 2u);
-    EXPECT_EQ(dir.read("english.lng"), "[Strings]\r\n0001=\"new\"\r\n");
-    EXPECT_TRUE(dir.exists("deutsch.lng"));
-    EXPECT_FALSE(dir.exists("missing.lng"));
-    EXPECT_EQ(server.asked,
-              (std::vector<std::string>{Base + "lingue/lista.txt", Base + "lingue/english.txt",
-                                        Base + "lingue/deutsch.txt", Base + "lingue/missing.txt"}));
-}
-
-TEST(AggiornaLingue, AListIsHeldTo100NamesOf4MBAndHiddenOrOptionNamesAreNeverAsked) {
-    TempDir dir;
-    FakeServer server;
-    std::string lista = ".hidden.txt\n-rf.txt\nbig.txt\n";
-    for (int i = 0; i < 102; ++i) {
+    std::string lista = "english.txt\r\n\r\n../evil.txt\r\nsub/x.txt\r\nreadme.md\r\n  deutsch.txt  \r\n"
+                        "missing.txt\r\n.hidden.txt\n-rf.txt\nbig.txt\n";
+    for (int i = 0; i < 93; ++i) {
         lista += "l" + std::to_string(i) + ".txt\n";
         server.files[Base + "lingue/l" + std::to_string(i) + ".txt"] = "[Strings]\r\n";
     }
     server.files[Base + "lingue/lista.txt"] = lista;
+    server.files[Base + "lingue/english.txt"] = "[Strings]\r\n0001=\"new\"\r\n";
+    server.files[Base + "lingue/deutsch.txt"] = "[Strings]\r\n";
     server.files[Base + "lingue/big.txt"] = std::string(dv::MaxByteFileLista + 1, 'x');
     dv::RapportoDownload rapporto;
     const auto installed = dv::AggiornaLingue({}, dir.path(), server.downloader(), &rapporto);
     ASSERT_TRUE(installed.has_value());
-    // The first 100 lines: two never asked, one too large, 97 installed; the rest cut.
-    EXPECT_EQ(installed->size(), 97u);
-    EXPECT_EQ(server.asked.size(), 99u);
+    // Of the first 100 names: five never asked, one missing, one too large, 2 + 91 installed.
+    EXPECT_EQ(installed->size(), 93u);
+    ASSERT_EQ(server.asked.size(), 96u);
+    EXPECT_EQ(std::vector<std::string>(server.asked.begin(), server.asked.begin() + 4),
+              (std::vector<std::string>{Base + "lingue/lista.txt", Base + "lingue/english.txt",
+                                        Base + "lingue/deutsch.txt", Base + "lingue/missing.txt"}));
+    EXPECT_EQ(dir.read("english.lng"), "[Strings]\r\n0001=\"new\"\r\n");
+    EXPECT_TRUE(dir.exists("deutsch.lng"));
+    EXPECT_FALSE(dir.exists("missing.lng"));
     EXPECT_FALSE(dir.exists("big.lng"));
     EXPECT_FALSE(dir.exists("temp/big.txt"));
-    EXPECT_TRUE(dir.exists("l96.lng"));
-    EXPECT_FALSE(dir.exists("l97.lng"));
+    EXPECT_TRUE(dir.exists("l90.lng"));
+    EXPECT_FALSE(dir.exists("l91.lng"));
     dv::test::FakeUi ui;
-    EXPECT_EQ(dv::MessaggioRapporto(rapporto, ui), "<0255>\n<0256>\nbig.txt: <0247>");
+    EXPECT_EQ(dv::MessaggioRapporto(rapporto, ui), "<0255>\n<0256>\nmissing.txt: <0253>\nbig.txt: <0247>");
 }
 
 TEST(AggiornaLingue, AFailedListChangesNothingAndCreditsAreJoinedByCrLf) {
@@ -104,7 +98,6 @@ TEST(AggiornaLingue, AFailedListChangesNothingAndCreditsAreJoinedByCrLf) {
     EXPECT_EQ(dv::CreditiLingue({}, dir.path(), server.downloader()), "English: Anna\r\nDeutsch: Bernd");
 }
 
-// The downloaded version file stays in temp only when the server has a newer version.
 TEST(ControllaVersione, KeepsTheFileOnlyWhenANewVersionExists) {
     TempDir dir;
     FakeServer server;

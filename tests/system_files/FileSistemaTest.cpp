@@ -1,6 +1,5 @@
 // Writing system files, and the round trip of whole states through them.
 #include "system_files/FileSistema.h"
-#include "system_files/ColonneTesto.h"
 #include "system_files/ScrittoreSicuro.h"
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
@@ -167,21 +166,16 @@ TEST(FileSistemaWriter, AReadOnlyFileStaysAsItWasAndAReplacedFileKeepsItsPermiss
     Corpo c;
     FakeUi ui;
     SetForecast(c, Range(1, 10));
-    for (const char* name : {"ro.dvs", "ro.txt"}) {
-        const std::string path = dir.file(name);
-        Bytes{}.text("old content").save(path);
-        fs::permissions(path, fs::perms::owner_read | fs::perms::group_read);
-        const bool salvato =
-            fs::path(name).extension() == ".dvs" ? SalvaFile(c, ui, path) : SalvaColonneTxt(c, ui, path);
-        EXPECT_FALSE(salvato) << name;
-        EXPECT_EQ(ReadText(path), "old content") << name;
-        EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::group_read) << name;
-    }
-    ASSERT_EQ(ui.boxes.size(), 2u);
+    const std::string path = dir.file("ro.dvs");
+    Bytes{}.text("old content").save(path);
+    fs::permissions(path, fs::perms::owner_read | fs::perms::group_read);
+    EXPECT_FALSE(SalvaFile(c, ui, path));
+    EXPECT_EQ(ReadText(path), "old content");
+    EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::group_read);
+    ASSERT_EQ(ui.boxes.size(), 1u);
     EXPECT_EQ(ui.boxes[0].text,
               "Error 75 (Path/File access error: <0266>) in procedure SalvaFile of Modulo corpo");
 
-    const std::string path = dir.file("ro.dvs");
     const auto bits = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
     fs::permissions(path, bits);
     EXPECT_TRUE(SalvaFile(c, ui, path));
