@@ -12,7 +12,10 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <fstream>
 #include <memory>
 #include <vector>
 
@@ -29,11 +32,9 @@ constexpr bool Asan = false;
 
 // Resident memory of a process in bytes, from /proc.
 qint64 rss(qint64 pid) {
-    QFile f(QStringLiteral("/proc/%1/status").arg(pid));
-    if (!f.open(QIODevice::ReadOnly)) return -1;
-    for (const QByteArray& line : f.readAll().split('\n'))
-        if (line.startsWith("VmRSS:")) return line.mid(6).trimmed().split(' ').front().toLongLong() * 1024;
-    return -1;
+    qint64 pagine = 0, residenti = -1;
+    std::ifstream("/proc/" + std::to_string(pid) + "/statm") >> pagine >> residenti;
+    return residenti * ::sysconf(_SC_PAGESIZE);
 }
 
 qsizetype apertiDa(qint64 pid) {
