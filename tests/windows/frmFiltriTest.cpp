@@ -16,12 +16,6 @@ using dv::test::Testi;
 using dv::test::Vai;
 
 namespace {
-// A Ui whose language file the test chooses.
-struct UiConLingua : dv::test::FakeUi {
-    std::string lingua;
-    std::string languageFile() override { return lingua; }
-};
-
 const QColor Blu(0, 0, 255), Bianco(255, 255, 255), Grigio(0xE0, 0xE0, 0xE0), Rosso(255, 0, 0);
 
 std::vector<int> NumeriDi(const ColonnaFiltro& r) {
@@ -44,7 +38,7 @@ private slots:
     void init() {
         m_corpo = std::make_unique<Corpo>();
         pronostico(dv::test::Range(1, 20), 6);
-        m_ui = UiConLingua();
+        m_ui = dv::test::FakeUi();
     }
 
     // A locked system's table is shown as it is, cannot be changed, and can be paged through.
@@ -175,7 +169,7 @@ private slots:
 
 private:
     std::unique_ptr<Corpo> m_corpo;
-    UiConLingua m_ui;
+    dv::test::FakeUi m_ui;
 };
 
 QTEST_MAIN(frmFiltriTest)

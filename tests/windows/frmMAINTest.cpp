@@ -12,7 +12,6 @@
 #include "windows/frmImpostazioni.h"
 #include "windows/frmMAINFile.h"
 #include "windows/frmSomma.h"
-#include "windows/frmVisualizza.h"
 
 #include <QMenu>
 #include <QThread>
@@ -89,10 +88,6 @@ private slots:
         QTest::mouseClick(etichetta("labnumeri"), Qt::RightButton);
         QTRY_VERIFY(popup->isVisible());
         popup->hide();
-        popup->findChild<QAction*>(QStringLiteral("mnuPronostico90Numeri"))->trigger();
-        QCOMPARE(m_corpo->pronostico.Quanti, 90);
-        popup->findChild<QAction*>(QStringLiteral("mnuCancellaPronostico"))->trigger();
-        QCOMPARE(m_corpo->pronostico.Quanti, 0);
 
         clicca(6);
         QVERIFY(cella(6)->styleSheet().contains(QStringLiteral("rgb(255,128,0)")));
@@ -344,9 +339,6 @@ private slots:
                  QStringLiteral("menuSomma menuDistanzaNumeri"));
         QVERIFY(!abilitato("frameNumeri"));
         QCOMPARE(pannello(1) + "|" + pannello(2), "prova.dvs|" + QString::number(kept));
-        QVERIFY(apre<frmVisualizza>([this] {
-            QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdVisualizza")), Qt::LeftButton);
-        }));
         // menuSalva writes under the current name again.
         fs::remove(path);
         menu("menuSalva");

@@ -1,6 +1,6 @@
 // The statistics window on the offscreen platform, wired into the main window as at start-up: its
 // first computation unseen, the date and draw-number lists, the charts and their options, the CSV
-// file, hiding instead of closing, and the forecast from the most and least frequent numbers.
+// file, and hiding instead of closing.
 #include "windows/frmStatistiche.h"
 
 #include "tests/windows/FinestraPrincipaleProva.h"
@@ -69,7 +69,7 @@ protected:
     void TearDown() override { chiudi(); }
 };
 
-TEST_F(FinestraStatistiche, ComputedUnseenAtStartShownFromTheMenuWithItsChartsAndGivesForecasts) {
+TEST_F(FinestraStatistiche, ComputedUnseenAtStartShownFromTheMenuWithItsChartsAndHiddenOnClose) {
     EXPECT_FALSE(m_stat->isVisible());
     // The evening archive: the draw-number lists hidden, but at 1 and 288 to take whole dates.
     EXPECT_EQ(test::Testi(*m_stat, "cmbDal cmbAl cmbConcDal cmbConcAl"), "01/06/2025|04/06/2025|1|288");
@@ -95,17 +95,6 @@ TEST_F(FinestraStatistiche, ComputedUnseenAtStartShownFromTheMenuWithItsChartsAn
     EXPECT_EQ(m_dialogs->documents, std::vector<std::string>{m_stat->percorsoCsv()});
     m_stat->close();
     EXPECT_EQ(m_main->findChild<frmStatistiche*>(), m_stat); // hidden, not deleted
-
-    // The forecast from the most and the least frequent numbers.
-    const std::vector<uint8_t> ordine = m_main->finestre().numeriPerFrequenza();
-    m_main->azione(QStringLiteral("mnu10piuFrequenti"))->trigger();
-    std::vector<int> attesi(ordine.begin(), ordine.begin() + 10);
-    std::sort(attesi.begin(), attesi.end());
-    EXPECT_EQ(scelti(), attesi);
-    m_main->azione(QStringLiteral("mnu30menoFrequenti"))->trigger();
-    attesi.assign(ordine.end() - 30, ordine.end());
-    std::sort(attesi.begin(), attesi.end());
-    EXPECT_EQ(scelti(), attesi);
 }
 
 TEST_F(FinestraStatistiche, AnArchiveChangeRecomputesWithoutABoxAndTheFiveMinuteOneListsDrawNumbers) {
