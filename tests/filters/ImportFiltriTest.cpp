@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace dv {
 namespace {
 
@@ -17,25 +19,21 @@ using test::Range;
 // the first number of draw i is i.
 ArrayEstrazioni Archivio() {
     ArrayEstrazioni a(1);
-    const struct {
-        const char* data;
-        int16_t conc;
-    } d[] = {{"01/03/2024", 1}, {"01/03/2024", 2}, {"01/03/2024", 5}, {"01/03/2024", 6}, {"02/03/2024", 1},
-             {"02/03/2024", 2}, {"03/03/2024", 3}, {"03/03/2024", 4}, {"03/03/2024", 9}};
+    const std::pair<const char*, int> d[] = {{"01/03/2024", 1}, {"01/03/2024", 2}, {"01/03/2024", 5},
+                                             {"01/03/2024", 6}, {"02/03/2024", 1}, {"02/03/2024", 2},
+                                             {"03/03/2024", 3}, {"03/03/2024", 4}, {"03/03/2024", 9}};
     for (size_t i = 0; i < std::size(d); ++i)
-        a.push_back(Draw(d[i].data, d[i].conc, Range(static_cast<int>(i) + 1, static_cast<int>(i) + 20)));
+        a.push_back(Draw(d[i].first, d[i].second, Range(static_cast<int>(i) + 1, static_cast<int>(i) + 20)));
     return a;
 }
 
 // The first number of each filter of the table, 1..count: which draws were taken.
 std::vector<int> Primi(const TabellaFiltri& t, int32_t count) {
     std::vector<int> v;
-    for (int32_t i = 1; i <= count; ++i)
-        for (int n = 1; n <= 90; ++n)
-            if (t[i].Numeri[static_cast<size_t>(n)]) {
-                v.push_back(n);
-                break;
-            }
+    for (int32_t i = 1; i <= count; ++i) {
+        const auto& numeri = t[i].Numeri;
+        v.push_back(static_cast<int>(std::find(numeri.begin() + 1, numeri.end(), 1) - numeri.begin()));
+    }
     return v;
 }
 

@@ -12,9 +12,8 @@ TEST(Pannelli, SingleStepsStayWithinTheTableAndNumbersShowTwoDigitsAtLeast) {
     EXPECT_EQ(IndiceDopo(1, Spostamento::Indietro1, 100, 150'000), 1);
     EXPECT_EQ(IndiceDopo(150'000, Spostamento::Avanti1, 100, 150'000), 150'000);
     EXPECT_EQ(IndiceDopo(23, Spostamento::Avanti2, 5, 25), 25);
-    // The panel's number: two digits at least, thousands grouped.
-    EXPECT_EQ(FormatPannello(1), "01");
-    EXPECT_EQ(FormatPannello(150'000), "150.000");
+    // The panel's number has two digits at least (the window test shows "01" and "150.000"), also
+    // below zero, where a count can go.
     EXPECT_EQ(FormatPannello(-1), "-01");
 }
 

@@ -3,7 +3,6 @@
 #include "matrix/SupportoMatrici.h"
 #include "support/FakeUi.h"
 #include "support/StateBuilder.h"
-#include "system_files/ErroreEsecuzione.h"
 
 #include <gtest/gtest.h>
 
@@ -78,7 +77,7 @@ TEST(AdattaTest, SmallMatrixByHandWithFixedNumberAndReductionAndOneWithout) {
     EXPECT_EQ(kt.SistemaBloccato, -1);
 }
 
-TEST(AdattaTest, TooManyColumnsOrAnIndexOutsideTheForecastLeavesTheSystemAsItWas) {
+TEST(AdattaTest, TooManyColumnsOrAnIndexOutsideTheForecastLeaveTheSystemAsItWasAndAStopEmptiesIt) {
     Corpo c;
     Pronostico(c, {1, 2, 3, 4}, 2);
     c.pronostico.NumColonne = 1;
@@ -93,26 +92,15 @@ TEST(AdattaTest, TooManyColumnsOrAnIndexOutsideTheForecastLeavesTheSystemAsItWas
     grande.NUMBERS_OF_MATRIX_V = 4;
     grande.LENGTH_OF_COLUMN_K = 2;
     grande.COLUMNS_OF_MATRIX_C = 4'000'001; // no body needed: refused before it is read
-    try {
-        AdaptMatrix(c, ui, grande, fisse, {});
-        ADD_FAILURE();
-    } catch (const ErroreEsecuzione& e) {
-        EXPECT_EQ(e.numero(), -2147211504);
-        EXPECT_EQ(e.descrizione(), "<0012>\n<0013>");
-    }
-    EXPECT_THROW(AdaptMatrix(c, ui, MatriceDi(5, 2, 2, {{1, 5}}), fisse, {}), ErroreEsecuzione);
+    EXPECT_EQ(test::Errore([&] { AdaptMatrix(c, ui, grande, fisse, {}); }), "-2147211504 <0012>\n<0013>");
+    EXPECT_NE(test::Errore([&] { AdaptMatrix(c, ui, MatriceDi(5, 2, 2, {{1, 5}}), fisse, {}); }), "none");
     EXPECT_EQ(c.pronostico.NumColonne, 1);
     EXPECT_EQ(c.pronostico.Descrizione, "prima");
     EXPECT_EQ(c.condizioni.CondSomma, Vero);
     EXPECT_EQ(c.Colonne.get(1, 2), 2);
     EXPECT_TRUE(ui.calls.empty());
-}
 
-TEST(AdattaTest, AStopLeavesAnEmptySystem) {
-    Corpo c;
-    Pronostico(c, {1, 2, 3, 4}, 2);
-    test::FakeUi ui;
-    FisseMatrice fisse(2);
+    // A stop during the adaptation leaves an empty system.
     std::vector<std::vector<uint8_t>> colonne(70'000, {1, 2});
     std::vector<int32_t> fatte;
     EXPECT_FALSE(AdaptMatrix(c, ui, MatriceDi(4, 2, 2, colonne), fisse, {}, [&](int32_t n, int32_t totale) {
@@ -130,12 +118,8 @@ TEST(AdattaTest, TextMatrixMustFitTheForecast) {
     Corpo c;
     Pronostico(c, {5, 6, 7}, 2);
     test::FakeUi ui;
-    try {
-        ImportaMatricePerAdattare(c, ui, dir.in("txt/m.txt"), 46000);
-        ADD_FAILURE();
-    } catch (const ErroreEsecuzione& e) {
-        EXPECT_EQ(e.descrizione(), "<0008>\n<0013>");
-    }
+    EXPECT_EQ(test::Errore([&] { ImportaMatricePerAdattare(c, ui, dir.in("txt/m.txt"), 46000); }),
+              "-2147211504 <0008>\n<0013>");
     Pronostico(c, {5, 6, 7, 8}, 2);
     const MATRIX_STRUCTURE m = ImportaMatricePerAdattare(c, ui, dir.in("txt/m.txt"), 46000);
     FisseMatrice fisse(2);

@@ -3,7 +3,6 @@
 #include "matrix/cBinaryFileStream.h"
 #include "matrix/cCRC32.h"
 #include "matrix/SupportoMatrici.h"
-#include "system_files/ErroreEsecuzione.h"
 
 #include <gtest/gtest.h>
 #include <zlib.h>
@@ -106,15 +105,11 @@ TEST(MatriceTest, DamagedShortAndLyingFilesAreListedAsUnsoundAndNeverReadPastThe
     EXPECT_FALSE(CheckMatrixCrc(dir.in("matrici/cambiato.mqvn")));
     EXPECT_FALSE(CheckMatrixCrc(dir.in("matrici/minimo.mqvn")));
     EXPECT_TRUE(CheckMatrixCrc(dir.in("matrici/bugiardo.mqvn"))); // sealed, yet its header lies
-    for (const char* nome : {"bugiardo.mqvn", "negativo.mqvn", "minimo.mqvn"}) {
-        try {
-            ReadMatrix(dir.in(std::string("matrici/") + nome));
-            ADD_FAILURE() << nome << " was read";
-        } catch (const ErroreEsecuzione& e) {
-            EXPECT_EQ(e.numero(), 62) << nome;
-        }
-    }
-    EXPECT_THROW(ReadMatrix(dir.in("matrici/manca.mqvn")), ErroreEsecuzione);
+    for (const char* nome : {"bugiardo.mqvn", "negativo.mqvn", "minimo.mqvn"})
+        EXPECT_EQ(test::Errore([&] { ReadMatrix(dir.in(std::string("matrici/") + nome)); }).substr(0, 3),
+                  "62 ")
+            << nome;
+    EXPECT_NE(test::Errore([&] { ReadMatrix(dir.in("matrici/manca.mqvn")); }), "none");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "matrix/Matrice.h"
+#include "system_files/ErroreEsecuzione.h"
 #include "tests/settings/TempDir.h"
 
 #include <string>
@@ -29,6 +30,16 @@ inline MATRIX_STRUCTURE MatriceDi(int v, int t, int m, const std::vector<std::ve
     x.MATRIX_READY = -1;
     x.MATRIX_SIGNATURE = FirmaMatrice;
     return x;
+}
+
+// The number and text of the run-time error that f raises, or "none".
+template <typename F> std::string Errore(F f) {
+    try {
+        f();
+    } catch (const ErroreEsecuzione& e) {
+        return std::to_string(e.numero()) + " " + e.descrizione();
+    }
+    return "none";
 }
 
 // A fresh data folder with the sub-folders the matrix code uses, removed at the end of the test.

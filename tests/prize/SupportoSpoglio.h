@@ -18,13 +18,11 @@ namespace dv::test {
 inline void ImpostaSistema(Corpo& c, int len, const std::vector<std::vector<int>>& colonne) {
     c.LenColonna = static_cast<int16_t>(len);
     std::vector<int> usati;
-    std::array<bool, 256> visto{};
     for (size_t j = 0; j < colonne.size(); ++j)
         for (int p = 0; p < len; ++p) {
             const int n = colonne[j][static_cast<size_t>(p)];
             c.Colonne.set(static_cast<int32_t>(j + 1), p + 1, static_cast<uint8_t>(n));
-            if (n >= 1 && n <= 90 && !visto[static_cast<size_t>(n)])
-                usati.push_back(n), visto[static_cast<size_t>(n)] = true;
+            if (n >= 1 && n <= 90) usati.push_back(n);
         }
     SetForecast(c, usati);
     c.pronostico.NumColonne = static_cast<int32_t>(colonne.size());
@@ -52,44 +50,37 @@ inline RecordNumeri Riga(const std::vector<int>& numeri) {
     return r;
 }
 
+// The values of a container, each followed by a blank.
+template <typename C> std::string Elenco(const C& valori) {
+    std::ostringstream s;
+    for (const auto& v : valori)
+        s << v << " ";
+    return s.str();
+}
+
 inline std::string Descrivi(const RisultatoSpoglio& r) {
     std::ostringstream s;
-    for (size_t h = 0; h <= 10; ++h) {
-        s << "h" << h << ":" << r.Vincite[h] << "[";
-        for (int32_t c : r.colonne[h])
-            s << c << " ";
-        s << "] ";
-    }
+    for (size_t h = 0; h <= 10; ++h)
+        s << "h" << h << ":" << r.Vincite[h] << "[" << Elenco(r.colonne[h]) << "] ";
     s << "tot " << r.TotaleVinto << " max " << int(r.MaxPunti) << " min " << int(r.MinPunti);
     return s.str();
 }
 
 inline std::string Descrivi(const RisultatoEstrazioni& r) {
     std::ostringstream s;
-    for (const RigaSpoglio& g : r.righe) {
+    for (const RigaSpoglio& g : r.righe)
         s << g.indice << (g.saltata ? " skip" : "") << " b" << int(g.Base) << " " << int(g.Max) << "/"
-          << int(g.Min) << " " << g.oro1 << g.oro2 << " [";
-        for (int32_t v : g.Vincite)
-            s << v << " ";
-        s << "] " << g.euro << "\n";
-    }
-    s << "T[";
-    for (int32_t v : r.Totali)
-        s << v << " ";
-    s << "] " << r.TotGiocato << " " << r.TotVinto << " " << r.NumEstrazioni;
+          << int(g.Min) << " " << g.oro1 << g.oro2 << " [" << Elenco(g.Vincite) << "] " << g.euro << "\n";
+    s << "T[" << Elenco(r.Totali) << "] " << r.TotGiocato << " " << r.TotVinto << " " << r.NumEstrazioni;
     return s.str();
 }
 
 inline std::string Descrivi(const RisultatoVerifica& v) {
     std::ostringstream s;
     s << v.lenFile1 << ":";
-    for (const auto& r : v.conteggi) {
-        for (int32_t x : r)
-            s << x << " ";
-        s << "| ";
-    }
-    for (int32_t x : v.totali)
-        s << x << " ";
+    for (const auto& r : v.conteggi)
+        s << Elenco(r) << "| ";
+    s << Elenco(v.totali);
     return s.str();
 }
 
