@@ -1,6 +1,5 @@
-// The condition dialogs, the viewer and the forecast order driven as a user drives them: options
-// clicked, boxes typed into, cells pressed and swept, windows closed; what each writes into the
-// state, and a development where the conditions it set decide what is kept.
+// The condition dialogs, the viewer and the forecast order driven as a user drives them, and what
+// each writes into the state.
 #include "windows/frmDistanzaMinima.h"
 #include "windows/frmFisse.h"
 #include "windows/frmOrdinaPronostico.h"

@@ -1,8 +1,5 @@
-// The main window on the offscreen platform as a user drives it: the grid gesture and keyboard,
-// the enabling rules, a development on the worker thread with its progress window, stopping it,
-// the lock and "Modifica Sistema", the stake and the status line, the settings and the language
-// chosen in them, saves, opens, imports and exports through the menus, and the question on
-// closing.
+// The main window on the offscreen platform as a user drives it, with the conditions, the progress,
+// the settings and the files reached from it.
 #include "core/Sistema.h"
 #include "tests/support/StateBuilder.h"
 #include "tests/windows/FinestraPrincipaleProva.h"
@@ -120,6 +117,15 @@ private slots:
         lunghezza()->setValue(11);
         QCOMPARE(etichetta("lbLenCol")->text(), QStringLiteral("11"));
         QVERIFY(!abilitato("cmdCalcolo"));
+
+        // The filter table's entry opens the window of its own table, and its mark follows the table.
+        m_corpo->FiltriAND.append(test::Filtro({1, 2, 3}, 0b1110));
+        TipoFiltro tipo = TipoFiltro::OR;
+        QVERIFY(apre<frmFiltri>([this] { menu("menuColonnaFiltroAND"); },
+                                [&tipo](frmFiltri& f) { tipo = f.tipoFiltro(); }));
+        QCOMPARE(tipo, TipoFiltro::AND);
+        QCOMPARE(spuntati({"menuColonnaFiltroAND", "menuColonnaFiltroOR"}),
+                 QStringLiteral("menuColonnaFiltroAND"));
     }
 
     void developmentRunsOffTheWindowThreadLocksAndModificaSistemaGivesUpTheColumnsOnly() {
@@ -152,7 +158,24 @@ private slots:
         QCOMPARE(abilitati({"cmdCalcolo", "frameNumeri", "cmdModifiche"}),
                  QStringLiteral("cmdCalcolo frameNumeri"));
 
+        // A condition set through its dialog narrows the development and is marked.
+        QVERIFY(apre<frmSomma>([this] { menu("menuSomma"); },
+                               [](frmSomma& somma) {
+                                   test::Elemento<QRadioButton>(somma, "optCondSomma", 0)->click();
+                                   test::Controllo<QLineEdit>(somma, "meDa")->setText(QStringLiteral("55"));
+                                   test::Controllo<QLineEdit>(somma, "meA")->setText(QStringLiteral("57"));
+                               }));
+        QCOMPARE(spuntati({"menuSomma", "menuFisse"}), QStringLiteral("menuSomma"));
+        sviluppa();
+        // Columns of ten: 78 less two numbers, and pairs adding up to 21, 22 or 23 left out.
+        QCOMPARE(m_corpo->pronostico.NumColonne, 4);
+        QCOMPARE(pannello(4), QStringLiteral("Sistema condizionato"));
+        // A new system takes the condition and its mark away.
+        menu("menuNuovo");
+        QCOMPARE(spuntati({"menuSomma"}), QString());
+
         // A run that keeps nothing leaves the window unlocked; in the recompute mode so does one that kept.
+        scegliDa1A(12);
         m_corpo->condizioni.CondSomma = Vero;
         m_corpo->condizioni.SommaMinMax = {1, 2};
         sviluppa();
@@ -210,34 +233,6 @@ private slots:
         QVERIFY(m_corpo->pronostico.NumColonne > 0);
         QVERIFY(m_corpo->pronostico.Descrizione.ends_with(" - ***"));
         QCOMPARE(pannello(4), QString::fromStdString(m_corpo->pronostico.Descrizione));
-    }
-
-    void conditionSetThroughItsDialogNarrowsTheDevelopmentAndIsMarked() {
-        scegliDa1A(12); // columns of ten: 78 less two numbers
-        QVERIFY(apre<frmSomma>([this] { menu("menuSomma"); },
-                               [](frmSomma& somma) {
-                                   test::Elemento<QRadioButton>(somma, "optCondSomma", 0)->click();
-                                   test::Controllo<QLineEdit>(somma, "meDa")->setText(QStringLiteral("55"));
-                                   test::Controllo<QLineEdit>(somma, "meA")->setText(QStringLiteral("57"));
-                               }));
-        QCOMPARE(spuntati({"menuSomma", "menuFisse"}), QStringLiteral("menuSomma"));
-        sviluppa();
-        // Left out pairs adding up to 21, 22 or 23: 9+12, 10+11, 10+12, 11+12.
-        QCOMPARE(m_corpo->pronostico.NumColonne, 4);
-        QCOMPARE(pannello(4), QStringLiteral("Sistema condizionato"));
-        // A new system takes the condition and its mark away.
-        menu("menuNuovo");
-        QCOMPARE(spuntati({"menuSomma"}), QString());
-
-        // The filter table's entry opens the window of its own table, and its mark follows the table.
-        scegliDa1A(10);
-        m_corpo->FiltriAND.append(test::Filtro({1, 2, 3}, 0b1110));
-        TipoFiltro tipo = TipoFiltro::OR;
-        QVERIFY(apre<frmFiltri>([this] { menu("menuColonnaFiltroAND"); },
-                                [&tipo](frmFiltri& f) { tipo = f.tipoFiltro(); }));
-        QCOMPARE(tipo, TipoFiltro::AND);
-        QCOMPARE(spuntati({"menuColonnaFiltroAND", "menuColonnaFiltroOR"}),
-                 QStringLiteral("menuColonnaFiltroAND"));
     }
 
     void aDevelopedSystemKeepsItsLockThroughTheLanguageShufflesWhenAskedAndClosingIsAsked() {

@@ -1,11 +1,10 @@
-// frmMatr on the offscreen platform: both ways of opening, the enabling rules and red labels, an
-// adaptation through the order window, the cancelled text dialog, and the update off the window
-// thread.
+// frmMatr on the offscreen platform: both ways of opening, adapting and the update.
 #include "windows/frmMatr.h"
 #include "matrix/Matrice.h"
 
 #include "matrix/SupportoMatrici.h"
 #include "support/FakeUi.h"
+#include "support/StateBuilder.h"
 #include "windows/FinestraPrincipaleProva.h"
 
 #include <QListWidget>
@@ -27,11 +26,7 @@ protected:
         ImpostaAppDir(corpo, dir.path().toStdString());
         // A forecast of 5 numbers, columns of 3.
         corpo.LenColonna = 3;
-        corpo.pronostico.Quanti = 5;
-        for (int i = 0; i < 5; ++i) {
-            corpo.pronostico.Numeri[static_cast<size_t>(i)] = static_cast<uint8_t>(10 * (i + 1));
-            corpo.Griglia[static_cast<size_t>(10 * (i + 1) - 1)] = true;
-        }
+        test::SetForecast(corpo, {10, 20, 30, 40, 50});
         const double oggi = OggiSeriale();
         MATRIX_STRUCTURE buona = MatriceDi(5, 2, 3, {{1, 2, 3}, {1, 4, 5}, {2, 4, 5}}, oggi - 10, oggi);
         buona.FIXED_NUMBERS_OF_MATRIX_F = 1;

@@ -1,6 +1,5 @@
-// The check windows driven through their controls on the offscreen platform: the single check
-// from the main window and from the archive window's hand-over, the archive check with its grid,
-// filters and CSV, the comparison of two files.
+// The check windows, wired into the main window, driven through their controls on the offscreen
+// platform.
 #include "windows/frmSpoglio.h"
 #include "tests/prize/SupportoSpoglio.h"
 #include "tests/windows/FinestraPrincipaleProva.h"

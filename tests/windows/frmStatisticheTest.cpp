@@ -1,6 +1,4 @@
-// The statistics window on the offscreen platform, wired into the main window as at start-up: its
-// first computation unseen, the date and draw-number lists, the charts and their options, the CSV
-// file, and hiding instead of closing.
+// The statistics window on the offscreen platform, wired into the main window as at start-up.
 #include "windows/frmStatistiche.h"
 
 #include "tests/windows/FinestraPrincipaleProva.h"

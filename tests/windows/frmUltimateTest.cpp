@@ -1,6 +1,5 @@
 // The Ultimate window and the filter import on the offscreen platform, wired into the main window
-// as at start-up: the values of each kind, the search off the window thread with its stop and its
-// overflow, and the import opened by the filter window's button from a file and from the archive.
+// as at start-up.
 #include "windows/frmUltimate.h"
 #include "windows/frmImportFiltri.h"
 

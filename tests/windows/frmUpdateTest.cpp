@@ -1,6 +1,5 @@
-// The archive window on the offscreen platform, wired into the main window as at start-up: the
-// evening archive read unseen, the rows, the options and updates off the window thread against a
-// real dorvanta-server, the double click, the copy, and hiding instead of closing.
+// The archive window on the offscreen platform, wired into the main window as at start-up, updating
+// from a real dorvanta-server.
 #include "windows/frmUpdate.h"
 
 #include "archive/Archivio.h"
