@@ -64,7 +64,6 @@ TEST_F(ArchiveCli, ImportAndUpdateWorkInTheDataFolderGivenAndAFailedDownloadChan
     EXPECT_EQ(dir.read("data/archivio/dorvantaqvn2.dat"), "old");
 
     EXPECT_EQ(Archive("update weekly" + data).rc, 2);
-    EXPECT_EQ(Archive("update serale --days 3" + data).rc, 2);
 }
 
 } // namespace

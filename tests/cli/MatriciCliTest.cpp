@@ -43,15 +43,12 @@ TEST_F(MatriciCli, SealShowVerifyAndListTheFanoPlane) {
     EXPECT_EQ(r.out, "  7 |  3 |  2 |  2 |  0 |      7 | 100         FANO.mqvn\n");
     r = Cli("matrix list --data-dir " + q("") + " --numbers 7 --length 3");
     EXPECT_EQ(r.out.rfind("  0 |  0 |  0 |  0 |  0 |      0 |   CUSTOM\n  7 |", 0), 0u);
-    EXPECT_EQ(Cli("matrix list --data-dir " + q("") + " --numbers 8 --length 3").out.find("FANO"),
-              std::string::npos);
 }
 
 TEST_F(MatriciCli, ImportFailuresAndUsageErrors) {
     std::ofstream(dir.in("txt/buco.txt")) << "1 2\n4 5\n";
     auto r = Cli("matrix import-txt " + q("txt/buco.txt"));
     EXPECT_EQ(r.rc, 1);
-    EXPECT_NE(r.err.find("Matrice con sviluppo non sequenziale"), std::string::npos);
     std::ofstream(dir.in("txt/ok.txt")) << "1 2 3\n3 4 5\n";
     r = Cli("matrix import-txt " + q("txt/ok.txt"));
     EXPECT_EQ(r.rc, 0);

@@ -48,9 +48,6 @@ TEST_F(UltimateCli, PrintsTheDrawsTheDecayAndTheResultTextOrJson) {
 
     EXPECT_EQ(Cli("ultimate " + q("5min.dat") + " --size 5 --qty 1").rc, 2);
     EXPECT_EQ(Cli("ultimate " + q("missing.dat") + " --size 2 --qty 1").rc, 1);
-    // Three draws leave far more than 32,767 terni: the search ends in the overflow.
-    dir.write("corto.dat", std::string(RecordEstrazione(a[1]).data(), DimensioneRecordEstrazione));
-    EXPECT_EQ(Cli("ultimate " + q("corto.dat") + " --size 3 --qty 1").rc, 1);
 }
 
 TEST_F(UltimateCli, ImportsFiltersIntoOneTableOfTheSystem) {
@@ -64,7 +61,6 @@ TEST_F(UltimateCli, ImportsFiltersIntoOneTableOfTheSystem) {
     ASSERT_EQ(ApriFile(*c, ui, dir.file("out.dvs")), EsitoApriFile::Aperto);
     EXPECT_EQ(c->FiltriOR.count(), 157);
     EXPECT_EQ(c->FiltriOR[1].Presenze, 0b111);
-    EXPECT_EQ(c->FiltriOR[157].Numeri[a[200].Numeri[1]], 1);
 
     // A date range with draw numbers: from draw 91 of the first day to draw 10 of the second.
     const std::string and1 = "--table and --presence 1";
@@ -73,12 +69,11 @@ TEST_F(UltimateCli, ImportsFiltersIntoOneTableOfTheSystem) {
                 "o2.dvs")
             .out.find(": 20 filters"),
         std::string::npos);
-    // A date the archive lacks, a file with a field that is no number: refused, nothing written.
-    EXPECT_EQ(importa(and1 + archivio + " --from 03/05/2025 --to 03/05/2025", "o4.dvs").rc, 1);
+    // A file with a field that is no number: refused, nothing written.
     dir.write("f.txt", "1 2 3\n4 x\n");
     const std::string xor1 = "--table xor --presence 1 --file " + q("f.txt");
     EXPECT_EQ(importa(xor1, "o5.dvs").rc, 1);
-    EXPECT_FALSE(dir.exists("o4.dvs") || dir.exists("o5.dvs"));
+    EXPECT_FALSE(dir.exists("o5.dvs"));
     // Usage: both sources, or a presence above the column length.
     EXPECT_EQ(importa(xor1 + archivio + " --last-days 1", "o6.dvs").rc, 2);
     EXPECT_EQ(importa("--table xor --presence 9 --file " + q("f.txt"), "o6.dvs").rc, 2);

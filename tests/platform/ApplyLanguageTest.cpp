@@ -3,7 +3,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -55,32 +54,25 @@ struct Finestra {
     }
 };
 
-std::string scrivi(QTemporaryDir& dir, const QByteArray& text) {
-    const QString path = dir.filePath(QStringLiteral("x.lng"));
-    QFile f(path);
-    f.open(QIODevice::WriteOnly);
-    f.write(text);
-    return path.toStdString();
-}
-
 } // namespace
 
 TEST(ApplyLanguage, ReplacesCaptionsToolTipsAndTagsByNameAndAMissingFileOnlyEmptiesTabs) {
     QTemporaryDir dir;
     Finestra w;
-    const auto file = scrivi(dir, "[frmProva]\r\n"
-                                  "frmProva.Caption=\"Test\"\r\n"
-                                  "cmdSalva.Caption=\"Save \xE0\"\r\n"
-                                  "cmdSalva.ToolTipText=\"Saves\"\r\n"
-                                  "cmdSalva.Tag=\"7\"\r\n"
-                                  "optModo(1).Caption=\"MEMORY\"\r\n"
-                                  "optModo.Caption=\"not for elements\"\r\n"
-                                  "tabs.TabCaption(0)=\"One\"\r\n"
-                                  "menufile.Caption=\"&Filez\"\r\n"
-                                  "menuNuovo.Caption=\"&New\"\r\n"
-                                  "menuNuovo.ToolTipText=\"A new system\"\r\n"
-                                  "[Other]\r\n"
-                                  "cmdSalva.Caption=\"wrong section\"\r\n");
+    const std::string file = dir.filePath(QStringLiteral("x.lng")).toStdString();
+    std::ofstream(file, std::ios::binary) << "[frmProva]\r\n"
+                                             "frmProva.Caption=\"Test\"\r\n"
+                                             "cmdSalva.Caption=\"Save \xE0\"\r\n"
+                                             "cmdSalva.ToolTipText=\"Saves\"\r\n"
+                                             "cmdSalva.Tag=\"7\"\r\n"
+                                             "optModo(1).Caption=\"MEMORY\"\r\n"
+                                             "optModo.Caption=\"not for elements\"\r\n"
+                                             "tabs.TabCaption(0)=\"One\"\r\n"
+                                             "menufile.Caption=\"&Filez\"\r\n"
+                                             "menuNuovo.Caption=\"&New\"\r\n"
+                                             "menuNuovo.ToolTipText=\"A new system\"\r\n"
+                                             "[Other]\r\n"
+                                             "cmdSalva.Caption=\"wrong section\"\r\n";
     dv::ApplyLanguage(w.form, file);
     EXPECT_EQ(w.form.windowTitle(), "Test");
     EXPECT_EQ(w.cmdSalva->text(), QString::fromUtf8("Save à"));
