@@ -125,13 +125,3 @@ TEST(ReadConfiguration, DefaultsWithoutAFileOnlyTheExactTrueTurnsTheModeOnAndNoM
     dv::ReadConfiguration(dir.path(), imp, lingua);
     EXPECT_EQ(imp.Intestazione, std::string(53, 'H'));
 }
-
-TEST(ElencoLingue, NamesInUpperCaseWithoutExtensionSorted) {
-    TempDir dir;
-    dir.write("italiano.lng", "");
-    dir.write("English.LNG", "");
-    dir.write("notes.txt", "");
-    std::filesystem::create_directory(dir.file("folder.lng"));
-    EXPECT_EQ(dv::ElencoLingue(dir.path()), (std::vector<std::string>{"ENGLISH", "ITALIANO"}));
-    EXPECT_TRUE(dv::ElencoLingue(dir.file("missing")).empty());
-}

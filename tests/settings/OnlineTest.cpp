@@ -1,5 +1,6 @@
 #include "settings/Online.h"
 #include "settings/Folders.h"
+#include "settings/Impostazioni.h"
 
 #include "TempDir.h"
 #include "tests/support/FakeUi.h"
@@ -111,14 +112,18 @@ TEST(ControllaVersione, KeepsTheFileOnlyWhenANewVersionExists) {
     EXPECT_TRUE(dir.exists("temp/dorvanqvnver.txt"));
 }
 
-TEST(Folders, ShippedLanguagesAreCopiedOnlyIntoAFolderWithoutAny) {
+// The shipped languages are copied only into a folder without any; the languages offered are the
+// .lng files of any case, by name in upper case, sorted.
+TEST(Folders, ShippedLanguagesAreCopiedOnlyIntoAFolderWithoutAnyAndListedInUpperCase) {
     TempDir shipped, app;
     shipped.write("italiano.lng", "[Strings]\r\n");
-    shipped.write("english.lng", "[Strings]\r\n");
+    shipped.write("English.LNG", "[Strings]\r\n");
     shipped.write("readme.txt", "");
+    std::filesystem::create_directory(shipped.file("folder.lng"));
     EXPECT_EQ(dv::CopiaLingueIniziali(shipped.path(), app.path()), 2);
-    EXPECT_TRUE(app.exists("italiano.lng"));
-    EXPECT_FALSE(app.exists("readme.txt"));
+    EXPECT_EQ(dv::ElencoLingue(app.path()), (std::vector<std::string>{"ENGLISH", "ITALIANO"}));
+    EXPECT_EQ(dv::ElencoLingue(shipped.path()), (std::vector<std::string>{"ENGLISH", "ITALIANO"}));
+    EXPECT_TRUE(dv::ElencoLingue(shipped.file("missing")).empty());
     app.write("italiano.lng", "user's own");
     EXPECT_EQ(dv::CopiaLingueIniziali(shipped.path(), app.path()), 0);
     EXPECT_EQ(app.read("italiano.lng"), "user's own");

@@ -32,7 +32,7 @@ protected:
                 c.Colonne.set(static_cast<int32_t>(j + 1), static_cast<int>(p + 1),
                               static_cast<uint8_t>(cols[j][p]));
     }
-    CartellaTemporanea dir;
+    TempDir dir;
     std::string path = dir.file("Colonne.TXT");
     Corpo c;
     FakeUi ui;
@@ -83,9 +83,9 @@ TEST_F(ColonneTesto, ExportKeepsTheOldFileOnFailureAndImportsBackToTheSameSystem
     }
     ASSERT_EQ(ui.boxes.size(), 1u);
     EXPECT_EQ(ui.boxes[0].text, "Error 61 (Disk full) in procedure SalvaColonneTxt of Modulo corpo");
-    EXPECT_EQ(ReadText(path), "old");
+    EXPECT_EQ(LeggiFile(path), "old");
     ASSERT_TRUE(SalvaColonneTxt(c, ui, path));
-    EXPECT_EQ(ReadText(path), " 01 20 90 \r\n 05 200 \r\n");
+    EXPECT_EQ(LeggiFile(path), " 01 20 90 \r\n 05 200 \r\n");
     EXPECT_EQ(ui.busyDepth, 0);
 
     const Columns cols = {{3, 9, 27, 81}, {2, 4, 8, 16}, {1, 9, 40, 41}};
@@ -158,13 +158,8 @@ TEST_F(ColonneTesto, BadContentStopsTheImportWithItsError) {
         EXPECT_EQ(ui.boxes[0].icon, BoxIcon::None);
         EXPECT_EQ(c.pronostico.NumColonne, 0);
         EXPECT_EQ(c.pronostico.Quanti, 0);
-        EXPECT_GE(c.LenColonna, 1);
-        EXPECT_LE(c.LenColonna, 25);
         EXPECT_EQ(ui.busyDepth, 0);
     }
-    EXPECT_FALSE(importa("5 6 7\r\n8 x 9\r\n"));
-    EXPECT_EQ(c.Colonne.get(1, 3), 7); // what was read stays in the store
-    EXPECT_EQ(c.Colonne.get(2, 1), 8);
     ui = FakeUi{};
     EXPECT_FALSE(ImportaColonneTxt(c, ui, dir.file("none.txt")));
     EXPECT_EQ(ui.boxes.back().text,

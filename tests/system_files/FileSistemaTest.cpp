@@ -75,7 +75,7 @@ void StatoCasuale(Corpo& c, std::mt19937& rng) {
 // which the writer takes from the grid, and the columns are the same in memory. A path in quotes,
 // as a command line gives it, opens the file; in recompute mode the system opens unlocked.
 TEST(FileSistemaRoundTrip, RandomStatesWithEveryConditionComeBackWhole) {
-    CartellaTemporanea dir;
+    TempDir dir;
     std::mt19937 rng(20261122);
     for (int round = 0; round < 25; ++round) {
         SCOPED_TRACE(round);
@@ -93,7 +93,7 @@ TEST(FileSistemaRoundTrip, RandomStatesWithEveryConditionComeBackWhole) {
         EXPECT_EQ(opened.FileCorrente, path);
         EXPECT_EQ(opened.SistemaBloccato, opened.pronostico.NumColonne > 0 && round % 2 == 0 ? -1 : 0);
         ASSERT_TRUE(SalvaFile(opened, ui, dir.file("again.dvs")));
-        EXPECT_EQ(ReadAll(dir.file("again.dvs")), ReadAll(path));
+        EXPECT_EQ(LeggiFile(dir.file("again.dvs")), LeggiFile(path));
         EXPECT_EQ(opened.pronostico.Quanti, saved.pronostico.Quanti);
         EXPECT_EQ(opened.pronostico.Numeri, saved.pronostico.Numeri);
         EXPECT_EQ(StoredColumns(opened), StoredColumns(saved));
@@ -102,7 +102,7 @@ TEST(FileSistemaRoundTrip, RandomStatesWithEveryConditionComeBackWhole) {
 
 // The description is ANSI on file and UTF-8 in memory.
 TEST(FileSistemaWriter, WritesTheCurrentLayoutByteForByte) {
-    CartellaTemporanea dir;
+    TempDir dir;
     Corpo c;
     FakeUi ui;
     c.LenColonna = 3;
@@ -125,7 +125,8 @@ TEST(FileSistemaWriter, WritesTheCurrentLayoutByteForByte) {
     e.text("dvqsy000005").i16(3).u8(4).i32(2).str("\xE0\x80").u8(4).u8(8).u8(15).u8(16).fill(86);
     e.i16(0).i16(-1).i16(0).fill(50).i16(-1).i16(10).i16(-2).fill(89).u8(1).u8(1).i16(0).u8(2);
     e.u8(4).u8(8).u8(15).u8(8).u8(15).u8(16);
-    EXPECT_EQ(ReadAll(dir.file("a.dvs")), e.data); // no conditions block: nothing is due
+    // No conditions block: nothing is due.
+    EXPECT_EQ(LeggiFile(dir.file("a.dvs")), std::string(e.data.begin(), e.data.end()));
     Corpo back;
     ASSERT_EQ(ApriFile(back, ui, dir.file("a.dvs")), EsitoApriFile::Aperto);
     EXPECT_EQ(back.pronostico.Descrizione, c.pronostico.Descrizione);
@@ -133,7 +134,7 @@ TEST(FileSistemaWriter, WritesTheCurrentLayoutByteForByte) {
 
 TEST(FileSistemaWriter, ASaveCutAtAnyByteLeavesTheOldFileAndNoTemporaryFile) {
     namespace fs = std::filesystem;
-    CartellaTemporanea dir;
+    TempDir dir;
     const std::string path = dir.file("keep.dvs"), victim = dir.file("victim");
     const std::string old = "old content" + std::string(2000, '.'); // longer than the new file
     Bytes{}.text(old).save(path);
@@ -148,7 +149,7 @@ TEST(FileSistemaWriter, ASaveCutAtAnyByteLeavesTheOldFileAndNoTemporaryFile) {
     for (const uint64_t cut : {uint64_t{0}, uint64_t{1}, uint64_t{11}, size / 2, size - 1}) {
         GuastoScrittura guasto(cut);
         EXPECT_FALSE(SalvaFile(c, ui, path)) << cut;
-        EXPECT_EQ(ReadText(path), old) << cut;
+        EXPECT_EQ(LeggiFile(path), old) << cut;
         EXPECT_EQ(std::distance(fs::directory_iterator(dir.file("")), fs::directory_iterator{}), 3) << cut;
     }
     ASSERT_EQ(ui.boxes.size(), 5u);
@@ -156,13 +157,13 @@ TEST(FileSistemaWriter, ASaveCutAtAnyByteLeavesTheOldFileAndNoTemporaryFile) {
     EXPECT_EQ(ui.busyDepth, 0);
     ASSERT_TRUE(SalvaFile(c, ui, path));
     EXPECT_EQ(fs::file_size(path), size);
-    EXPECT_EQ(ReadText(victim), "victim");
+    EXPECT_EQ(LeggiFile(victim), "victim");
     EXPECT_TRUE(fs::is_symlink(path + ".tmp"));
 }
 
 TEST(FileSistemaWriter, AReadOnlyFileStaysAsItWasAndAReplacedFileKeepsItsPermissions) {
     namespace fs = std::filesystem;
-    CartellaTemporanea dir;
+    TempDir dir;
     Corpo c;
     FakeUi ui;
     SetForecast(c, Range(1, 10));
@@ -170,7 +171,7 @@ TEST(FileSistemaWriter, AReadOnlyFileStaysAsItWasAndAReplacedFileKeepsItsPermiss
     Bytes{}.text("old content").save(path);
     fs::permissions(path, fs::perms::owner_read | fs::perms::group_read);
     EXPECT_FALSE(SalvaFile(c, ui, path));
-    EXPECT_EQ(ReadText(path), "old content");
+    EXPECT_EQ(LeggiFile(path), "old content");
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::group_read);
     ASSERT_EQ(ui.boxes.size(), 1u);
     EXPECT_EQ(ui.boxes[0].text,
@@ -179,7 +180,7 @@ TEST(FileSistemaWriter, AReadOnlyFileStaysAsItWasAndAReplacedFileKeepsItsPermiss
     const auto bits = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
     fs::permissions(path, bits);
     EXPECT_TRUE(SalvaFile(c, ui, path));
-    EXPECT_NE(ReadText(path), "old content");
+    EXPECT_NE(LeggiFile(path), "old content");
     EXPECT_EQ(fs::status(path).permissions(), bits);
 }
 
@@ -187,7 +188,7 @@ TEST(FileSistemaWriter, AReadOnlyFileStaysAsItWasAndAReplacedFileKeepsItsPermiss
 // by hand, and the round trip holds the writer to it); on opening, the OR and XOR records in memory
 // stay ahead of the file's while the AND table is emptied first.
 TEST(FileSistemaReader, OnlyActiveRecordsAreWrittenAndOrAndXorRecordsInMemoryStayAhead) {
-    CartellaTemporanea dir;
+    TempDir dir;
     Corpo c;
     FakeUi ui;
     SetForecast(c, Range(1, 10));

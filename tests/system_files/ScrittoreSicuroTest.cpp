@@ -28,7 +28,7 @@ using namespace dv;
 using namespace dv::test;
 
 TEST(ScrittoreSicuro, ConcurrentSavesOfOneFileNeverMixAndLeaveNothingBehind) {
-    CartellaTemporanea dir;
+    TempDir dir;
     const std::string path = dir.file("both.txt");
     constexpr size_t Size = 200000;
     auto salva = [&](char ch) {
@@ -44,7 +44,7 @@ TEST(ScrittoreSicuro, ConcurrentSavesOfOneFileNeverMixAndLeaveNothingBehind) {
     std::atomic<int> misti{0};
     std::thread lettore([&] {
         while (!fine) {
-            const std::string s = ReadText(path);
+            const std::string s = LeggiFile(path);
             if (!s.empty() && (s.size() != Size || s.find_first_not_of(s[0]) != std::string::npos)) ++misti;
         }
     });
@@ -54,7 +54,7 @@ TEST(ScrittoreSicuro, ConcurrentSavesOfOneFileNeverMixAndLeaveNothingBehind) {
     fine = true;
     lettore.join();
     EXPECT_EQ(misti, 0);
-    const std::string s = ReadText(path);
+    const std::string s = LeggiFile(path);
     ASSERT_EQ(s.size(), Size);
     EXPECT_EQ(s.find_first_not_of(s[0]), std::string::npos);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.file("")),
@@ -66,7 +66,7 @@ TEST(ScrittoreSicuro, ConcurrentSavesOfOneFileNeverMixAndLeaveNothingBehind) {
 // whose process is gone and leaves every other file alone.
 TEST(ScrittoreSicuro, StartUpMakesTheFoldersAndRemovesOnlyTheLeftoversOfSavesWhoseProcessIsGone) {
     namespace fs = std::filesystem;
-    CartellaTemporanea dir;
+    TempDir dir;
     const std::string app = dir.file("app");
     Corpo c;
     ImpostaAppDir(c, app);
@@ -95,7 +95,7 @@ TEST(ScrittoreSicuro, StartUpMakesTheFoldersAndRemovesOnlyTheLeftoversOfSavesWho
 // byte as the disk fills up and keep the previous file byte for byte, with nothing beside it.
 TEST(ScrittoreSicuro, EveryWriterFailingAtAnyByteKeepsThePreviousFile) {
     namespace fs = std::filesystem;
-    CartellaTemporanea dir;
+    TempDir dir;
     std::string riga = "01/03/2024 7";
     for (int n = 1; n <= 22; ++n)
         riga += " " + std::to_string(n);
@@ -115,10 +115,10 @@ TEST(ScrittoreSicuro, EveryWriterFailingAtAnyByteKeepsThePreviousFile) {
         for (uint64_t taglio : {0u, 1u, 17u, 100u}) {
             GuastoScrittura guasto(taglio);
             EXPECT_FALSE(salva(path)) << nome << " " << taglio;
-            EXPECT_EQ(ReadText(path), "[S]\nprevious=1\n") << nome << " " << taglio;
+            EXPECT_EQ(LeggiFile(path), "[S]\nprevious=1\n") << nome << " " << taglio;
         }
         EXPECT_TRUE(salva(path)) << nome;
-        EXPECT_GT(ReadText(path).size(), 100u) << nome;
+        EXPECT_GT(LeggiFile(path).size(), 100u) << nome;
         fs::remove(path);
     }
     EXPECT_EQ(std::distance(fs::directory_iterator(dir.file("")), fs::directory_iterator{}), 1); // the source
@@ -128,7 +128,7 @@ TEST(ScrittoreSicuro, EveryWriterFailingAtAnyByteKeepsThePreviousFile) {
 // removes what the killed save left behind.
 TEST(SalvataggioInterrotto, AKillAtAnyMomentLosesNothingAndTheNextStartLeavesNoTemporaryFile) {
     namespace fs = std::filesystem;
-    CartellaTemporanea dir;
+    TempDir dir;
     ::setenv("XDG_STATE_HOME", dir.file("stato").c_str(), 1);
     const std::string app = dir.file("app");
     Corpo c;
@@ -145,7 +145,7 @@ TEST(SalvataggioInterrotto, AKillAtAnyMomentLosesNothingAndTheNextStartLeavesNoT
     ASSERT_TRUE(SalvaFile(c, ui, path));
     c.pronostico.Descrizione = "saved again";
     ASSERT_TRUE(SalvaFile(c, ui, altro));
-    const std::string vecchio = ReadText(path), nuovo = ReadText(altro);
+    const std::string vecchio = LeggiFile(path), nuovo = LeggiFile(altro);
     fs::remove(altro);
 
     std::mt19937 g(20261122);
@@ -168,7 +168,7 @@ TEST(SalvataggioInterrotto, AKillAtAnyMomentLosesNothingAndTheNextStartLeavesNoT
         std::this_thread::sleep_for(std::chrono::microseconds(g() % 40000));
         ::kill(pid, SIGKILL);
         ::waitpid(pid, nullptr, 0);
-        const std::string ora = ReadText(path);
+        const std::string ora = LeggiFile(path);
         ASSERT_TRUE(ora == vecchio || ora == nuovo) << "round " << giro << ": " << ora.size() << " bytes";
         for (const auto& voce : fs::directory_iterator(fuori))
             if (voce.path().filename() != "grande.dvs") ++avanzi;

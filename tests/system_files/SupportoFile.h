@@ -1,5 +1,5 @@
-// Helpers of the file tests: a private temporary folder, and a byte builder that writes file
-// layouts by hand, independent of the library's field lists.
+// Helpers of the file tests: TempDir for a private temporary folder, a byte builder that writes
+// file layouts by hand, independent of the library's field lists, and LeggiFile to read a file.
 #pragma once
 
 #include "tests/archive/LeggiFile.h"
@@ -11,9 +11,6 @@
 #include <vector>
 
 namespace dv::test {
-
-// A folder of its own for each test, removed at the end.
-using CartellaTemporanea = TempDir;
 
 class Bytes {
 public:
@@ -49,14 +46,5 @@ public:
         out.write(reinterpret_cast<const char*>(data.data()), static_cast<std::streamsize>(data.size()));
     }
 };
-
-inline std::vector<uint8_t> ReadAll(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-inline std::string ReadText(const std::string& path) {
-    return LeggiFile(path);
-}
 
 } // namespace dv::test
