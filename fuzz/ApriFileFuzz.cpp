@@ -1,15 +1,11 @@
 // Fuzz target of the system file reader: any bytes, written to a file and opened into a fresh
 // state, must give an answer and a sound state; a file that opens must save and open again
 // to the same system.
-#include "core/Corpo.h"
-#include "core/Ui.h"
 #include "fuzz/FuzzSupport.h"
 #include "system_files/FileSistema.h"
 #include "tests/support/FakeUi.h"
 
-#include <cstdint>
 #include <memory>
-#include <string>
 
 using namespace dv::fuzz;
 

@@ -5,8 +5,6 @@
 #include "tests/support/FakeUi.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <string>
 
 using namespace dv::fuzz;
 

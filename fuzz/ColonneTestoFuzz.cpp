@@ -1,14 +1,11 @@
 // Fuzz target of the text columns reader: any bytes imported into a fresh state give an answer and
 // a sound state; columns that were taken hold numbers up to 90 and, without a 0, save as text that
 // imports again to the same columns.
-#include "core/Corpo.h"
 #include "fuzz/FuzzSupport.h"
 #include "system_files/ColonneTesto.h"
 #include "tests/support/FakeUi.h"
 
-#include <cstdint>
 #include <memory>
-#include <string>
 
 using namespace dv::fuzz;
 

@@ -6,10 +6,6 @@
 #include "tests/archive/LeggiFile.h"
 #include "tests/support/FakeUi.h"
 
-#include <cstdint>
-#include <filesystem>
-#include <string>
-
 using namespace dv::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -26,11 +27,10 @@ Bytes Muta(const Bytes& seme, std::mt19937& rng) {
     const int passi = 1 + static_cast<int>(rng() % 4);
     for (int k = 0; k < passi; ++k) {
         switch (rng() % 6) {
-        case 0: // change one byte
-            if (!b.empty()) b[pos()] = static_cast<uint8_t>(rng());
-            break;
-        case 1: // a boundary value
-            if (!b.empty()) b[pos()] = Confini[rng() % sizeof Confini];
+        case 0: // change one byte, to a boundary value every other time
+        case 1:
+            if (!b.empty())
+                b[pos()] = rng() % 2 ? Confini[rng() % sizeof Confini] : static_cast<uint8_t>(rng());
             break;
         case 2: // cut the tail
             b.resize(pos(1));
@@ -65,10 +65,9 @@ int main(int argc, char** argv) {
         return 2;
     }
     const long mutazioni = argc > 2 ? std::strtol(argv[2], nullptr, 10) : 3000;
-    std::vector<std::filesystem::path> files;
+    std::set<std::filesystem::path> files; // in order, so that every run is the same
     for (const auto& e : std::filesystem::directory_iterator(argv[1]))
-        if (e.is_regular_file()) files.push_back(e.path());
-    std::sort(files.begin(), files.end());
+        if (e.is_regular_file()) files.insert(e.path());
     std::vector<Bytes> semi;
     for (const auto& f : files) {
         std::ifstream in(f, std::ios::binary);

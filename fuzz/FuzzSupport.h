@@ -1,5 +1,6 @@
-// What the fuzz targets share: a scratch folder of their own process, the input written to a
-// file there (most readers take a path), a fresh state, and a failed invariant that stops the run.
+// What the fuzz targets share: the standard headers they all use, a scratch folder of their own
+// process, the input written to a file there (most readers take a path), a fresh state, and a
+// failed invariant that stops the run.
 #pragma once
 
 #include "core/Corpo.h"
@@ -31,22 +32,17 @@ inline const std::string& CartellaFuzz() {
     return cartella;
 }
 
-// The path of name inside CartellaFuzz().
 inline std::string PercorsoFuzz(const std::string& name) {
     return (std::filesystem::path(CartellaFuzz()) / name).string();
 }
 
-// Replaces the file at path with the size bytes at data.
-inline void ScriviInput(const std::string& path, const uint8_t* data, size_t size) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
-}
-
-// Writes the input to name inside CartellaFuzz(), making its folder first; returns its path.
+// Writes the input to name inside CartellaFuzz() (or to name itself when it is a whole path),
+// making its folder first; returns its path.
 inline std::string InputFuzz(const std::string& name, const uint8_t* data, size_t size) {
     const std::string path = PercorsoFuzz(name);
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-    ScriviInput(path, data, size);
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     return path;
 }
 

@@ -5,16 +5,13 @@
 #include "settings/Impostazioni.h"
 #include "settings/Lingua.h"
 
-#include <cstdint>
-#include <string>
-
 using namespace dv::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const std::string appDir = PercorsoFuzz("impostazioni");
     std::filesystem::create_directories(appDir);
     const std::string file = dv::FileImpostazioni(appDir);
-    ScriviInput(file, data, size);
+    InputFuzz(file, data, size);
 
     dv::Impostazioni imp;
     dv::Lingua lingua;

@@ -4,9 +4,6 @@
 #include "fuzz/FuzzSupport.h"
 #include "settings/Lingua.h"
 
-#include <cstdint>
-#include <string>
-
 using namespace dv::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

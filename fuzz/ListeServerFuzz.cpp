@@ -7,19 +7,10 @@
 #include "settings/Impostazioni.h"
 #include "settings/Online.h"
 
-#include <cstdint>
-#include <filesystem>
-#include <string>
-#include <string_view>
-
 using namespace dv::fuzz;
 namespace fs = std::filesystem;
 
 namespace {
-
-bool Finisce(std::string_view s, std::string_view tail) {
-    return s.size() >= tail.size() && s.substr(s.size() - tail.size()) == tail;
-}
 
 // The folder that holds path, as written.
 fs::path Cartella(const std::string& path) {
@@ -38,12 +29,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 
     const dv::Scaricatore download = [&](const std::string& url, const std::string& path) {
         Verifica(Cartella(path) == temp.lexically_normal(), "downloads land in the temporary folder");
-        const bool lista = Finisce(url, "lista.asp") || Finisce(url, "lista.txt") ||
-                           Finisce(url, "ver.asp") || Finisce(url, "thankstolingue.txt");
-        if (lista)
-            ScriviInput(path, data, size);
-        else
-            ScriviInput(path, reinterpret_cast<const uint8_t*>("x\n"), 2);
+        const bool lista = url.ends_with("lista.asp") || url.ends_with("lista.txt") ||
+                           url.ends_with("ver.asp") || url.ends_with("thankstolingue.txt");
+        InputFuzz(path, lista ? data : reinterpret_cast<const uint8_t*>("x\n"), lista ? size : 2);
         return true;
     };
     const dv::Impostazioni imp;

@@ -6,8 +6,6 @@
 #include "matrix/Matrice.h"
 #include "system_files/ErroreEsecuzione.h"
 
-#include <cstdint>
-#include <string>
 #include <vector>
 
 using namespace dv::fuzz;

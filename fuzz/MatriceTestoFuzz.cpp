@@ -6,8 +6,6 @@
 #include "matrix/Matrice.h"
 #include "tests/support/FakeUi.h"
 
-#include <cstdint>
-#include <string>
 #include <vector>
 
 using namespace dv::fuzz;

@@ -4,8 +4,6 @@
 #include "fuzz/FuzzSupport.h"
 #include "settings/RispostaHttp.h"
 
-#include <cstdint>
-#include <string>
 #include <string_view>
 
 using namespace dv::fuzz;

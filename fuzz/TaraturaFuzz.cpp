@@ -4,18 +4,8 @@
 #include "print/TaraturaScheda.h"
 
 #include <cmath>
-#include <cstdint>
-#include <string>
 
 using namespace dv::fuzz;
-
-namespace {
-
-bool Uguali(float a, float b) {
-    return a == b || (std::isnan(a) && std::isnan(b));
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string input = InputFuzz("printer/FUZZ.prn", data, size);
@@ -26,9 +16,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     // A printer's name holding control characters does not survive a rewrite: not compared.
     if (ConControllo(c.STAMPANTE) || !dv::SalvaTaratura(copia, c)) return 0;
     const dv::SlipCalibration r = dv::LoadCalibration(copia);
-    for (int i = 0; i < dv::NumeroValoriTaratura; ++i)
-        Verifica(Uguali(dv::ValoreTaratura(r, i), dv::ValoreTaratura(c, i)),
-                 "a saved length reads back the same");
+    for (int i = 0; i < dv::NumeroValoriTaratura; ++i) {
+        const float a = dv::ValoreTaratura(r, i), b = dv::ValoreTaratura(c, i);
+        Verifica(a == b || (std::isnan(a) && std::isnan(b)), "a saved length reads back the same");
+    }
     Verifica(r.STAMPANTE == c.STAMPANTE && r.INTENSITA_STAMPA == c.INTENSITA_STAMPA,
              "printer and quality read back");
     return 0;
