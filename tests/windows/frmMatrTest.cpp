@@ -131,15 +131,6 @@ TEST_F(frmMatrTest, CancelledTextDialogLeavesAnEmptySystemAndADamagedFileShowsRe
     EXPECT_EQ(corpo.pronostico.Descrizione, "");
 }
 
-TEST_F(frmMatrTest, TheMainWindowShowsItsMatrixEntries) {
-    test::QueueDialogs dialogs;
-    frmMAIN main(corpo, dialogs);
-    CollegaMatrici(main);
-    for (const char* voce : {"menuAdattaMatrice", "mnuElencoSistemiImmediati", "menuSalvaComeMatrice"})
-        EXPECT_TRUE(main.azione(QString::fromLatin1(voce))->isVisible()) << voce;
-    EXPECT_FALSE(main.pulsante(QStringLiteral("cmdAdatta"))->isHidden());
-}
-
 TEST_F(frmMatrTest, UpdateRunsOffTheWindowThreadWithTheWindowDisabledAndStopsBeforeTheNextFile) {
     std::mutex m;
     std::condition_variable cv;

@@ -1,6 +1,7 @@
 // The statistics window on the offscreen platform, wired into the main window as at start-up.
 #include "windows/frmStatistiche.h"
 
+#include "tests/prize/SupportoSpoglio.h"
 #include "tests/windows/FinestraPrincipaleProva.h"
 
 #include <QBarCategoryAxis>
@@ -8,8 +9,6 @@
 #include <QChartView>
 
 #include <gtest/gtest.h>
-
-#include <cstring>
 
 using namespace dv;
 
@@ -20,14 +19,10 @@ ArrayEstrazioni Archivio() {
     ArrayEstrazioni a(1);
     for (int g = 1; g <= 4; ++g)
         for (int c = 1; c <= 5; ++c) {
-            Estrazione e;
-            char data[32];
-            std::snprintf(data, sizeof data, "%02d/06/2025", g);
-            std::memcpy(e.Data.data(), data, e.Data.size());
-            e.Concorso = static_cast<int16_t>(c);
+            std::vector<int> numeri;
             for (int k = 1; k <= 20; ++k)
-                e.Numeri[static_cast<size_t>(k)] = static_cast<uint8_t>(g + c + 3 * k);
-            a.push_back(e);
+                numeri.push_back(g + c + 3 * k);
+            a.push_back(test::Draw(QString::asprintf("%02d/06/2025", g).toStdString(), c, numeri));
         }
     return a;
 }

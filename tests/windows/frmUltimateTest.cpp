@@ -4,6 +4,7 @@
 #include "windows/frmImportFiltri.h"
 
 #include "archive/Archivio.h"
+#include "tests/prize/SupportoSpoglio.h"
 #include "tests/windows/FinestraPrincipaleProva.h"
 #include "windows/frmCalcolo.h"
 #include "windows/frmFiltri.h"
@@ -23,19 +24,12 @@ namespace {
 ArrayEstrazioni Archivio(int giorni, int perGiorno) {
     ArrayEstrazioni a(1);
     std::mt19937 rng(17);
-    std::vector<uint8_t> numeri(90);
-    for (int i = 0; i < 90; ++i)
-        numeri[static_cast<size_t>(i)] = static_cast<uint8_t>(i + 1);
+    std::vector<int> numeri = test::Range(1, 90);
     for (int g = 1; g <= giorni; ++g)
         for (int c = 1; c <= perGiorno; ++c) {
-            Estrazione e;
-            char data[24];
-            std::snprintf(data, sizeof data, "%02d/06/2025", g);
-            std::copy_n(data, 10, e.Data.begin());
-            e.Concorso = static_cast<int16_t>(c);
             std::shuffle(numeri.begin(), numeri.end(), rng);
-            std::copy_n(numeri.begin(), 20, e.Numeri.begin() + 1);
-            a.push_back(e);
+            a.push_back(test::Draw(QString::asprintf("%02d/06/2025", g).toStdString(), c,
+                                   {numeri.begin(), numeri.begin() + 20}));
         }
     return a;
 }
