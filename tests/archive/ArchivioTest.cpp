@@ -24,7 +24,7 @@ std::string Record(const char* data, int concorso, int primo) {
     return Record(test::Draw(data, concorso, test::Range(primo, primo + 19), primo, primo + 1));
 }
 
-TEST(LoadArchivioDAT, AMissingFileGivesOneBlankDrawAndIsLeftEmptyOnDisk) {
+TEST(LoadArchivioDAT, AMissingFileGivesOneBlankDrawAndIsLeftEmptyOnDiskAndAFolderInItsPlaceABox) {
     test::TempDir dir;
     const std::string archivio = dir.file("archivio");
     test::FakeUi ui;
@@ -34,6 +34,13 @@ TEST(LoadArchivioDAT, AMissingFileGivesOneBlankDrawAndIsLeftEmptyOnDisk) {
     EXPECT_EQ(std::filesystem::file_size(archivio + "/x.dat"), 0u);
     EXPECT_TRUE(ui.boxes.empty());
     EXPECT_EQ(ui.busyDepth, 0);
+
+    // A folder in place of the file ends in the box that names the path.
+    std::filesystem::create_directories(dir.file("a.dat"));
+    EXPECT_TRUE(ArchivioVuoto(LoadArchivioDAT(dir.file("a.dat"), dir.path(), ui)));
+    ASSERT_EQ(ui.boxes.size(), 1u);
+    EXPECT_EQ(ui.boxes[0].text, "Error 75 (Path/File access error: <0262> --> " + dir.file("a.dat") +
+                                    ") in procedure LoadArchivioDAT of Form frmUpdate");
 }
 
 // Random files of draws, now and then a record of zeros or blanks or a damaged date, and an
@@ -69,16 +76,6 @@ TEST(LoadArchivioDAT, ExactlyOneGrowthStepAndRandomFilesAsTheLiteralReading) {
             ASSERT_EQ(Record(a[i]), Record(b[i])) << i;
     }
     EXPECT_TRUE(ui.boxes.empty());
-}
-
-TEST(LoadArchivioDAT, AFolderInPlaceOfTheFileEndsInTheBoxThatNamesThePath) {
-    test::TempDir dir;
-    std::filesystem::create_directories(dir.file("a.dat"));
-    test::FakeUi ui;
-    EXPECT_TRUE(ArchivioVuoto(LoadArchivioDAT(dir.file("a.dat"), dir.path(), ui)));
-    ASSERT_EQ(ui.boxes.size(), 1u);
-    EXPECT_EQ(ui.boxes[0].text, "Error 75 (Path/File access error: <0262> --> " + dir.file("a.dat") +
-                                    ") in procedure LoadArchivioDAT of Form frmUpdate");
 }
 
 } // namespace

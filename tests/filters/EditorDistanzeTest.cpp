@@ -16,29 +16,24 @@ std::array<bool, 90> Griglia(const std::vector<int>& numeri) {
 
 } // namespace
 
-TEST(LimitiDaPronostico, NarrowestNeighboursAndTheGapLeftAfterTheLowestNumbers) {
-    // 3 5 12 20 33 60, columns of 4: the closest neighbours are 3 and 5; the widest gap comes
-    // from 3 5 12 and then 60.
-    auto l = LimitiDaPronostico(Griglia({60, 3, 12, 5, 33, 20}), 4);
-    EXPECT_TRUE(l.calcolati);
-    EXPECT_EQ(l.minima, 2);
-    EXPECT_EQ(l.massima, 48);
-    l = LimitiDaPronostico(Griglia(test::Range(1, 90)), 2);
+// 3 5 12 20 33 60, columns of 4: the closest neighbours are 3 and 5; the widest gap comes from
+// 3 5 12 and then 60. The window's test reads panels built by clicks; the order of the pairs is
+// pinned here, and what an empty forecast shows.
+TEST(EditorDistanze, LimitsFromTheForecastPairsListedAscendingAndAnEmptyForecastHidesNothing) {
+    Corpo c;
+    c.LenColonna = 4;
+    test::SetForecast(c, {3, 5, 12, 20, 33, 60});
+    EditorDistanze e(c, c.CondizioniDistanza);
+    EXPECT_TRUE(e.limiti().calcolati);
+    EXPECT_EQ(e.limiti().minima, 2);
+    EXPECT_EQ(e.limiti().massima, 48);
+    const auto l = LimitiDaPronostico(Griglia(test::Range(1, 90)), 2);
     EXPECT_EQ(l.minima, 1);
     EXPECT_EQ(l.massima, 89);
     // None when the forecast cannot fill a column or a column has no pair.
     EXPECT_FALSE(LimitiDaPronostico(Griglia({1, 2, 3}), 4).calcolati);
     EXPECT_FALSE(LimitiDaPronostico(Griglia({1, 2, 3}), 1).calcolati);
     EXPECT_FALSE(LimitiDaPronostico(Griglia({}), 4).calcolati);
-}
-
-// The window's test reads panels built by clicks; the order of the pairs is pinned here, and what an
-// empty forecast shows.
-TEST(EditorDistanze, PairsAreListedAscendingWhateverTheOrderOfTheClicksAndAnEmptyForecastHidesNothing) {
-    Corpo c;
-    c.LenColonna = 4;
-    test::SetForecast(c, {3, 5, 12, 20, 33, 60});
-    EditorDistanze e(c, c.CondizioniDistanza);
     EXPECT_FALSE(e.clickDistanzaMax(60)) << "beyond the forecast's limits";
     for (int k : {3, 1, 2})
         e.clickCoppia(k);

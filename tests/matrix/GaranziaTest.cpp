@@ -1,5 +1,6 @@
 #include "matrix/Garanzia.h"
 #include "matrix/Copertura.h"
+#include "matrix/SupportoMatrici.h"
 #include "reference/MatriciLetterale.h"
 
 #include <gtest/gtest.h>
@@ -9,15 +10,9 @@
 namespace dv {
 namespace {
 
-std::vector<engine::Mask> Maschere(const std::vector<std::vector<uint8_t>>& colonne) {
-    std::vector<engine::Mask> out;
-    for (const auto& col : colonne) {
-        engine::Mask m;
-        for (uint8_t i : col)
-            m |= engine::Mask::bit(i);
-        out.push_back(m);
-    }
-    return out;
+// The columns as masks, read the way a matrix file's columns are.
+std::vector<engine::Mask> Maschere(int v, int t, int m, const std::vector<std::vector<uint8_t>>& colonne) {
+    return ColonneMatrice(test::MatriceDi(v, t, m, colonne));
 }
 
 TEST(GaranziaTest, SameCountsAndHolesAsTheLiteralCheckOnRandomMatrices) {
@@ -36,7 +31,7 @@ TEST(GaranziaTest, SameCountsAndHolesAsTheLiteralCheckOnRandomMatrices) {
             col.assign(tutti.begin(), tutti.begin() + k);
         }
         const auto atteso = test::VerificaGaranziaLetterale(v, m, t, colonne);
-        const auto nostro = VerificaGaranzia(v, m, t, Maschere(colonne), 1'000'000);
+        const auto nostro = VerificaGaranzia(v, m, t, Maschere(v, t, m, colonne), 1'000'000);
         SCOPED_TRACE(testing::Message() << "v=" << v << " k=" << k << " m=" << m << " t=" << t);
         ASSERT_EQ(nostro.subsets, atteso.subsets);
         ASSERT_EQ(nostro.covered, atteso.covered);
@@ -51,7 +46,7 @@ TEST(GaranziaTest, AGreedyCoveringHasNoHoles) {
         ASSERT_FALSE(cop.empty());
         for (const auto& col : cop)
             ASSERT_EQ(col.size(), static_cast<size_t>(k));
-        const auto r = VerificaGaranzia(v, m, t, Maschere(cop), 1);
+        const auto r = VerificaGaranzia(v, m, t, Maschere(v, t, m, cop), 1);
         EXPECT_EQ(r.covered, r.subsets) << v << " " << k << " " << t << " " << m;
     }
     EXPECT_TRUE(CoperturaGreedy(5, 6, 2, 2, 1).empty());

@@ -4,17 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 namespace dv {
 namespace {
 
-using test::CartellaTemporanea;
-
 MATRIX_STRUCTURE Importa(const std::string& testo, test::FakeUi& ui) {
-    CartellaTemporanea dir("txt");
-    std::ofstream(dir.in("txt/m.txt"), std::ios::binary) << testo;
-    return ImportMatrixText(dir.in("txt/m.txt"), ui, 46000);
+    const test::TempDir dir;
+    return ImportMatrixText(dir.write("m.txt", testo), ui, 46000);
 }
 
 TEST(ImportaTestoTest, ColumnsOfIndicesWithTabsBlankLinesAndAShortLine) {
