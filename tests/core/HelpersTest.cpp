@@ -23,9 +23,8 @@ TEST(Helpers, IntegralCountsAndNumberFormats) {
     for (const auto& [secondi, testo] :
          {std::pair{86400 + 3723.0, "1 Day 01:02:03"}, {59.6, "0 Days 00:01:00"}, {4.4, "0 Days 00:00:04"}})
         EXPECT_EQ(TestoTempoTrascorso(secondi), testo) << secondi;
-}
 
-TEST(Helpers, FiguresAreGroupedAsTheLanguageSays) {
+    // Figures grouped and with the decimal point the language says.
     test::FakeUi ui;
     EXPECT_EQ(FormatDecimale(1234.5, SeparatoreMigliaia(ui), SeparatoreDecimali(ui)), "1.234,50");
     ui.texts = {{"0221", ","}, {"0222", "."}};

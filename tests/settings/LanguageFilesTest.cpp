@@ -34,7 +34,6 @@ std::set<std::string> chiaviNelCodice() {
     std::set<std::string> keys;
     for (const char* dir : {"core", "system_files", "archive", "filters", "prize", "matrix", "print",
                             "settings", "platform", "windows", "app", "cli", "server"}) {
-        if (!fs::is_directory(Source / dir)) continue;
         for (const auto& e : fs::recursive_directory_iterator(Source / dir)) {
             const auto ext = e.path().extension();
             if (ext != ".cpp" && ext != ".h") continue;

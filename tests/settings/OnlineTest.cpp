@@ -99,19 +99,6 @@ TEST(AggiornaLingue, AFailedListChangesNothingAndCreditsAreJoinedByCrLf) {
     EXPECT_EQ(dv::CreditiLingue({}, dir.path(), server.downloader()), "English: Anna\r\nDeutsch: Bernd");
 }
 
-TEST(ControllaVersione, KeepsTheFileOnlyWhenANewVersionExists) {
-    TempDir dir;
-    FakeServer server;
-    EXPECT_FALSE(dv::ControllaVersione({}, dir.path(), "1.0.0", server.downloader()).scaricato);
-    server.files[Base + "ver.asp"] = "1.0.0\r\n";
-    EXPECT_EQ(dv::ControllaVersione({}, dir.path(), "1.0.0", server.downloader()).esito,
-              EsitoVersione::Aggiornato);
-    EXPECT_FALSE(dir.exists("temp/dorvanqvnver.txt"));
-    server.files[Base + "ver.asp"] = "1.10.0\r\n";
-    EXPECT_EQ(dv::ControllaVersione({}, dir.path(), "1.9.9", server.downloader()).remota, "1.10.0");
-    EXPECT_TRUE(dir.exists("temp/dorvanqvnver.txt"));
-}
-
 // The shipped languages are copied only into a folder without any; the languages offered are the
 // .lng files of any case, by name in upper case, sorted.
 TEST(Folders, ShippedLanguagesAreCopiedOnlyIntoAFolderWithoutAnyAndListedInUpperCase) {

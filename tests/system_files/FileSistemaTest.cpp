@@ -24,7 +24,7 @@ void StatoCasuale(Corpo& c, std::mt19937& rng) {
     std::shuffle(all.begin(), all.end(), rng);
     all.resize(static_cast<size_t>(pick(c.LenColonna, 90)));
     SetForecast(c, all);
-    c.pronostico.Descrizione = "Ridotto N-" + std::to_string(pick(0, 99));
+    c.pronostico.Descrizione = "Ridotto \xC3\xA0 N-" + std::to_string(pick(0, 99));
 
     Condizioni& k = c.condizioni;
     k.CondPari = Vero;
@@ -94,6 +94,7 @@ TEST(FileSistemaRoundTrip, RandomStatesWithEveryConditionComeBackWhole) {
         EXPECT_EQ(opened.SistemaBloccato, opened.pronostico.NumColonne > 0 && round % 2 == 0 ? -1 : 0);
         ASSERT_TRUE(SalvaFile(opened, ui, dir.file("again.dvs")));
         EXPECT_EQ(LeggiFile(dir.file("again.dvs")), LeggiFile(path));
+        EXPECT_EQ(opened.pronostico.Descrizione, saved.pronostico.Descrizione);
         EXPECT_EQ(opened.pronostico.Quanti, saved.pronostico.Quanti);
         EXPECT_EQ(opened.pronostico.Numeri, saved.pronostico.Numeri);
         EXPECT_EQ(StoredColumns(opened), StoredColumns(saved));
@@ -127,9 +128,6 @@ TEST(FileSistemaWriter, WritesTheCurrentLayoutByteForByte) {
     e.u8(4).u8(8).u8(15).u8(8).u8(15).u8(16);
     // No conditions block: nothing is due.
     EXPECT_EQ(LeggiFile(dir.file("a.dvs")), std::string(e.data.begin(), e.data.end()));
-    Corpo back;
-    ASSERT_EQ(ApriFile(back, ui, dir.file("a.dvs")), EsitoApriFile::Aperto);
-    EXPECT_EQ(back.pronostico.Descrizione, c.pronostico.Descrizione);
 }
 
 TEST(FileSistemaWriter, ASaveCutAtAnyByteLeavesTheOldFileAndNoTemporaryFile) {
