@@ -7,7 +7,7 @@
 namespace dv {
 namespace {
 
-TEST(Calibration, MissingFileGivesTheDefaultsAndASavedFileKeepsTheKeyOrder) {
+TEST(Calibration, MissingFileGivesTheDefaultsASavedFileKeepsTheKeyOrderAndADecimalCommaIsRead) {
     // Bars hold tenths of a millimetre and give the same value back (their texts: the window test).
     for (int b = 0; b <= 3000; ++b)
         ASSERT_EQ(BarraDaMm(MmDaBarra(b)), b);
@@ -30,12 +30,9 @@ TEST(Calibration, MissingFileGivesTheDefaultsAndASavedFileKeepsTheKeyOrder) {
               "POSX_OPZIONIGIOCO=14.8\nPOSY_OPZIONIGIOCO=350.5\nPOSX_INTESTAZIONE=3\n"
               "POSY_INTESTAZIONE=183\nSTAMPANTE=\nINTENSITA_STAMPA=9999\n");
     EXPECT_TRUE(LoadCalibration(path).qualitaNormale()); // what else reads back: see the fuzz target
-}
 
-TEST(Calibration, DecimalCommaIsReadAndABadNumberGivesTheDefault) {
-    test::TempDir dir;
-    const std::string path = dir.write("a.prn", "[IMPOSTAZIONI]\nPOSX_UNO=12,5\nPOSY_UNO=abc\n");
-    const SlipCalibration c = LoadCalibration(path);
+    // A decimal comma is read; a bad number gives the default.
+    c = LoadCalibration(dir.write("a.prn", "[IMPOSTAZIONI]\nPOSX_UNO=12,5\nPOSY_UNO=abc\n"));
     EXPECT_EQ(c.POSX_UNO, 12.5f);
     EXPECT_EQ(c.POSY_UNO, 26.0f);
 }

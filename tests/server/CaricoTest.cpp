@@ -57,7 +57,7 @@ const QByteArray Ver = "GET /public/10elotto/ver.asp HTTP/1.1\r\nHost: 127.0.0.1
 
 } // namespace
 
-TEST(DataServerCarico, AnswersAtOnceWhileTwoHundredHostileClientsHoldOn) {
+TEST(DataServerCarico, AnswersAtOnceWhileTwoHundredHostileClientsHoldOnAndRefusesOversizedRequests) {
     const QTemporaryDir dir = cartellaDati();
     ServerProcess server(dir.path(), {QStringLiteral("--timeout"), QStringLiteral("2")});
     ASSERT_TRUE(server.running());
@@ -109,12 +109,8 @@ TEST(DataServerCarico, AnswersAtOnceWhileTwoHundredHostileClientsHoldOn) {
     std::printf("slowest normal request under load %lld ms; resident %lld MB; all dropped after %lld ms\n",
                 static_cast<long long>(piuLenta), static_cast<long long>(rss(server.pid()) >> 20),
                 static_cast<long long>(attesa.elapsed()));
-}
 
-TEST(DataServerCarico, RefusesOversizedRequestsAndCapsTheLog) {
-    const QTemporaryDir dir = cartellaDati();
-    ServerProcess server(dir.path());
-    ASSERT_TRUE(server.running());
+    // Oversized requests are refused by their heads, and no log line echoes what they carried.
     const QByteArray post = "POST /public/10elotto/ver.asp HTTP/1.1\r\n";
     for (const auto& [request, stato] : std::initializer_list<std::pair<QByteArray, QByteArray>>{
              {post + "Content-Length: 100000000\r\n\r\n", "HTTP/1.1 413"},
@@ -123,9 +119,7 @@ TEST(DataServerCarico, RefusesOversizedRequestsAndCapsTheLog) {
              {"GET /" + QByteArray(3000, 'a') + " HTTP/1.1\r\n\r\n", "HTTP/1.1 414"},
              {"GET /public/10elotto/ver.asp HTTP/1.1\r\nX: " + QByteArray(8200, 'b') + "\r\n\r\n",
               "HTTP/1.1 431"}})
-        EXPECT_EQ(rawRequest(server.port(), request).left(12), stato) << request.left(60).constData();
-    const QStringList log = server.logLines();
-    ASSERT_EQ(log.size(), 5);
-    for (const QString& line : log)
+        EXPECT_EQ(rawRequest(port, request).left(12), stato) << request.left(60).constData();
+    for (const QString& line : server.logLines())
         EXPECT_LT(line.size(), 300) << line.toStdString();
 }
