@@ -1,8 +1,6 @@
 // Finding the controls of a window by their object names and working them as a user would.
 #pragma once
 
-#include "core/Avvio.h"
-#include "core/Engine.h"
 #include "platform/ApplyLanguage.h"
 
 #include <QAbstractButton>
@@ -64,14 +62,6 @@ inline void Clicca(QWidget* w) {
 inline void Vai(QWidget& w, const char* pulsante, int volte = 1) {
     for (int i = 0; i < volte; ++i)
         Clicca(Controllo<QPushButton>(w, pulsante));
-}
-
-// Develops the forecast of c as "Elabora Sistema" does; the number of columns kept.
-inline int32_t Sviluppa(Corpo& c) {
-    PreparaSviluppo(c);
-    RunControl ctl;
-    EngineObserver obs;
-    return SviluppaIntegrale(c, c.pronostico.Quanti, c.pronostico.Numeri.data(), ctl, obs, "").kept;
 }
 
 // Presses on the first label, moves with the button held through the others, releases.

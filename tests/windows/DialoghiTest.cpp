@@ -1,12 +1,11 @@
-// The condition dialogs, the viewer and the forecast order driven as a user drives them, and what
-// each writes into the state.
+// The condition dialogs and the forecast order driven as a user drives them, and what each writes
+// into the state.
 #include "windows/frmDistanzaMinima.h"
 #include "windows/frmFisse.h"
 #include "windows/frmOrdinaPronostico.h"
 #include "windows/frmPari.h"
 #include "windows/frmRidotto.h"
 #include "windows/frmSomma.h"
-#include "windows/frmVisualizza.h"
 
 #include "tests/support/FakeUi.h"
 #include "tests/support/StateBuilder.h"
@@ -18,7 +17,6 @@
 
 using namespace dv;
 using test::Elemento;
-using test::Sviluppa;
 using test::Testi;
 
 namespace {
@@ -164,22 +162,6 @@ private slots:
         w.ordineCasuale(99);
         w.close();
         QCOMPARE(c.pronostico.Numeri, atteso.pronostico.Numeri);
-    }
-
-    void viewerPagesThroughTheSystem() {
-        Corpo c = ConPronostico(test::Range(1, 8), 3);
-        QCOMPARE(Sviluppa(c), 56); // six panels, the last with six lines
-        frmVisualizza w(c, ui);
-        w.show();
-        const auto vai = [&w](const char* pulsante) { test::Clicca(w.findChild<QPushButton*>(pulsante)); };
-        vai("cmdNext2");
-        QCOMPARE(Testi(w, "labNscheda labVisualizza(5) labVisualizza(6)"), QString("6|  06-07-08|  "));
-        // A key held on a stepping button repeats its step.
-        QTest::keyClick(w.findChild<QPushButton*>("cmdPrev1"), Qt::Key_Space);
-        QTest::keyClick(w.findChild<QPushButton*>("cmdPrev1"), Qt::Key_Space);
-        QCOMPARE(Testi(w, "labNscheda"), QString("4"));
-        vai("cmdBOTTOM");
-        QCOMPARE(Testi(w, "labNscheda labVisualizza(9)"), QString("1|  01-03-07"));
     }
 
     void forecastOrderDraggedReachesNumeri() {

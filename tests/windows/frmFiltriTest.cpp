@@ -72,7 +72,7 @@ private slots:
         QCOMPARE(frmFiltri(*m_corpo, m_ui, TipoFiltro::XOR).windowTitle(), QString(" Colonne Filtro - XOR"));
     }
 
-    void panelsMadeWithGapsAreCompactedAtClosing() {
+    void panelsMadeWithGapsAreCompactedAtClosingAndTheTableCleared() {
         frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriAND);
         f.show();
         Vai(f, "cmdNext1", 2); // panel 3: content, left OFF
@@ -101,26 +101,22 @@ private slots:
         // The OFF panels follow in table order, the empty ones included: panel 3 is fifth.
         QCOMPARE(t[5].Stato, Falso);
         QCOMPARE(NumeriDi(t[5]), (std::vector<int>{13}));
-    }
 
-    void clearingThePanelAndTheTable() {
-        for (int i = 1; i <= 3; ++i)
-            m_corpo->FiltriXOR.append(dv::test::Filtro({i}, 2));
-        frmFiltri f(*m_corpo, m_ui, m_corpo->FiltriXOR);
-        Clicca(Controllo<QPushButton>(f, "cmdCancella"));
-        QCOMPARE(Testi(f, "lblTotFiltriON lblNumSelezionati"), QString("02|0"));
-
+        // The panel cleared, then the whole table after its question.
+        frmFiltri g(*m_corpo, m_ui, t);
+        Clicca(Controllo<QPushButton>(g, "cmdCancella"));
+        QCOMPARE(Testi(g, "lblTotFiltriON lblNumSelezionati"), QString("01|0"));
         m_ui.texts = {{"0006", "Cancellare la tabella?"}, {"0007", "Sicuro?"}};
         m_ui.setNextAnswer(false);
-        Clicca(Controllo<QPushButton>(f, "cmdCancellaTutto"));
+        Clicca(Controllo<QPushButton>(g, "cmdCancellaTutto"));
         QCOMPARE(m_ui.boxes.back().text, std::string("Cancellare la tabella?\nSicuro?"));
-        QCOMPARE(m_corpo->FiltriXOR.count(), 3);
+        QCOMPARE(t.count(), 2);
         m_ui.setNextAnswer(true);
-        Vai(f, "cmdNext1", 2);
-        Clicca(Controllo<QPushButton>(f, "cmdCancellaTutto"));
-        QCOMPARE(Testi(f, "lblnFiltro lblTotFiltriON"), QString("01|00"));
-        f.close();
-        QCOMPARE(m_corpo->FiltriXOR.count(), 0);
+        Vai(g, "cmdNext1", 2);
+        Clicca(Controllo<QPushButton>(g, "cmdCancellaTutto"));
+        QCOMPARE(Testi(g, "lblnFiltro lblTotFiltriON"), QString("01|00"));
+        g.close();
+        QCOMPARE(t.count(), 0);
     }
 
     // The distance window hides what the forecast cannot give, compacts its panels at closing, steps by

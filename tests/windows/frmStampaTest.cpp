@@ -126,10 +126,6 @@ TEST_F(Finestre, CalibrationBarsTextsAndTheSavedFile) {
     const SlipCalibration letta = LoadCalibration(PercorsoTaratura(c->AppDir, "PDF"));
     EXPECT_EQ(letta.POSX_UNO, 11.2f);
     EXPECT_EQ(letta.INTENSITA_STAMPA, 9999);
-
-    ui.setNextFileName(file("test.pdf"));
-    f.cmdTest_Click();
-    EXPECT_EQ(Pagine(file("test.pdf")), 1);
 }
 
 struct FinestraPrincipale : ::testing::Test, test::FinestraPrincipaleProva {
