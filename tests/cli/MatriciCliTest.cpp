@@ -24,7 +24,6 @@ TEST_F(MatriciCli, SealShowVerifyAndListTheFanoPlane) {
     auto r = Cli("matrix seal " + q("txt/fano.txt") + " -o " + q("matrici/FANO.mqvn") +
                  " --t 2 --m 2 --author Io --desc 'Piano di Fano' --from 20200101 --to 20991231 --cover 100");
     ASSERT_EQ(r.rc, 0) << r.err;
-    EXPECT_TRUE(CheckMatrixCrc(dir.in("matrici/FANO.mqvn")));
 
     r = Cli("matrix show --json " + q("matrici/FANO.mqvn"));
     EXPECT_EQ(r.rc, 0);
