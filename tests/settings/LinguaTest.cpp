@@ -64,7 +64,6 @@ TEST(Lingua, LangReadsTheSettingWhenNoLanguageIsInUseAndAMissingFileGivesEmptyTe
     TempDir dir;
     dv::Lingua nessuna{dir.path(), ""};
     EXPECT_EQ(nessuna.Lang("0053"), "");
-    EXPECT_EQ(nessuna.languageFile(), "");
     dir.write("dorvantaqvn.ini", "[IMPOSTAZIONI]\r\nLINGUA=ENGLISH\r\n");
     dir.write("english.lng", "[Strings]\r\n0053=\"Quit?\"\r\n");
     dv::Lingua lingua{dir.path(), ""};

@@ -16,6 +16,7 @@
 #include <atomic>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <random>
@@ -125,7 +126,7 @@ TEST(ScrittoreSicuro, EveryWriterFailingAtAnyByteKeepsThePreviousFile) {
 }
 
 // A save killed at any moment: the file is the old one or the new one whole, and the next start
-// removes what the killed save left behind.
+// removes what the killed save left behind, here in a folder outside the data folder.
 TEST(SalvataggioInterrotto, AKillAtAnyMomentLosesNothingAndTheNextStartLeavesNoTemporaryFile) {
     namespace fs = std::filesystem;
     TempDir dir;
