@@ -67,9 +67,7 @@ TEST_F(DorvantaCli, NewDevelopShowExportImportShuffle) {
 }
 
 TEST_F(DorvantaCli, MessagesAndFiguresFollowTheLanguageFile) {
-    Bytes{}
-        .text("[Strings]\r\n0062=\"Sistema integrale senza condizioni \xE0\"\r\n")
-        .save(dir.file("it.lng"));
+    dir.write("it.lng", "[Strings]\r\n0062=\"Sistema integrale senza condizioni \xE0\"\r\n");
     ASSERT_EQ(Cli("new -o " + q("a.dvs") + " --numbers 1-15 --length 5").rc, 0);
     auto dev = Cli("--language " + q("it.lng") + " develop " + q("a.dvs") + " -o " + q("b.dvs"));
     ASSERT_EQ(dev.rc, 0);
@@ -92,9 +90,8 @@ TEST_F(DorvantaCli, UsageErrorsExitWithTwoAndSayWhatIsWrong) {
           "new" + o + " --numbers 1-10 --length 5 --even 6", std::string("show"), "develop " + q("a.dvs"),
           "shuffle " + q("a.dvs") + o + " --seed -1", "show " + q("a.dvs") + " --bogus",
           // A missing language file would blank every message.
-          "--language " + q("none.lng") + " show " + q("a.dvs")}) {
+          "--language " + q("none.lng") + " show " + q("a.dvs")})
         EXPECT_EQ(Cli(args).rc, 2) << args;
-    }
     EXPECT_FALSE(dir.exists("x.dvs"));
     EXPECT_NE(Cli("frobnicate --flag").err.find("frobnicate: unknown subcommand"), std::string::npos);
     EXPECT_EQ(Cli("--help").rc, 0);
