@@ -79,11 +79,6 @@ inline void Trascina(const std::vector<QWidget*>& percorso) {
     QTest::mouseRelease(premuta, Qt::LeftButton, Qt::NoModifier, premuta->rect().center());
 }
 
-// The background of a label as it is painted.
-inline QColor Sfondo(const QWidget* w) {
-    return w->palette().color(QPalette::Window);
-}
-
 // A key held down on a button: the first press and then count auto-repeated presses.
 inline void TastoTenuto(QWidget* w, Qt::Key key, int count) {
     for (int i = 0; i <= count; ++i) {

@@ -2,6 +2,7 @@
 // gives, boxes and choosers answered from a queue, and the gestures of a user on it.
 #pragma once
 
+#include "archive/Archivio.h"
 #include "core/Cartelle.h"
 #include "tests/windows/Controlli.h"
 #include "tests/windows/QueueDialogs.h"
@@ -27,6 +28,13 @@
 #include <utility>
 
 namespace dv::test {
+
+// The draws written as an archive file of records.
+inline void ScriviArchivio(const std::string& path, const std::vector<Estrazione>& draws) {
+    std::ofstream out(path, std::ios::binary);
+    for (const Estrazione& e : draws)
+        out.write(RecordEstrazione(e).data(), DimensioneRecordEstrazione);
+}
 
 // The text of a language file shipped with the program ("italiano", "english").
 inline std::string LinguaSpedita(const std::string& nome) {
@@ -87,17 +95,6 @@ protected:
         QSignalSpy spy(&m_main->operazioni().worker(), &frmCalcoloWorker::conclusa);
         QTest::mouseClick(m_main->pulsante(QStringLiteral("cmdCalcolo")), Qt::LeftButton);
         QVERIFY(spy.wait(120000));
-    }
-    // Runs f on the modal window that the next action opens, once it is showing.
-    template <typename F> void sulModale(F f) {
-        QTimer::singleShot(0, [f] { f(QApplication::activeModalWidget()); });
-    }
-    // The numbers chosen on the grid, in order.
-    std::vector<int> scelti() {
-        std::vector<int> n;
-        for (int i = 0; i < 90; ++i)
-            if (m_corpo->Griglia[static_cast<size_t>(i)]) n.push_back(i + 1);
-        return n;
     }
     // The first n cells of the grid, "1" for a chosen number.
     QString griglia(int n) {

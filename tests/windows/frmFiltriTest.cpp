@@ -11,7 +11,6 @@ using namespace dv;
 using dv::test::Clicca;
 using dv::test::Controllo;
 using dv::test::Elemento;
-using dv::test::Sfondo;
 using dv::test::Testi;
 using dv::test::Vai;
 
@@ -51,8 +50,8 @@ private slots:
             QString(" Colonne Filtro - OR|01|150.000|01|149.999|2"));
         for (const auto& [i, colore] :
              std::vector<std::pair<int, QColor>>{{2, Blu}, {4, Bianco}, {49, Grigio}})
-            QCOMPARE(Sfondo(Elemento(f, "labGriglia", i)), colore);
-        QCOMPARE(Sfondo(Elemento(f, "lbPresenze", 1)), Rosso);
+            QCOMPARE(Elemento(f, "labGriglia", i)->palette().color(QPalette::Window), colore);
+        QCOMPARE(Elemento(f, "lbPresenze", 1)->palette().color(QPalette::Window), Rosso);
         QVERIFY(Elemento<QRadioButton>(f, "optCond", 0)->isChecked());
         QVERIFY(!Controllo<QGroupBox>(f, "frameCondizione")->isEnabled());
         Clicca(Elemento(f, "labGriglia", 5));
@@ -141,7 +140,7 @@ private slots:
             Clicca(Elemento(f, "lbDistanzaMin", 2));
             Clicca(Elemento(f, "lbDistanzaMax", 40));
             Clicca(Elemento<QRadioButton>(f, "optCond", 0));
-            QCOMPARE(Sfondo(Elemento(f, "lbDistanzaMin", 2)), Rosso);
+            QCOMPARE(Elemento(f, "lbDistanzaMin", 2)->palette().color(QPalette::Window), Rosso);
             f.close();
         }
         QCOMPARE(t.count(), 1);
@@ -151,7 +150,7 @@ private slots:
         QCOMPARE(t[1].DistanzaMax[40], Vero);
 
         frmFiltriDistanzaNumeri f(*m_corpo, m_ui);
-        QCOMPARE(Sfondo(Elemento(f, "lbPFromPTo", 1)), Blu);
+        QCOMPARE(Elemento(f, "lbPFromPTo", 1)->palette().color(QPalette::Window), Blu);
         Clicca(Controllo<QPushButton>(f, "cmdCancella"));
         QCOMPARE(Testi(f, "lblTotFiltriON"), QString("00"));
         Vai(f, "cmdNext2", 4);

@@ -38,7 +38,8 @@ class frmMAINTest : public QObject, test::FinestraPrincipaleProva {
     bool apre(
         A azione, F f = [](T&) {}) {
         bool aperta = false;
-        sulModale([&aperta, f](QWidget* w) {
+        QTimer::singleShot(0, [&aperta, f] {
+            QWidget* w = QApplication::activeModalWidget();
             if (auto* t = qobject_cast<T*>(w)) {
                 aperta = true;
                 f(*t);

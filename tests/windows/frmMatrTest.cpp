@@ -38,10 +38,9 @@ protected:
     std::string matrice(const std::string& nome) {
         return PercorsoIn(corpo.AppDir, {"matrici", nome.c_str()});
     }
-    template <typename T> T* trova(QWidget& w, const char* nome) { return test::Controllo<T>(w, nome); }
     // Clicks the row of flQVN whose file is nome.
     void scegli(frmMatr& f, const std::string& nome) {
-        auto* lista = trova<QListWidget>(f, "flQVN");
+        auto* lista = test::Controllo<QListWidget>(f, "flQVN");
         int riga = 0;
         for (size_t i = 0; i < f.catalogo().size(); ++i)
             if (!f.catalogo()[i].FILE_NAME.empty() && f.catalogo()[i].FILE_NAME != nome)
@@ -77,19 +76,19 @@ protected:
 TEST_F(frmMatrTest, AdaptModeListsWhatFitsWithTheCustomRowAndEnablesByTheRow) {
     frmMatr f(corpo, ui, imp, frmMatr::Modo::Adatta, nullptr, servizi());
     EXPECT_EQ(f.windowTitle(), "<0019> (3)");
-    EXPECT_EQ(trova<QListWidget>(f, "flQVN")->font().family(), "Courier New");
-    auto* adatta = trova<QPushButton>(f, "cmdAdatta");
-    auto* txt = trova<QPushButton>(f, "cmdMatriceTXT");
-    EXPECT_TRUE(trova<QPushButton>(f, "cmdUpdateMatrix")->isHidden());
+    EXPECT_EQ(test::Controllo<QListWidget>(f, "flQVN")->font().family(), "Courier New");
+    auto* adatta = test::Controllo<QPushButton>(f, "cmdAdatta");
+    auto* txt = test::Controllo<QPushButton>(f, "cmdMatriceTXT");
+    EXPECT_TRUE(test::Controllo<QPushButton>(f, "cmdUpdateMatrix")->isHidden());
 
     scegli(f, "CUSTOM");
     EXPECT_FALSE(adatta->isEnabled());
     EXPECT_TRUE(txt->isEnabled());
-    EXPECT_EQ(trova<QLineEdit>(f, "txtAuthor")->text(), "NORVANE");
+    EXPECT_EQ(test::Controllo<QLineEdit>(f, "txtAuthor")->text(), "NORVANE");
 
     scegli(f, "scaduta.mqvn");
     EXPECT_EQ(test::Testi(f, "txtColMatrix lblScaduta lblOK"), "2|<0010>|");
-    EXPECT_EQ(trova<QLabel>(f, "lblScaduta")->palette().color(QPalette::Window), QColor(Qt::red));
+    EXPECT_EQ(test::Controllo<QLabel>(f, "lblScaduta")->palette().color(QPalette::Window), QColor(Qt::red));
     EXPECT_FALSE(adatta->isEnabled() || txt->isEnabled());
 
     scegli(f, "buona.mqvn");
@@ -115,10 +114,10 @@ TEST_F(frmMatrTest, CancelledTextDialogLeavesAnEmptySystemAndADamagedFileShowsRe
     }
     frmMatr f(corpo, ui, imp, frmMatr::Modo::Adatta, nullptr, servizi());
     scegli(f, "buona.mqvn");
-    EXPECT_EQ(trova<QLabel>(f, "lblOK")->text(), "<0009>");
-    EXPECT_FALSE(trova<QPushButton>(f, "cmdAdatta")->isEnabled());
+    EXPECT_EQ(test::Controllo<QLabel>(f, "lblOK")->text(), "<0009>");
+    EXPECT_FALSE(test::Controllo<QPushButton>(f, "cmdAdatta")->isEnabled());
     scegli(f, "CUSTOM");
-    trova<QPushButton>(f, "cmdMatriceTXT")->click(); // the chooser answers Cancel
+    test::Controllo<QPushButton>(f, "cmdMatriceTXT")->click(); // the chooser answers Cancel
     f.attendi();
     EXPECT_EQ(f.result(), QDialog::Accepted);
     EXPECT_EQ(corpo.pronostico.NumColonne, 0);
@@ -144,7 +143,7 @@ TEST_F(frmMatrTest, UpdateRunsOffTheWindowThreadWithTheWindowDisabledAndStopsBef
     };
     ui.texts["0190"] = "%1/%2";
     frmMatr f(corpo, ui, imp, frmMatr::Modo::Elenco, nullptr, s);
-    trova<QPushButton>(f, "cmdUpdateMatrix")->click();
+    test::Controllo<QPushButton>(f, "cmdUpdateMatrix")->click();
     EXPECT_FALSE(f.isEnabled());
     ASSERT_TRUE(f.finestraAvanzamento() && f.finestraAvanzamento()->isVisible());
     auto* lbl = f.finestraAvanzamento()->findChild<QLabel*>(QStringLiteral("lblAvanzamento"));
@@ -164,7 +163,7 @@ TEST_F(frmMatrTest, UpdateRunsOffTheWindowThreadWithTheWindowDisabledAndStopsBef
     EXPECT_TRUE(std::filesystem::exists(matrice("UNO.mqvn")));
     EXPECT_EQ(f.windowTitle(), "<0019> (4)");
     EXPECT_EQ(ui.busyDepth, 0);
-    trova<QPushButton>(f, "cmdOpenDir")->click();
+    test::Controllo<QPushButton>(f, "cmdOpenDir")->click();
     EXPECT_EQ(cartelle, std::vector<std::string>{PercorsoIn(corpo.AppDir, {"matrici"})});
 }
 

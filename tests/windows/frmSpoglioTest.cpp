@@ -30,10 +30,6 @@ void Digita(QLineEdit* box, const QString& text) {
 
 class FinestreSpoglio : public ::testing::Test, protected FinestraPrincipaleProva {
 protected:
-    template <typename T> T* ctl(QWidget* w, const char* name) { return Controllo<T>(*w, name); }
-    template <typename T> T* elem(QWidget* w, const char* name, int i) { return Elemento<T>(*w, name, i); }
-    QString testo(QWidget* w, const char* name) { return ctl<QLabel>(w, name)->text(); }
-
     void SetUp() override {
         apriItaliano();
         CollegaSpoglio(*m_main);
@@ -66,26 +62,26 @@ TEST_F(FinestreSpoglio, SingleCheckFromTheMainWindowShowsTheStateValidatesSortsA
     ASSERT_TRUE(f->isVisible());
     EXPECT_EQ(Testi(*f, "meSpoglio(0) meNumORO meA lblCategoria(3) lblCategoria(4)"), "07|41|4|Punti 3|-");
     // Numero ORO: a category for each count of hits up to the length.
-    EXPECT_TRUE(elem<QListView>(f, "listVin", 0)->isEnabled());
-    EXPECT_FALSE(elem<QListView>(f, "listVin", 4)->isEnabled());
+    EXPECT_TRUE(Elemento<QListView>(*f, "listVin", 0)->isEnabled());
+    EXPECT_FALSE(Elemento<QListView>(*f, "listVin", 4)->isEnabled());
     // An emptied box cannot clear its number: it comes back at the next init.
-    Digita(elem<QLineEdit>(f, "meSpoglio", 0), "");
+    Digita(Elemento<QLineEdit>(*f, "meSpoglio", 0), "");
     EXPECT_EQ(m_corpo->NumeriSpoglio[1], 7);
 
     // The draw 20 down to 1, Oro 3, typed box after box: sorted, then checked.
     for (int i = 0; i < 20; ++i)
-        Digita(elem<QLineEdit>(f, "meSpoglio", i), QString::number(20 - i));
-    Digita(ctl<QLineEdit>(f, "meNumORO"), "03");
-    ctl<QPushButton>(f, "cmdSpoglio")->click();
+        Digita(Elemento<QLineEdit>(*f, "meSpoglio", i), QString::number(20 - i));
+    Digita(Controllo<QLineEdit>(*f, "meNumORO"), "03");
+    Controllo<QPushButton>(*f, "cmdSpoglio")->click();
     EXPECT_EQ(Testi(*f, "meSpoglio(0) meSpoglio(19) labVincite(3) lblMaxPunti"), "01|20|2| 3");
-    EXPECT_EQ(elem<QListView>(f, "listVin", 3)->model()->index(1, 0).data().toString(), "C. 4");
-    EXPECT_EQ(testo(f, "labTot"), QLocale().toString(655.0, 'f', 2));
+    EXPECT_EQ(Elemento<QListView>(*f, "listVin", 3)->model()->index(1, 0).data().toString(), "C. 4");
+    EXPECT_EQ(Testi(*f, "labTot"), QLocale().toString(655.0, 'f', 2));
 
     // A repeated number: the box, the focus on the first of the two.
-    Digita(elem<QLineEdit>(f, "meSpoglio", 5), "01");
-    ctl<QPushButton>(f, "cmdSpoglio")->click();
+    Digita(Elemento<QLineEdit>(*f, "meSpoglio", 5), "01");
+    Controllo<QPushButton>(*f, "cmdSpoglio")->click();
     EXPECT_EQ(m_dialogs->boxes.back().text, m_main->ui().Lang("0025"));
-    ctl<QPushButton>(f, "cmdCancella")->click();
+    Controllo<QPushButton>(*f, "cmdCancella")->click();
     EXPECT_EQ(m_corpo->NumeriSpoglio[1], 0);
 }
 
@@ -93,27 +89,27 @@ TEST_F(FinestreSpoglio, ArchiveCheckFillsTheGridFiltersItAndWritesTheCsv) {
     auto* f = m_main->findChild<frmSpoglioEstrazioni*>();
     m_main->azione("menuSpoglioEstrazioni")->trigger();
     ASSERT_TRUE(f->isVisible());
-    EXPECT_EQ(ctl<QComboBox>(f, "cmbDal")->count(), 3);
-    ctl<QPushButton>(f, "cmdSpoglioEstrazioni")->click();
-    EXPECT_FALSE(ctl<QWidget>(f, "cmdSpoglioEstrazioni")->isEnabled() && f->lavoro().inCorso());
+    EXPECT_EQ(Controllo<QComboBox>(*f, "cmbDal")->count(), 3);
+    Controllo<QPushButton>(*f, "cmdSpoglioEstrazioni")->click();
+    EXPECT_FALSE(Controllo<QWidget>(*f, "cmdSpoglioEstrazioni")->isEnabled() && f->lavoro().inCorso());
     f->lavoro().attendi();
-    QTableView* grid = ctl<QTableView>(f, "flexGrid");
+    QTableView* grid = Controllo<QTableView>(*f, "flexGrid");
     ASSERT_EQ(grid->model()->rowCount(), 5);
     EXPECT_EQ(grid->model()->headerData(19, Qt::Horizontal).toString(), "Euro");
     EXPECT_TRUE(grid->model()->index(0, 5).data(Qt::FontRole).value<QFont>().bold());
     EXPECT_EQ(grid->model()->index(1, 4).data(Qt::BackgroundRole).value<QColor>(), QColor(0x80, 0xff, 0x80));
-    EXPECT_EQ(testo(f, "lblNumEstr"), "4");
+    EXPECT_EQ(Testi(*f, "lblNumEstr"), "4");
     EXPECT_EQ(m_dialogs->boxes.back().text, m_main->ui().Lang("0026") + " Numero ORO [90] del 01/03/2024");
 
     // A filter on the Euro column keeps the totals row and the draws that won 325.
-    ctl<QCheckBox>(f, "chkFiltri")->setChecked(true);
+    Controllo<QCheckBox>(*f, "chkFiltri")->setChecked(true);
     QComboBox* euro = f->griglia().filtro(19);
     ASSERT_TRUE(euro);
     euro->setCurrentIndex(euro->findText("325"));
     EXPECT_EQ(grid->model()->rowCount(), 2);
 
     // The CSV holds every row, also those a filter hides, and is handed to the desktop.
-    ctl<QPushButton>(f, "cmdCSV")->click();
+    Controllo<QPushButton>(*f, "cmdCSV")->click();
     ASSERT_EQ(m_dialogs->documents.size(), 1u);
     std::ifstream got(m_dialogs->documents[0], std::ios::binary),
         want(DV_SOURCE_DIR "/tests/prize/data/spoglio_estrazioni.csv");
@@ -128,7 +124,7 @@ TEST_F(FinestreSpoglio, ComparisonAsksForBothFilesThenCountsAndCopies) {
     auto* f = m_main->findChild<frmVerificaSistemi*>();
     m_main->azione("menuVerificaSistema")->trigger();
     ASSERT_TRUE(f->isVisible());
-    ctl<QPushButton>(f, "cmdVerificaSistema")->click();
+    Controllo<QPushButton>(*f, "cmdVerificaSistema")->click();
     EXPECT_EQ(m_dialogs->boxes.back().text, m_main->ui().Lang("0120"));
 
     const std::string uno = m_corpo->AppDir + "/txt/uno.txt", due = m_corpo->AppDir + "/txt/due.txt";
@@ -136,19 +132,19 @@ TEST_F(FinestreSpoglio, ComparisonAsksForBothFilesThenCountsAndCopies) {
     std::ofstream(uno) << " 01 02 03 \r\n 01 02 04 \r\n";
     std::ofstream(due) << "1-2-3\r\n7 8 9\r\n";
     m_dialogs->setNextFileName(uno);
-    ctl<QPushButton>(f, "cmdLoad1")->click();
-    ctl<QPushButton>(f, "cmdVerificaSistema")->click();
+    Controllo<QPushButton>(*f, "cmdLoad1")->click();
+    Controllo<QPushButton>(*f, "cmdVerificaSistema")->click();
     EXPECT_EQ(m_dialogs->boxes.back().text, m_main->ui().Lang("0121"));
     m_dialogs->setNextFileName(due);
-    ctl<QPushButton>(f, "cmdLoad2")->click();
-    ctl<QPushButton>(f, "cmdVerificaSistema")->click();
+    Controllo<QPushButton>(*f, "cmdLoad2")->click();
+    Controllo<QPushButton>(*f, "cmdVerificaSistema")->click();
     f->lavoro().attendi();
-    QTableView* grid = ctl<QTableView>(f, "flexGrid");
+    QTableView* grid = Controllo<QTableView>(*f, "flexGrid");
     ASSERT_EQ(grid->model()->rowCount(), 3);
     EXPECT_EQ(grid->model()->index(2, 0).data().toString(), "TOT");
-    EXPECT_EQ(testo(f, "lblNumEstr"), "2");
+    EXPECT_EQ(Testi(*f, "lblNumEstr"), "2");
     // The totals row is an ordinary row: a filter hides it.
-    ctl<QCheckBox>(f, "chkFiltri")->setChecked(true);
+    Controllo<QCheckBox>(*f, "chkFiltri")->setChecked(true);
     QComboBox* n = f->griglia().filtro(0);
     n->setCurrentIndex(n->findText("1"));
     EXPECT_EQ(grid->model()->rowCount(), 1);

@@ -3,7 +3,6 @@
 #include "windows/frmUltimate.h"
 #include "windows/frmImportFiltri.h"
 
-#include "archive/Archivio.h"
 #include "tests/prize/SupportoSpoglio.h"
 #include "tests/windows/FinestraPrincipaleProva.h"
 #include "windows/frmCalcolo.h"
@@ -34,12 +33,6 @@ ArrayEstrazioni Archivio(int giorni, int perGiorno) {
     return a;
 }
 
-void Scrivi(const ArrayEstrazioni& a, const std::string& path) {
-    std::ofstream out(path, std::ios::binary);
-    for (int32_t i = 1; i <= UBound(a); ++i)
-        out.write(RecordEstrazione(a[static_cast<size_t>(i)]).data(), 34);
-}
-
 // A search stopped at its first step, as the window's stop gives it.
 struct FermaAlPrimo : EngineObserver {
     RunControl* ctl;
@@ -52,9 +45,8 @@ class FinestraUltimate : public ::testing::Test, protected test::FinestraPrincip
 protected:
     frmUltimate* m_ult = nullptr;
 
-    template <typename T> T* di(QWidget& w, const char* name) { return test::Controllo<T>(w, name); }
-    QString testo(const char* name) { return di<QLabel>(*m_ult, name)->text(); }
-    QString risultato() { return di<QPlainTextEdit>(*m_ult, "lbResult")->toPlainText(); }
+    QString testo(const char* name) { return test::Controllo<QLabel>(*m_ult, name)->text(); }
+    QString risultato() { return test::Controllo<QPlainTextEdit>(*m_ult, "lbResult")->toPlainText(); }
 
     void SetUp() override {
         apriItaliano();
@@ -67,7 +59,7 @@ protected:
     // Runs the search of the window's kind and quantity; stop asks for a stop at once.
     void cerca(bool stop = false) {
         QSignalSpy fine(m_ult, &frmUltimate::calcoloConcluso);
-        di<QPushButton>(*m_ult, "cmdCalcolo")->click();
+        test::Controllo<QPushButton>(*m_ult, "cmdCalcolo")->click();
         EXPECT_FALSE(m_ult->isEnabled());
         EXPECT_FALSE(m_main->isEnabled());
         if (stop) {
@@ -88,11 +80,11 @@ TEST_F(FinestraUltimate, ValuesOfEachKindAndQuantity) {
     const QLocale locale;
     EXPECT_EQ(test::Testi(*m_ult, "lbNumEstrazioni lbQta"), "171|1");
     EXPECT_EQ(testo("lbNumDecadimento"), locale.toString(-0.04860291578, 'f', 11));
-    auto* quaterna = di<QRadioButton>(*m_ult, "optTipoGiocata(2)");
+    auto* quaterna = test::Controllo<QRadioButton>(*m_ult, "optTipoGiocata(2)");
     QTest::mouseClick(quaterna, Qt::LeftButton);
     EXPECT_EQ(m_ult->tipo(), 4);
     EXPECT_EQ(quaterna->palette().color(QPalette::Window), QColor(Qt::yellow));
-    di<QScrollBar>(*m_ult, "vsQta")->setValue(3);
+    test::Controllo<QScrollBar>(*m_ult, "vsQta")->setValue(3);
     EXPECT_EQ(testo("lbNumEstrazioni"), locale.toString(7195));
     // Closed and opened again: loaded afresh.
     m_ult->close();
@@ -103,7 +95,7 @@ TEST_F(FinestraUltimate, ValuesOfEachKindAndQuantity) {
 
 TEST_F(FinestraUltimate, AStoppedSearchShowsWhatItFoundAWholeOneWritesColumnsAndOverflowEndsInTheBox) {
     const ArrayEstrazioni a = Archivio(1, 40);
-    Scrivi(a, m_corpo->PathArchivio5Min);
+    test::ScriviArchivio(m_corpo->PathArchivio5Min, {a.begin() + 1, a.end()});
     m_corpo->pronostico.NumColonne = 3;
     m_ult->apri();
     const auto testo = [](const RisultatoUltimate& r) {
@@ -128,7 +120,7 @@ TEST_F(FinestraUltimate, AStoppedSearchShowsWhatItFoundAWholeOneWritesColumnsAnd
     EXPECT_EQ(m_corpo->pronostico.NumColonne, 3);
 
     // Forty draws leave far more than 32,767 terni.
-    di<QRadioButton>(*m_ult, "optTipoGiocata(1)")->click();
+    test::Controllo<QRadioButton>(*m_ult, "optTipoGiocata(1)")->click();
     cerca();
     ASSERT_FALSE(m_dialogs->boxes.empty());
     EXPECT_EQ(m_dialogs->boxes.back().text,
@@ -155,20 +147,20 @@ TEST_F(FinestraUltimate, FilterWindowImportsKeepingItsTableOnABadFileThenFromThe
         if (!f) return;
         vista = f->tipoFiltro() == TipoFiltro::AND;
         EXPECT_EQ(test::Testi(*f, "cmbAl"), "03/06/2025");
-        EXPECT_FALSE(di<QPushButton>(*f, "cmdImportaFiltri")->isEnabled());
-        EXPECT_TRUE(di<QLabel>(*f, "lbPresenze(7)")->isHidden());
-        di<QRadioButton>(*f, "optImportSource(0)")->click();
+        EXPECT_FALSE(test::Controllo<QPushButton>(*f, "cmdImportaFiltri")->isEnabled());
+        EXPECT_TRUE(test::Controllo<QLabel>(*f, "lbPresenze(7)")->isHidden());
+        test::Controllo<QRadioButton>(*f, "optImportSource(0)")->click();
         m_dialogs->setNextFileName(cattivo);
-        di<QPushButton>(*f, "cmdImportaFiltri")->click();
+        test::Controllo<QPushButton>(*f, "cmdImportaFiltri")->click();
         EXPECT_EQ(m_dialogs->folders.back(), PercorsoIn(m_corpo->AppDir, {"txt"}));
-        di<QPushButton>(*f, "cmdProcess")->click();
+        test::Controllo<QPushButton>(*f, "cmdProcess")->click();
         EXPECT_NE(f->result(), QDialog::Accepted);
         EXPECT_EQ(m_corpo->FiltriAND[1].Numeri[9], 1);
         EXPECT_NE(m_dialogs->boxes.back().text.find("2: \"4 y 6\""), std::string::npos);
 
-        di<QRadioButton>(*f, "optImportSource(1)")->click();
-        test::Clicca(di<QLabel>(*f, "lbPresenze(0)"));
-        test::Clicca(di<QLabel>(*f, "lbPresenze(2)"));
+        test::Controllo<QRadioButton>(*f, "optImportSource(1)")->click();
+        test::Clicca(test::Controllo<QLabel>(*f, "lbPresenze(0)"));
+        test::Clicca(test::Controllo<QLabel>(*f, "lbPresenze(2)"));
         const auto voce = [f](const char* name) { f->menuPopup()->findChild<QAction*>(name)->trigger(); };
         voce("mnulast5days");
         EXPECT_EQ(test::Testi(*f, "cmbDal cmbConcAl"), "01/06/2025|288");
@@ -176,15 +168,15 @@ TEST_F(FinestraUltimate, FilterWindowImportsKeepingItsTableOnABadFileThenFromThe
         EXPECT_EQ(test::Testi(*f, "cmbDal cmbConcDal"), "02/06/2025|44");
         // No to the question: nothing changes and the window stays.
         m_dialogs->setNextAnswer(false);
-        di<QPushButton>(*f, "cmdProcess")->click();
+        test::Controllo<QPushButton>(*f, "cmdProcess")->click();
         EXPECT_EQ(m_corpo->FiltriAND[1].Numeri[9], 1);
         EXPECT_NE(f->result(), QDialog::Accepted);
-        di<QPushButton>(*f, "cmdProcess")->click();
+        test::Controllo<QPushButton>(*f, "cmdProcess")->click();
     });
-    di<QPushButton>(filtri, "cmdLoadFiltri")->click();
+    test::Controllo<QPushButton>(filtri, "cmdLoadFiltri")->click();
     EXPECT_TRUE(vista);
     EXPECT_EQ(m_corpo->FiltriAND.count(), 157);
     EXPECT_EQ(m_corpo->FiltriAND[1].Presenze, 0b101);
     EXPECT_EQ(m_corpo->FiltriOR.count(), 1);
-    EXPECT_EQ(di<QLabel>(filtri, "lblTotFiltriON")->text(), QStringLiteral("157"));
+    EXPECT_EQ(test::Controllo<QLabel>(filtri, "lblTotFiltriON")->text(), QStringLiteral("157"));
 }

@@ -2,7 +2,6 @@
 // from a real dorvanta-server.
 #include "windows/frmUpdate.h"
 
-#include "archive/Archivio.h"
 #include "platform/Shell.h"
 #include "server/ServerProcess.h"
 #include "tests/prize/SupportoSpoglio.h"
@@ -27,12 +26,6 @@ Estrazione Draw(const char* data, int concorso, int primo, int oro) {
     return test::Draw(data, concorso, numeri, oro, oro ? oro + 2 : 0);
 }
 
-void Scrivi(const std::string& path, const std::vector<Estrazione>& draws) {
-    std::ofstream out(path, std::ios::binary);
-    for (const Estrazione& e : draws)
-        out.write(RecordEstrazione(e).data(), DimensioneRecordEstrazione);
-}
-
 } // namespace
 
 class FinestraArchivio : public ::testing::Test, protected test::FinestraPrincipaleProva {
@@ -40,15 +33,16 @@ protected:
     frmUpdate* m_win = nullptr;
     std::vector<std::string> m_chiamate; // the other windows' hooks, in the order called
 
-    template <typename T> T* ctl(const char* name) { return m_win->findChild<T*>(QString::fromLatin1(name)); }
     QRadioButton* opzione(int i) { return test::Elemento<QRadioButton>(*m_win, "OptArchivio", i); }
 
     void SetUp() override {
         apriItaliano();
         // Oldest first; the newest record is a draw without numbers, which the window leaves out.
-        Scrivi(m_corpo->PathArchivioSerale,
-               {Draw("01/03/2024", 1, 1, 3), Draw("02/03/2024", 2, 2, 0), Draw("03/03/2024", 3, 0, 0)});
-        Scrivi(m_corpo->PathArchivio5Min, {Draw("05/03/2024", 287, 5, 7), Draw("05/03/2024", 288, 6, 8)});
+        test::ScriviArchivio(
+            m_corpo->PathArchivioSerale,
+            {Draw("01/03/2024", 1, 1, 3), Draw("02/03/2024", 2, 2, 0), Draw("03/03/2024", 3, 0, 0)});
+        test::ScriviArchivio(m_corpo->PathArchivio5Min,
+                             {Draw("05/03/2024", 287, 5, 7), Draw("05/03/2024", 288, 6, 8)});
         Finestre& f = m_main->finestre();
         f.ricalcolaStatistiche = [this] { m_chiamate.push_back("ricalcola"); };
         f.popolaStatistiche = [this] {
@@ -77,18 +71,19 @@ TEST_F(FinestraArchivio, ReadsTheEveningArchiveUnseenNewestFirstAndAnOptionLoads
         EXPECT_TRUE(m_main->azione(QString::fromLatin1(voce))->isVisible()) << voce;
 
     m_main->azione(QStringLiteral("menuArchivioEstrazioni"))->trigger();
-    EXPECT_FALSE(ctl<QPushButton>("cmdStatistiche")->isVisible()); // no statistics window here
+    EXPECT_FALSE(
+        test::Controllo<QPushButton>(*m_win, "cmdStatistiche")->isVisible()); // no statistics window here
 
     // An option loads its archive off the window thread; a close meanwhile only warns.
     QTest::mouseClick(opzione(1), Qt::LeftButton);
-    EXPECT_FALSE(ctl<QPushButton>("cmdUpdate")->isEnabled());
+    EXPECT_FALSE(test::Controllo<QPushButton>(*m_win, "cmdUpdate")->isEnabled());
     m_win->close();
     EXPECT_TRUE(m_win->isVisible());
     m_win->attendi();
     ASSERT_FALSE(m_dialogs->boxes.empty());
     EXPECT_EQ(m_dialogs->boxes[0].text, "Caricamento in corso...");
     EXPECT_EQ(m_corpo->TipoArchivio, 1);
-    EXPECT_NE(ctl<QLabel>("lbLast")->text().indexOf(QStringLiteral("288")), -1);
+    EXPECT_NE(test::Controllo<QLabel>(*m_win, "lbLast")->text().indexOf(QStringLiteral("288")), -1);
     EXPECT_EQ(opzione(1)->palette().color(QPalette::Window), QColor(Qt::yellow));
     EXPECT_EQ(m_chiamate, (std::vector<std::string>{"popola", "ricalcola", "spoglio"}));
 
@@ -99,7 +94,7 @@ TEST_F(FinestraArchivio, ReadsTheEveningArchiveUnseenNewestFirstAndAnOptionLoads
 
     // The manual import: a file of one's own, chosen starting on the desktop.
     m_dialogs->setNextFileName(DV_SOURCE_DIR "/tests/archive/data/separatori.txt");
-    ctl<QPushButton>("cmdUpdate")->click();
+    test::Controllo<QPushButton>(*m_win, "cmdUpdate")->click();
     m_win->attendi();
     EXPECT_EQ(m_dialogs->folders.back(), GetSpecialFolder(CartellaDesktop));
     EXPECT_EQ(m_win->modello().rowCount(), 6);
@@ -111,7 +106,7 @@ TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive)
     test::ServerProcess server(QStringLiteral(DV_SOURCE_DIR "/server/sample-data"));
     ASSERT_TRUE(server.running());
     m_main->impostazioni().Server = "http://127.0.0.1:9";
-    ctl<QPushButton>("cmdUpdate")->click();
+    test::Controllo<QPushButton>(*m_win, "cmdUpdate")->click();
     m_win->attendi();
     ASSERT_EQ(m_dialogs->boxes.size(), 1u);
     EXPECT_EQ(m_dialogs->boxes[0].text, "Non è stato possibile scaricare l'archivio delle estrazioni.\nIl "
@@ -119,7 +114,7 @@ TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive)
     EXPECT_EQ(m_win->modello().rowCount(), 2);
 
     m_main->impostazioni().Server = server.base();
-    ctl<QPushButton>("cmdUpdate")->click();
+    test::Controllo<QPushButton>(*m_win, "cmdUpdate")->click();
     opzione(1)->click(); // refused while the update runs
     EXPECT_TRUE(opzione(0)->isChecked());
     m_win->attendi();
@@ -133,9 +128,9 @@ TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive)
     QTcpServer muto;
     muto.listen(QHostAddress::LocalHost, 0);
     m_main->impostazioni().Server = "http://127.0.0.1:" + std::to_string(muto.serverPort());
-    ctl<QPushButton>("cmdUpdate")->click();
-    ASSERT_TRUE(ctl<QPushButton>("cmdInterrompi")->isVisibleTo(m_win));
-    ctl<QPushButton>("cmdInterrompi")->click();
+    test::Controllo<QPushButton>(*m_win, "cmdUpdate")->click();
+    ASSERT_TRUE(test::Controllo<QPushButton>(*m_win, "cmdInterrompi")->isVisibleTo(m_win));
+    test::Controllo<QPushButton>(*m_win, "cmdInterrompi")->click();
     m_win->attendi();
     EXPECT_EQ(m_dialogs->boxes.back().text,
               "Non è stato possibile scaricare l'archivio delle estrazioni.\nScaricamento interrotto.");
@@ -144,11 +139,11 @@ TEST_F(FinestraArchivio, UpdateFetchesFromTheServerAndAFailedOneKeepsTheArchive)
 
 TEST_F(FinestraArchivio, DoubleClickMakesTheForecastOrHandsTheDrawToTheCheckAndCtrlCCopiesRows) {
     m_main->azione(QStringLiteral("mnuUltimaEstrazione"))->trigger();
-    EXPECT_TRUE(scelti().empty()); // the newest record has no numbers
+    EXPECT_EQ(m_corpo->pronostico.Quanti, 0); // the newest record has no numbers
 
     m_win->flexGrid_DblClick(1); // row 1 stands for the record one below the newest
-    EXPECT_EQ(scelti().size(), 20u);
-    EXPECT_EQ(scelti().back(), 42);
+    EXPECT_EQ(m_corpo->pronostico.Quanti, 20);
+    EXPECT_TRUE(m_corpo->Griglia[41] && !m_corpo->Griglia[42]); // 4 to 42 by twos
     ASSERT_EQ(m_dialogs->boxes.size(), 1u);
     EXPECT_EQ(m_dialogs->boxes[0].text.substr(0, 30), "I numeri dell'estrazione \r\n04 ");
     EXPECT_NE(m_dialogs->boxes[0].text.find("\r\n02/03/2024 sono ora il pronostico."), std::string::npos);
@@ -165,7 +160,7 @@ TEST_F(FinestraArchivio, DoubleClickMakesTheForecastOrHandsTheDrawToTheCheckAndC
     EXPECT_NE(m_dialogs->boxes.back().text.find("sono pronti per lo spoglio del sistema."),
               std::string::npos);
 
-    auto* grid = ctl<QTableView>("flexGrid");
+    auto* grid = test::Controllo<QTableView>(*m_win, "flexGrid");
     grid->selectRow(1);
     QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), m_win->modello().testo(1) + QStringLiteral("\r\n"));
