@@ -87,6 +87,8 @@ std::filesystem::path CartellaNote() {
     return {};
 }
 
+constexpr std::string_view SuffissoParziale = ".part";
+
 // A note is named by the digits of its temporary file's name and holds that file's path.
 std::string_view CifreDi(std::string_view temporaneo) {
     const size_t coda = CifreTemp + SuffissoTemp.size();
@@ -97,20 +99,24 @@ std::string_view CifreDi(std::string_view temporaneo) {
 
 std::string AnnotaSalvataggio(const std::string& temporaneo) {
     const std::filesystem::path cartella = CartellaNote();
-    if (cartella.empty()) return {};
+    std::error_code ec;
+    const std::string assoluto = std::filesystem::absolute(temporaneo, ec).string();
+    if (cartella.empty() || ec) return {};
+    // Written under a name of its own and then renamed, so that a note is never seen half-written.
     const std::string nota = (cartella / CifreDi(temporaneo)).string();
-    int fd = ::open(nota.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600);
+    const std::string parziale = nota + std::string(SuffissoParziale);
+    const int flag = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
+    int fd = ::open(parziale.c_str(), flag, 0600);
     if (fd < 0 && errno == ENOENT) {
-        std::error_code ec;
         std::filesystem::create_directories(cartella, ec);
-        fd = ::open(nota.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600);
+        fd = ::open(parziale.c_str(), flag, 0600);
     }
     if (fd < 0) return {};
-    const bool scritta =
-        ::write(fd, temporaneo.data(), temporaneo.size()) == static_cast<ssize_t>(temporaneo.size());
+    const auto n = static_cast<ssize_t>(assoluto.size());
+    const bool scritta = ::write(fd, assoluto.data(), assoluto.size()) == n;
     ::close(fd);
-    if (!scritta) {
-        ::unlink(nota.c_str());
+    if (!scritta || ::rename(parziale.c_str(), nota.c_str()) != 0) {
+        ::unlink(parziale.c_str());
         return {};
     }
     return nota;
@@ -125,7 +131,9 @@ void PulisciSalvataggiInterrotti() {
     std::error_code ec;
     if (cartella.empty() || !std::filesystem::is_directory(cartella, ec)) return;
     for (const auto& voce : std::filesystem::directory_iterator(cartella, ec)) {
-        const std::string cifre = voce.path().filename().string();
+        const std::string nome = voce.path().filename().string();
+        const bool parziale = nome.ends_with(SuffissoParziale);
+        const std::string cifre = parziale ? nome.substr(0, nome.size() - SuffissoParziale.size()) : nome;
         // The note's own name tells its process: this one's saves, and those of a process still
         // running, are left alone.
         const std::string campione = std::string(PrefissoTemp) + cifre + std::string(SuffissoTemp);
@@ -134,6 +142,11 @@ void PulisciSalvataggiInterrotti() {
         if (cifre.size() != CifreTemp || cifre.compare(0, 8, mio) == 0 ||
             !TemporaneoAbbandonato("x" + campione))
             continue;
+        // A note cut before its rename came before its temporary file was made.
+        if (parziale) {
+            std::filesystem::remove(voce.path(), ec);
+            continue;
+        }
         std::string temporaneo(4096, '\0');
         const int fd = ::open(voce.path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
         const ssize_t letti = fd >= 0 ? ::read(fd, temporaneo.data(), temporaneo.size()) : -1;
