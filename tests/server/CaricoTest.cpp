@@ -43,22 +43,18 @@ qsizetype apertiDa(qint64 pid) {
         .size();
 }
 
-QTemporaryDir cartellaDati() {
-    QTemporaryDir dir;
-    QDir().mkpath(dir.filePath(QStringLiteral("public/10elotto")));
-    QFile ver(dir.filePath(QStringLiteral("public/10elotto/ver.asp")));
-    if (ver.open(QIODevice::WriteOnly)) ver.write("1.0.0");
-    QFile big(dir.filePath(QStringLiteral("public/big.bin")));
-    if (big.open(QIODevice::WriteOnly)) big.resize(32ll * 1024 * 1024);
-    return dir;
-}
-
 const QByteArray Ver = "GET /public/10elotto/ver.asp HTTP/1.1\r\nHost: 127.0.0.1\r\n\r\n";
 
 } // namespace
 
 TEST(DataServerCarico, AnswersAtOnceWhileTwoHundredHostileClientsHoldOnAndRefusesOversizedRequests) {
-    const QTemporaryDir dir = cartellaDati();
+    const QTemporaryDir dir;
+    QDir().mkpath(dir.filePath(QStringLiteral("public/10elotto")));
+    QFile ver(dir.filePath(QStringLiteral("public/10elotto/ver.asp")));
+    ASSERT_TRUE(ver.open(QIODevice::WriteOnly) && ver.write("1.0.0") == 5);
+    ver.close();
+    QFile big(dir.filePath(QStringLiteral("public/big.bin")));
+    ASSERT_TRUE(big.open(QIODevice::WriteOnly) && big.resize(32ll * 1024 * 1024));
     ServerProcess server(dir.path(), {QStringLiteral("--timeout"), QStringLiteral("2")});
     ASSERT_TRUE(server.running());
     const quint16 port = server.port();
