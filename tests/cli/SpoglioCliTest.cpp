@@ -1,12 +1,9 @@
 // dorvanta-cli check, check-archive and compare as processes: outputs, files and exit codes.
 #include "archive/Archivio.h"
-#include "system_files/FileSistema.h"
 #include "tests/cli/EseguiCli.h"
 #include "tests/prize/SupportoSpoglio.h"
-#include "tests/support/FakeUi.h"
 
 #include <filesystem>
-#include <memory>
 
 using namespace dv;
 using namespace dv::test;
@@ -16,12 +13,9 @@ namespace {
 class SpoglioCli : public CliTest {
 protected:
     SpoglioCli() {
-        // The system and the archive of the golden CSV.
-        auto c = std::make_unique<Corpo>();
-        ImpostaSistema(*c, 3, {{1, 2, 3}, {1, 2, 40}, {41, 42, 43}, {3, 5, 7}});
-        SetForecast(*c, {1, 2, 3, 5, 7, 40, 41, 42, 43});
-        FakeUi ui;
-        EXPECT_TRUE(SalvaFile(*c, ui, dir.file("s.dvs")));
+        // The system and the archive of the golden CSV; the forecast is the columns' numbers.
+        dir.write("s.txt", " 01 02 03 \r\n 01 02 40 \r\n 41 42 43 \r\n 03 05 07 \r\n");
+        EXPECT_EQ(Cli("import-txt " + q("s.txt") + " -o " + q("s.dvs")).rc, 0);
         std::string archivio;
         for (const Estrazione& e :
              {Draw("28/02/2024", 0, Range(1, 20), 3, 4), Draw("01/03/2024", 12, Range(30, 49), 90, 0),
@@ -87,7 +81,7 @@ TEST_F(SpoglioCli, CtrlCStopsTheArchiveCheckWithoutWritingAnything) {
                       " " + q("big.dat") + " --from 01/05/2025 --to 28/05/2025" + " --csv " + q("out.csv"));
     EXPECT_EQ(r.rc, 1);
     EXPECT_NE(r.err.find("Stopped by the user"), std::string::npos) << r.err;
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 5); // no CSV, no temp
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 6); // no CSV, no temp
 }
 
 } // namespace
