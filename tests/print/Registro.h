@@ -27,4 +27,9 @@ inline long ContaInizio(const std::vector<std::string>& ops, const std::string& 
                          [&](const std::string& s) { return s.rfind(prefix, 0) == 0; });
 }
 
+// True when the lines of seq follow one another somewhere in ops.
+inline bool Segue(const std::vector<std::string>& ops, const std::vector<std::string>& seq) {
+    return std::search(ops.begin(), ops.end(), seq.begin(), seq.end()) != ops.end();
+}
+
 } // namespace dv::test

@@ -87,18 +87,13 @@ TEST_F(Slip, TestPageMarksEveryBoxAndTheGameOptionsNineteenTwentyTwentyOneMillim
 
 TEST_F(Slip, TextsFollowTheHeaderPositionAndTheTitleLine) {
     const auto ops = scheda(1234);
-    const std::vector<std::string> attese = {"font Comic Sans MS 8.00 regular",
-                                             "pos 3.00 183.00",
-                                             "text \"RICEVITORIA\"",
-                                             "font Comic Sans MS 10.00 bold",
-                                             "pos 3.00 2.60",
-                                             "text \"prova.dvs Scheda n.1,234\"",
-                                             "font Arial 20.00 bold"};
-    const auto it = std::find(ops.begin(), ops.end(), attese[0]);
-    ASSERT_NE(it, ops.end());
-    EXPECT_TRUE(std::equal(attese.begin(), attese.end(), it));
-    // The price starts at the number 1's x, on the line below the title.
-    EXPECT_EQ(*(it + 7), "pos 10.80 6.66");
+    const std::vector<std::string> attese = {"font Comic Sans MS 8.00 regular", "pos 3.00 183.00",
+                                             "text \"RICEVITORIA\"", "font Comic Sans MS 10.00 bold",
+                                             "pos 3.00 2.60", "text \"prova.dvs Scheda n.1,234\"",
+                                             "font Arial 20.00 bold",
+                                             // The price at the number 1's x, on the line below the title.
+                                             "pos 10.80 6.66"};
+    EXPECT_TRUE(test::Segue(ops, attese));
 }
 
 TEST_F(Slip, RangeIsCheckedBeforeAnythingIsPrinted) {

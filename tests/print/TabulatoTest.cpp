@@ -115,14 +115,8 @@ TEST_F(Listing, HeadingAndConditionsTakeTheSystemsData) {
     EXPECT_EQ(ContaInizio(ops, "picture vietatoBW 4000.00 "), 1);
     EXPECT_EQ(Conta(ops, "text \"<0036>   : --  --\""), 1);
     // Even counts and the odd counts that go with them, for columns of 10.
-    auto it = std::find(ops.begin(), ops.end(), "inline \"<0033>    : \"");
-    ASSERT_NE(it, ops.end());
-    EXPECT_EQ(*(it + 1), "inline \"04 \"");
-    EXPECT_EQ(*(it + 2), "inline \"06 \"");
-    it = std::find(ops.begin(), ops.end(), "inline \"<0034> : \"");
-    ASSERT_NE(it, ops.end());
-    EXPECT_EQ(*(it + 1), "inline \"06 \"");
-    EXPECT_EQ(*(it + 2), "inline \"04 \"");
+    EXPECT_TRUE(test::Segue(ops, {"inline \"<0033>    : \"", "inline \"04 \"", "inline \"06 \""}));
+    EXPECT_TRUE(test::Segue(ops, {"inline \"<0034> : \"", "inline \"06 \"", "inline \"04 \""}));
     EXPECT_EQ(ContaInizio(ops, "text \"<0042> : 0\t - <0043> :  - Tipo giocata : Doppio ORO"), 1);
 }
 
