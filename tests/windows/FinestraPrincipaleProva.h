@@ -78,11 +78,13 @@ protected:
         if (QAction* a = m_main->azione(QString::fromLatin1(name))) return a->isEnabled();
         return controllo(name)->isEnabled();
     }
-    // Those of the named menu entries and controls that are enabled, in the order given.
-    QString abilitati(std::initializer_list<const char*> names) {
+    // Those of the named menu entries and controls that are enabled (with spuntati: the entries that
+    // are checked), in the order given.
+    QString abilitati(std::initializer_list<const char*> names, bool spuntati = false) {
         QStringList on;
         for (const char* name : names)
-            if (abilitato(name)) on << QString::fromLatin1(name);
+            if (spuntati ? m_main->azione(QString::fromLatin1(name))->isChecked() : abilitato(name))
+                on << QString::fromLatin1(name);
         return on.join(QLatin1Char(' '));
     }
     void clicca(int i) { QTest::mouseClick(cella(i), Qt::LeftButton); }

@@ -50,13 +50,7 @@ class frmMAINTest : public QObject, test::FinestraPrincipaleProva {
         QCoreApplication::processEvents();
         return aperta;
     }
-    // Those of the named menu entries that are checked, in the order given.
-    QString spuntati(std::initializer_list<const char*> names) {
-        QStringList on;
-        for (const char* name : names)
-            if (m_main->azione(QString::fromLatin1(name))->isChecked()) on << QString::fromLatin1(name);
-        return on.join(QLatin1Char(' '));
-    }
+    QString spuntati(std::initializer_list<const char*> names) { return abilitati(names, true); }
     static QString si() { return QCoreApplication::translate("QPlatformTheme", "&Yes"); }
 
 private slots:

@@ -45,7 +45,6 @@ class FinestraUltimate : public ::testing::Test, protected test::FinestraPrincip
 protected:
     frmUltimate* m_ult = nullptr;
 
-    QString testo(const char* name) { return test::Controllo<QLabel>(*m_ult, name)->text(); }
     QString risultato() { return test::Controllo<QPlainTextEdit>(*m_ult, "lbResult")->toPlainText(); }
 
     void SetUp() override {
@@ -79,18 +78,18 @@ TEST_F(FinestraUltimate, ValuesOfEachKindAndQuantity) {
     voce->trigger();
     const QLocale locale;
     EXPECT_EQ(test::Testi(*m_ult, "lbNumEstrazioni lbQta"), "171|1");
-    EXPECT_EQ(testo("lbNumDecadimento"), locale.toString(-0.04860291578, 'f', 11));
+    EXPECT_EQ(test::Testi(*m_ult, "lbNumDecadimento"), locale.toString(-0.04860291578, 'f', 11));
     auto* quaterna = test::Controllo<QRadioButton>(*m_ult, "optTipoGiocata(2)");
     QTest::mouseClick(quaterna, Qt::LeftButton);
     EXPECT_EQ(m_ult->tipo(), 4);
     EXPECT_EQ(quaterna->palette().color(QPalette::Window), QColor(Qt::yellow));
     test::Controllo<QScrollBar>(*m_ult, "vsQta")->setValue(3);
-    EXPECT_EQ(testo("lbNumEstrazioni"), locale.toString(7195));
+    EXPECT_EQ(test::Testi(*m_ult, "lbNumEstrazioni"), locale.toString(7195));
     // Closed and opened again: loaded afresh.
     m_ult->close();
     voce->trigger();
     EXPECT_EQ(m_ult->tipo(), 2);
-    EXPECT_EQ(testo("lbNumEstrazioni"), QStringLiteral("171"));
+    EXPECT_EQ(test::Testi(*m_ult, "lbNumEstrazioni"), QStringLiteral("171"));
 }
 
 TEST_F(FinestraUltimate, AStoppedSearchShowsWhatItFoundAWholeOneWritesColumnsAndOverflowEndsInTheBox) {
