@@ -159,7 +159,7 @@ private slots:
                                }));
         QCOMPARE(spuntati({"menuSomma", "menuFisse"}), QStringLiteral("menuSomma"));
         sviluppa();
-        // Columns of ten: 78 less two numbers, and pairs adding up to 21, 22 or 23 left out.
+        // Ten of twelve leave out a pair: sums 55..57 leave out 9+12, 10+11, 10+12 or 11+12.
         QCOMPARE(m_corpo->pronostico.NumColonne, 4);
         QCOMPARE(pannello(4), QStringLiteral("Sistema condizionato"));
         // A new system takes the condition and its mark away.

@@ -33,7 +33,6 @@ class FinestraStatistiche : public ::testing::Test, protected test::FinestraPrin
 protected:
     frmStatistiche* m_stat = nullptr;
 
-    QComboBox* lista(const char* name) { return m_stat->findChild<QComboBox*>(QString::fromLatin1(name)); }
     QRadioButton* opzione(int i) { return test::Elemento<QRadioButton>(*m_stat, "optStat", i); }
     QStringList righe() {
         const auto assi =
@@ -66,7 +65,7 @@ TEST_F(FinestraStatistiche, ComputedUnseenAtStartShownFromTheMenuWithItsChartsAn
     EXPECT_FALSE(m_stat->isVisible());
     // The evening archive: the draw-number lists hidden, but at 1 and 288 to take whole dates.
     EXPECT_EQ(test::Testi(*m_stat, "cmbDal cmbAl cmbConcDal cmbConcAl"), "01/06/2025|04/06/2025|1|288");
-    EXPECT_TRUE(lista("cmbConcDal")->isHidden());
+    EXPECT_TRUE(test::Controllo(*m_stat, "cmbConcDal")->isHidden());
     EXPECT_EQ(estrazioni(), 20);
     EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(m_corpo->AppDir) / "temp" /
                                         std::filesystem::path(m_stat->percorsoCsv()).filename()));
@@ -96,15 +95,15 @@ TEST_F(FinestraStatistiche, AnArchiveChangeRecomputesWithoutABoxAndTheFiveMinute
     m_main->finestre().ricalcolaStatistiche();
     m_main->finestre().popolaStatistiche();
     EXPECT_TRUE(m_dialogs->boxes.empty());
-    EXPECT_EQ(lista("cmbDal")->currentText(), QStringLiteral("02/06/2025"));
+    EXPECT_EQ(test::Testi(*m_stat, "cmbDal"), "02/06/2025");
     EXPECT_EQ(estrazioni(), 15);
 
     m_corpo->TipoArchivio = Archivio5Minuti;
     m_corpo->mArrEstrazioni.resize(11); // the second and third days
     m_main->finestre().aggiornaStatistiche();
-    EXPECT_FALSE(lista("cmbConcDal")->isHidden());
+    EXPECT_FALSE(test::Controllo(*m_stat, "cmbConcDal")->isHidden());
     EXPECT_EQ(test::Testi(*m_stat, "cmbAl"), "03/06/2025");
-    lista("cmbConcDal")->setCurrentIndex(2);
+    test::Controllo<QComboBox>(*m_stat, "cmbConcDal")->setCurrentIndex(2);
     m_main->finestre().ricalcolaStatistiche();
     EXPECT_EQ(m_stat->tabelle().ultimo - m_stat->tabelle().primo + 1, 8);
 }
