@@ -8,7 +8,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
-#include <QUrl>
 
 #include <gtest/gtest.h>
 
