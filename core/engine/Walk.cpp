@@ -863,11 +863,11 @@ bool IntegralWalk::walkFrom(int base) {
         int j = m_next[z];
         if (m_barring && j <= m_n - r) {
             // 1. Skip the barred numbers in one step: each one's subtree shares t numbers with a
-            //    kept column (the sum of their sizes telescopes); and the numbers past the last
-            //    one that leaves enough numbers above it.
+            //    kept column (the sum of their sizes telescopes); and when the next free one is
+            //    past the last that leaves enough numbers above it, the rest of the level.
             const int last = std::min(m_n - r, m_level[z].childLimit);
-            const int to =
-                j > last ? m_n - r + 1 : std::min(FirstFree(m_level[z].barred, j - 1) + 1, last + 1);
+            int to = j > last ? m_n - r + 1 : FirstFree(m_level[z].barred, j - 1) + 1;
+            if (to > last) to = m_n - r + 1;
             if (to > j) {
                 if (!reject(Binomial(m_n - j + 1, r + 1) - Binomial(m_n - to + 1, r + 1))) return false;
                 m_next[z] = j = to;
@@ -906,7 +906,14 @@ bool IntegralWalk::walkFrom(int base) {
                 m_from[static_cast<size_t>(j)] - m_from[static_cast<size_t>(childLimit(s, d))] - s.barred;
             if (wanted.any()) s.barred |= m_kept.newExtensions(m_idx.data(), d, wanted);
         }
-        if (m_barring) s.childLimit = childLimit(s, d);
+        if (m_barring) {
+            s.childLimit = childLimit(s, d);
+            // No number can come next: the subtree is skipped here rather than one level down.
+            if (FirstFree(s.barred, j) + 1 > std::min(m_n - r + 1, s.childLimit)) {
+                --d;
+                if (!reject(Binomial(m_n - j, r))) return false;
+            }
+        }
     }
     return true;
 }
