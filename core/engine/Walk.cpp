@@ -904,7 +904,14 @@ bool IntegralWalk::walkFrom(int base) {
             // Only the numbers that can still come next are worth looking up.
             const Mask wanted =
                 m_from[static_cast<size_t>(j)] - m_from[static_cast<size_t>(childLimit(s, d))] - s.barred;
-            if (wanted.any()) s.barred |= m_kept.newExtensions(m_idx.data(), d, wanted);
+            if (wanted.any()) {
+                // Half by half, the upper one only when it holds something (forecasts of at
+                // most 64 numbers): merged in a vector register, the result would first wait
+                // for its halves to reach memory.
+                const Mask found = m_kept.newExtensions(m_idx.data(), d, wanted);
+                s.barred.lo |= found.lo;
+                if (found.hi != 0) s.barred.hi |= found.hi;
+            }
         }
         if (m_barring) {
             s.childLimit = childLimit(s, d);
