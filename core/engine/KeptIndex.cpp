@@ -89,6 +89,7 @@ KeptIndex::KeptIndex(const Reduction& r, int universe, int len, bool forWalk)
         m_mode = Mode::Table;
         auto size = static_cast<size_t>(Binomial(universe, m_t - 1));
         if (forWalk && m_t >= 2) {
+            m_aboveOnly = true;
             // Subsets whose largest member leaves at most 16 numbers above it rank last.
             m_split = static_cast<uint64_t>(Binomial(std::max(0, universe - 17), m_t - 1));
             m_above.assign(size - m_split, 0);
@@ -118,7 +119,10 @@ void KeptIndex::add(const uint8_t* idx, Mask k) {
     m_anyKept = true;
     if (m_mode == Mode::Scan) m_kept.push_back(k);
     if (m_mode != Mode::Table) return;
-    ForEachSubset(idx, Size(k), m_t - 1, 0, [&](uint64_t rank, Mask q) {
+    // For the walk an entry holds only the members above its subset's largest one: the subsets
+    // topped by the column's last member would hold nothing.
+    const int members = m_aboveOnly ? Size(k) - 1 : Size(k);
+    ForEachSubset(idx, members, m_t - 1, 0, [&](uint64_t rank, Mask q) {
         if (rank >= m_split) {
             const int top = q.hi ? 127 - std::countl_zero(q.hi) : 63 - std::countl_zero(q.lo);
             m_above[rank - m_split] |= static_cast<uint16_t>((k - q).above(top).lo);
@@ -143,7 +147,7 @@ bool KeptIndex::fails(const uint8_t* idx, Mask c) const {
             if (Common(m_kept[j], c) >= m_t) return true;
         return false;
     case Mode::Table: {
-        assert(m_above.empty());
+        assert(!m_aboveOnly);
         bool hit = false;
         ForEachSubset(idx, Size(c), m_t - 1, 0, [&](uint64_t rank, Mask q) {
             const Mask e = m_width == 32   ? Widen(m_ext32[rank])

@@ -62,6 +62,7 @@ private:
     Mode m_mode = Mode::Never;
     int m_t = 0;
     bool m_anyKept = false;
+    bool m_aboveOnly = false; // the walk reads only the members above a subset's largest one
     int m_width = 128; // bits of a table entry: the universe rounded up to 32, 64 or 128
     // Walk: from rank m_split on, entries hold the 16 numbers above their subset's largest member.
     uint64_t m_split = ~uint64_t{0};
