@@ -98,6 +98,8 @@ private:
     Mask lastNumbersAlone(const Level& p, int d) const;
     bool lastNumbers(int& d);
     bool lastTwoNumbers(int d);
+    bool lastThreeBarred(int& d);
+    Mask barredAfter(const Mask& barred, int d, int j);
     Mask fixedAndEven(int fixed, int even) const;
     // fixedAndEven from the table built once per run.
     Mask fixedEven(int fixed, int even) const {
@@ -148,6 +150,9 @@ private:
     bool m_lastAsSet;      // the last number of a candidate is chosen from a set of numbers
     // No reduction either: the last two numbers are chosen together under each prefix of len-2.
     bool m_lastTwo;
+    // A reduction alone, whose kept columns share their first t numbers at most len-3 deep: the
+    // last three numbers are chosen together under each prefix of len-3.
+    bool m_lastThree;
 
     // Per index 1..n of the forecast, and per suffix start 1..n+1.
     std::array<uint8_t, MaxN + 2> m_value{};
@@ -211,7 +216,8 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
       m_ascending(std::is_sorted(numeri, numeri + n)), m_distances(c.CondizioniDistanza, m_len),
       m_distanceBounds(m_ascending && m_distances.count() > 0),
       m_lastAsSet(m_ascending && m_len >= 2 && !m_plain),
-      m_lastTwo(m_lastAsSet && m_len >= 3 && m_kept.mode() == KeptIndex::Mode::Never) {
+      m_lastTwo(m_lastAsSet && m_len >= 3 && m_kept.mode() == KeptIndex::Mode::Never),
+      m_lastThree(m_plain && m_barring && m_kept.shared() >= 2 && m_kept.shared() - 1 <= m_len - 3) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
     for (int i = 1; i <= n; ++i) {
         const uint8_t v = numeri[i - 1];
@@ -443,6 +449,85 @@ int IntegralWalk::childLimit(const Level& s, int d) const {
     const int need = m_len - d - 1;
     if (need == 0) return m_n;
     return NthHighest(m_from[0] - s.barred, need); // 0-based index = 1-based limit
+}
+
+// The numbers barred after the prefix idx[0..d-1] (idx[d-1] = j-1 just placed, the prefix of
+// d-1 numbers barring `barred`): the new prefix's subsets add their extensions. Only the numbers
+// that can still come next are worth looking up.
+Mask IntegralWalk::barredAfter(const Mask& barred, int d, int j) {
+    Mask out = barred;
+    const int need = m_len - d - 1;
+    const Mask above = need == 0 ? Mask{} : m_from[static_cast<size_t>(NthHighest(m_from[0] - barred, need))];
+    const Mask wanted = m_from[static_cast<size_t>(j)] - above - barred;
+    if (wanted.any()) {
+        // Half by half, the upper one only when it holds something (forecasts of at most 64
+        // numbers): merged in a vector register, the result would first wait for its halves to
+        // reach memory.
+        const Mask found = m_kept.newExtensions(m_idx.data(), d, wanted);
+        out.lo |= found.lo;
+        if (found.hi != 0) out.hi |= found.hi;
+    }
+    return out;
+}
+
+// The candidates under the prefix of depth d = len-3 of a walk with a reduction alone, from
+// m_next[d] on: for each next free number a, the numbers barred after it, then for each free b
+// above it those barred after b, whose first free number c completes a column. Keeping it
+// unwinds the walk to depth t-1; when that is d, the walk goes on here. False when the run ends.
+bool IntegralWalk::lastThreeBarred(int& d) {
+    const int top = d;
+    const auto z = static_cast<size_t>(d);
+    const Level& p = m_level[z];
+    const int n = m_n;
+    for (;;) {
+        // The next number a: the first free one from m_next on, while two free numbers can
+        // follow it.
+        const int j = m_next[z];
+        const int last = std::min(n - 2, p.childLimit);
+        int a = j > last ? n - 1 : FirstFree(p.barred, j - 1) + 1;
+        if (a > last) a = n - 1;
+        if (a > j && !reject(Binomial(n - j + 1, 3) - Binomial(n - a + 1, 3))) return false;
+        m_next[z] = a;
+        if (a > n - 2) return true;
+        m_next[z] = a + 1;
+        m_cand[z] = m_value[static_cast<size_t>(a)];
+        m_idx[z] = static_cast<uint8_t>(a - 1);
+        m_kept.prefixChanged(d);
+        const Mask afterA = barredAfter(p.barred, d + 1, a);
+        const int limitA = NthHighest(m_from[0] - afterA, 1);
+        if (FirstFree(afterA, a) + 1 > std::min(n - 1, limitA)) {
+            if (!reject(Binomial(n - a, 2))) return false;
+            continue;
+        }
+        // The numbers b after a, each with the first free number c after it.
+        for (int jb = a + 1;;) {
+            int b = jb > limitA ? n : FirstFree(afterA, jb - 1) + 1;
+            if (b > limitA) b = n;
+            if (b > jb && !reject(Binomial(n - jb + 1, 2) - Binomial(n - b + 1, 2))) return false;
+            if (b > n - 1) break;
+            m_cand[z + 1] = m_value[static_cast<size_t>(b)];
+            m_idx[z + 1] = static_cast<uint8_t>(b - 1);
+            m_kept.prefixChanged(d + 1);
+            const int c = FirstFree(barredAfter(afterA, d + 2, b), b) + 1;
+            if (c > n) {
+                if (!reject(n - b)) return false;
+                jb = b + 1;
+                continue;
+            }
+            if (c > b + 1 && !reject(c - b - 1)) return false;
+            m_next[z + 1] = b + 1;
+            m_next[z + 2] = c + 1;
+            m_cand[z + 2] = m_value[static_cast<size_t>(c)];
+            m_idx[z + 2] = static_cast<uint8_t>(c - 1);
+            m_kept.prefixChanged(d + 2);
+            int leafDepth = m_len - 1;
+            if (!leaf(leafDepth, p.indices | Mask::bit(a - 1) | Mask::bit(b - 1) | Mask::bit(c - 1)))
+                return false;
+            d = leafDepth;
+            if (d != top) return true;
+            break;
+        }
+    }
 }
 
 // Skips what is left of the subtrees of the prefixes deeper than `to`; the walk goes on with the
@@ -850,6 +935,11 @@ bool IntegralWalk::walkFrom(int base) {
     while (d >= base) {
         const auto z = static_cast<size_t>(d);
         const int r = m_len - d - 1; // numbers still to come after the one entered now
+        if (r == 2 && m_lastThree) {
+            if (!lastThreeBarred(d)) return false;
+            if (d == m_len - 3) --d;
+            continue;
+        }
         if (r == 1 && m_lastTwo) {
             if (!lastTwoNumbers(d)) return false;
             --d;
@@ -899,20 +989,9 @@ bool IntegralWalk::walkFrom(int base) {
         ++d;
         m_next[static_cast<size_t>(d)] = j + 1;
         Level& s = m_level[static_cast<size_t>(d)];
-        s.barred = m_level[z].barred;
-        if (m_barring && m_kept.shared() >= 2 && d >= m_kept.shared() - 1) {
-            // Only the numbers that can still come next are worth looking up.
-            const Mask wanted =
-                m_from[static_cast<size_t>(j)] - m_from[static_cast<size_t>(childLimit(s, d))] - s.barred;
-            if (wanted.any()) {
-                // Half by half, the upper one only when it holds something (forecasts of at
-                // most 64 numbers): merged in a vector register, the result would first wait
-                // for its halves to reach memory.
-                const Mask found = m_kept.newExtensions(m_idx.data(), d, wanted);
-                s.barred.lo |= found.lo;
-                if (found.hi != 0) s.barred.hi |= found.hi;
-            }
-        }
+        s.barred = m_barring && m_kept.shared() >= 2 && d >= m_kept.shared() - 1
+                       ? barredAfter(m_level[z].barred, d, j)
+                       : m_level[z].barred;
         if (m_barring) {
             s.childLimit = childLimit(s, d);
             // No number can come next: the subtree is skipped here rather than one level down.
