@@ -98,7 +98,7 @@ private:
     Mask lastNumbersAlone(const Level& p, int d) const;
     bool lastNumbers(int& d);
     bool lastTwoNumbers(int d);
-    bool lastThreeBarred(int& d);
+    bool barredLevel(int d, int& at);
     Mask barredAfter(const Mask& barred, int d, int j);
     Mask fixedAndEven(int fixed, int even) const;
     // fixedAndEven from the table built once per run.
@@ -150,9 +150,9 @@ private:
     bool m_lastAsSet;      // the last number of a candidate is chosen from a set of numbers
     // No reduction either: the last two numbers are chosen together under each prefix of len-2.
     bool m_lastTwo;
-    // A reduction alone, whose kept columns share their first t numbers at most len-3 deep: the
-    // last three numbers are chosen together under each prefix of len-3.
-    bool m_lastThree;
+    // A reduction alone: from depth t-1 on, where its kept columns start to bar numbers, the
+    // walk takes only free numbers, level by level (barredLevel).
+    bool m_barredLevels;
 
     // Per index 1..n of the forecast, and per suffix start 1..n+1.
     std::array<uint8_t, MaxN + 2> m_value{};
@@ -217,7 +217,7 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
       m_distanceBounds(m_ascending && m_distances.count() > 0),
       m_lastAsSet(m_ascending && m_len >= 2 && !m_plain),
       m_lastTwo(m_lastAsSet && m_len >= 3 && m_kept.mode() == KeptIndex::Mode::Never),
-      m_lastThree(m_plain && m_barring && m_kept.shared() >= 2 && m_kept.shared() - 1 <= m_len - 3) {
+      m_barredLevels(m_plain && m_barring && m_kept.shared() >= 2) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
     for (int i = 1; i <= n; ++i) {
         const uint8_t v = numeri[i - 1];
@@ -470,63 +470,58 @@ Mask IntegralWalk::barredAfter(const Mask& barred, int d, int j) {
     return out;
 }
 
-// The candidates under the prefix of depth d = len-3 of a walk with a reduction alone, from
-// m_next[d] on: for each next free number a, the numbers barred after it, then for each free b
-// above it those barred after b, whose first free number c completes a column. Keeping it
-// unwinds the walk to depth t-1; when that is d, the walk goes on here. False when the run ends.
-bool IntegralWalk::lastThreeBarred(int& d) {
-    const int top = d;
+// The candidates under the prefix of depth d >= t-1 of a walk with a reduction alone, from
+// m_next[d] on: each next free number in turn, with the numbers barred after it; the last two
+// numbers together, the first free one after the numbers barred after len-2 completing a column.
+// Keeping a column unwinds the walk to depth t-1: `at` is the depth where the walk goes on,
+// d-1 once the level is done. False when the run ends.
+bool IntegralWalk::barredLevel(int d, int& at) {
     const auto z = static_cast<size_t>(d);
     const Level& p = m_level[z];
-    const int n = m_n;
+    const int n = m_n, r = m_len - d - 1;
     for (;;) {
-        // The next number a: the first free one from m_next on, while two free numbers can
-        // follow it.
+        // The next number a: the first free one from m_next on, while r free numbers can follow.
         const int j = m_next[z];
-        const int last = std::min(n - 2, p.childLimit);
-        int a = j > last ? n - 1 : FirstFree(p.barred, j - 1) + 1;
-        if (a > last) a = n - 1;
-        if (a > j && !reject(Binomial(n - j + 1, 3) - Binomial(n - a + 1, 3))) return false;
+        const int last = std::min(n - r, p.childLimit);
+        int a = j > last ? n - r + 1 : FirstFree(p.barred, j - 1) + 1;
+        if (a > last) a = n - r + 1;
+        if (a > j && !reject(Binomial(n - j + 1, r + 1) - Binomial(n - a + 1, r + 1))) return false;
         m_next[z] = a;
-        if (a > n - 2) return true;
+        if (a > n - r) {
+            at = d - 1;
+            return true;
+        }
         m_next[z] = a + 1;
         m_cand[z] = m_value[static_cast<size_t>(a)];
         m_idx[z] = static_cast<uint8_t>(a - 1);
         m_kept.prefixChanged(d);
-        const Mask afterA = barredAfter(p.barred, d + 1, a);
-        const int limitA = NthHighest(m_from[0] - afterA, 1);
-        if (FirstFree(afterA, a) + 1 > std::min(n - 1, limitA)) {
-            if (!reject(Binomial(n - a, 2))) return false;
-            continue;
-        }
-        // The numbers b after a, each with the first free number c after it.
-        for (int jb = a + 1;;) {
-            int b = jb > limitA ? n : FirstFree(afterA, jb - 1) + 1;
-            if (b > limitA) b = n;
-            if (b > jb && !reject(Binomial(n - jb + 1, 2) - Binomial(n - b + 1, 2))) return false;
-            if (b > n - 1) break;
-            m_cand[z + 1] = m_value[static_cast<size_t>(b)];
-            m_idx[z + 1] = static_cast<uint8_t>(b - 1);
-            m_kept.prefixChanged(d + 1);
-            const int c = FirstFree(barredAfter(afterA, d + 2, b), b) + 1;
+        const Mask after = barredAfter(p.barred, d + 1, a);
+        if (r == 1) {
+            const int c = FirstFree(after, a) + 1;
             if (c > n) {
-                if (!reject(n - b)) return false;
-                jb = b + 1;
+                if (!reject(n - a)) return false;
                 continue;
             }
-            if (c > b + 1 && !reject(c - b - 1)) return false;
-            m_next[z + 1] = b + 1;
-            m_next[z + 2] = c + 1;
-            m_cand[z + 2] = m_value[static_cast<size_t>(c)];
-            m_idx[z + 2] = static_cast<uint8_t>(c - 1);
-            m_kept.prefixChanged(d + 2);
-            int leafDepth = m_len - 1;
-            if (!leaf(leafDepth, p.indices | Mask::bit(a - 1) | Mask::bit(b - 1) | Mask::bit(c - 1)))
-                return false;
-            d = leafDepth;
-            if (d != top) return true;
-            break;
+            if (c > a + 1 && !reject(c - a - 1)) return false;
+            m_next[z + 1] = c + 1;
+            m_cand[z + 1] = m_value[static_cast<size_t>(c)];
+            m_idx[z + 1] = static_cast<uint8_t>(c - 1);
+            m_kept.prefixChanged(d + 1);
+            at = m_len - 1;
+            if (!leaf(at, p.indices | Mask::bit(a - 1) | Mask::bit(c - 1))) return false;
+        } else {
+            Level& s = m_level[z + 1];
+            s.barred = after;
+            s.childLimit = childLimit(s, d + 1);
+            if (FirstFree(after, a) + 1 > std::min(n - r + 1, s.childLimit)) {
+                if (!reject(Binomial(n - a, r))) return false;
+                continue;
+            }
+            s.indices = p.indices | Mask::bit(a - 1);
+            m_next[z + 1] = a + 1;
+            if (!barredLevel(d + 1, at)) return false;
         }
+        if (at < d) return true;
     }
 }
 
@@ -935,9 +930,8 @@ bool IntegralWalk::walkFrom(int base) {
     while (d >= base) {
         const auto z = static_cast<size_t>(d);
         const int r = m_len - d - 1; // numbers still to come after the one entered now
-        if (r == 2 && m_lastThree) {
-            if (!lastThreeBarred(d)) return false;
-            if (d == m_len - 3) --d;
+        if (m_barredLevels && d == m_kept.shared() - 1) {
+            if (!barredLevel(d, d)) return false;
             continue;
         }
         if (r == 1 && m_lastTwo) {
