@@ -93,6 +93,8 @@ KeptIndex::KeptIndex(const Reduction& r, int universe, int len, bool forWalk)
             // Subsets whose largest member leaves at most 16 numbers above it rank last.
             m_split = static_cast<uint64_t>(Binomial(std::max(0, universe - 17), m_t - 1));
             m_above.assign(size - m_split, 0);
+            for (int x = 0; x < universe; ++x)
+                m_topRank.push_back(Ranks.c[static_cast<size_t>(x)][static_cast<size_t>(m_t - 1)]);
             size = m_split;
             const int s = m_t - 2;
             // The walk asks for prefixes of up to len-2 numbers before the new one.
@@ -241,7 +243,7 @@ void KeptIndex::listPrefix(const uint8_t* idx, int m) {
     m_built = m;
 }
 
-Mask KeptIndex::newExtensions(const uint8_t* idx, int d, Mask wanted) {
+Mask KeptIndex::extensionsOf(const uint8_t* idx, int d, Mask wanted) {
     assert(m_mode == Mode::Table && d >= m_t - 1);
     if (m_t >= 2 && Ranks.c[idx[d - 1]][static_cast<size_t>(m_t - 1)] >= m_split) {
         // Entries above the largest member x = idx[d-1]: the wanted numbers all lie above it.

@@ -48,13 +48,39 @@ public:
     // stop early, once every member of `wanted` is found.
     // Keeps the ranks of the prefix's subsets from one call to the next: the walk changes a
     // prefix only at its end.
-    Mask newExtensions(const uint8_t* idx, int d, Mask wanted);
+    Mask newExtensions(const uint8_t* idx, int d, Mask wanted) {
+        // The walk's usual case inline: the subsets listed, the entries of 16 numbers above x.
+        const int m = d - 1, s = m_t - 2;
+        if (s > 0 && m <= m_built && m <= m_listed) {
+            const int x = idx[d - 1];
+            const uint64_t first = m_topRank[static_cast<size_t>(x)];
+            if (first >= m_split) {
+                const uint16_t* table = m_above.data() + (first - m_split);
+                const uint32_t* ranks = m_stack[static_cast<size_t>(s)].data();
+                const uint32_t* end = ranks + m_end[static_cast<size_t>(s)][static_cast<size_t>(m)];
+                const auto want = static_cast<uint16_t>(wanted.above(x).lo);
+                uint32_t out = 0;
+                // Whether every wanted number is found is asked once per 32 loads: a test after
+                // each load costs more in mispredicted exits than the loads it saves.
+                while (end - ranks > 32) {
+                    for (const uint32_t* stop = ranks + 32; ranks != stop; ++ranks)
+                        out |= table[*ranks];
+                    if ((want & ~out) == 0) return Mask::placedAbove(out, x);
+                }
+                for (; ranks != end; ++ranks)
+                    out |= table[*ranks];
+                return Mask::placedAbove(out, x);
+            }
+        }
+        return extensionsOf(idx, d, wanted);
+    }
     // The walk changed idx[place]: what the index kept of longer prefixes no longer holds.
     void prefixChanged(int place) {
         if (m_built > place) m_built = place;
     }
 
 private:
+    Mask extensionsOf(const uint8_t* idx, int d, Mask wanted);
     // The entries of ext stand for the ranks from `first` on.
     template <typename Ext>
     Mask gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, Mask wanted, uint64_t first);
@@ -63,10 +89,11 @@ private:
     int m_t = 0;
     bool m_anyKept = false;
     bool m_aboveOnly = false; // the walk reads only the members above a subset's largest one
-    int m_width = 128; // bits of a table entry: the universe rounded up to 32, 64 or 128
+    int m_width = 128;        // bits of a table entry: the universe rounded up to 32, 64 or 128
     // Walk: from rank m_split on, entries hold the 16 numbers above their subset's largest member.
     uint64_t m_split = ~uint64_t{0};
     std::vector<uint16_t> m_above;
+    std::vector<uint64_t> m_topRank; // walk: per x, the rank of the first subset topped by x
     // Walk: the ranks of the k-subsets of the prefix idx[0..m-1], for prefixes of up to m_listed
     // numbers (few enough (t-2)-subsets to list) and the sizes k that can still grow to t-2
     // members by then. m_stack[k] holds them level by level: those of idx[0..l-1] end at
