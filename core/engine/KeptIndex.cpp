@@ -93,8 +93,11 @@ KeptIndex::KeptIndex(const Reduction& r, int universe, int len, bool forWalk)
             // Subsets whose largest member leaves at most 16 numbers above it rank last.
             m_split = static_cast<uint64_t>(Binomial(std::max(0, universe - 17), m_t - 1));
             m_above.assign(size - m_split, 0);
-            for (int x = 0; x < universe; ++x)
+            for (int x = 0; x < universe; ++x) {
                 m_topRank.push_back(Ranks.c[static_cast<size_t>(x)][static_cast<size_t>(m_t - 1)]);
+                m_sRank.push_back(
+                    static_cast<uint32_t>(Ranks.c[static_cast<size_t>(x)][static_cast<size_t>(m_t - 2)]));
+            }
             size = m_split;
             const int s = m_t - 2;
             // The walk asks for prefixes of up to len-2 numbers before the new one.
@@ -174,20 +177,8 @@ Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, M
     Ext out{}, want{};
     Narrowed(want, wanted);
     if (s > 0 && m <= m_listed) {
-        // The listed subsets: no enumeration, one load and one or each. Whether every wanted
-        // number is found is asked once per 32 loads: a test after each load costs more in
-        // mispredicted exits than the loads it saves.
-        listPrefix(idx, m);
-        const uint32_t* ranks = m_stack[static_cast<size_t>(s)].data();
-        const uint32_t* end = ranks + m_end[static_cast<size_t>(s)][static_cast<size_t>(m)];
-        while (end - ranks > 32) {
-            for (const uint32_t* stop = ranks + 32; ranks != stop; ++ranks)
-                Narrowed(out, Widen(table[*ranks]));
-            if (!(Widen(want) - Widen(out)).any()) return Widen(out);
-        }
-        for (; ranks != end; ++ranks)
-            Narrowed(out, Widen(table[*ranks]));
-        return Widen(out);
+        // The listed subsets: no enumeration, one load and one or each.
+        return Widen(orListed(table, idx, m, wanted));
     }
     std::array<int, MaxLenColonna> pos{};
     std::array<uint64_t, MaxLenColonna + 1> rank{};

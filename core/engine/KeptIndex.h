@@ -51,26 +51,12 @@ public:
     Mask newExtensions(const uint8_t* idx, int d, Mask wanted) {
         // The walk's usual case inline: the subsets listed, the entries of 16 numbers above x.
         const int m = d - 1, s = m_t - 2;
-        if (s > 0 && m <= m_built && m <= m_listed) {
+        if (s > 0 && m <= m_listed) {
             const int x = idx[d - 1];
             const uint64_t first = m_topRank[static_cast<size_t>(x)];
-            if (first >= m_split) {
-                const uint16_t* table = m_above.data() + (first - m_split);
-                const uint32_t* ranks = m_stack[static_cast<size_t>(s)].data();
-                const uint32_t* end = ranks + m_end[static_cast<size_t>(s)][static_cast<size_t>(m)];
-                const auto want = static_cast<uint16_t>(wanted.above(x).lo);
-                uint32_t out = 0;
-                // Whether every wanted number is found is asked once per 32 loads: a test after
-                // each load costs more in mispredicted exits than the loads it saves.
-                while (end - ranks > 32) {
-                    for (const uint32_t* stop = ranks + 32; ranks != stop; ++ranks)
-                        out |= table[*ranks];
-                    if ((want & ~out) == 0) return Mask::placedAbove(out, x);
-                }
-                for (; ranks != end; ++ranks)
-                    out |= table[*ranks];
-                return Mask::placedAbove(out, x);
-            }
+            if (first >= m_split)
+                return Mask::placedAbove(
+                    orListed(m_above.data() + (first - m_split), idx, m, wanted.above(x)), x);
         }
         return extensionsOf(idx, d, wanted);
     }
@@ -80,6 +66,39 @@ public:
     }
 
 private:
+    static Mask asMask(uint64_t bits) { return Mask{bits, 0}; }
+    static Mask asMask(Mask m) { return m; }
+    // The union of table[rank] over the (t-2)-subsets of idx[0..m-1], the table placed at the
+    // first subset topped by the new number. Those of idx[0..m-2] are listed; those topped by
+    // idx[m-1] put it on each listed (t-3)-subset of idx[0..m-2], so they are read through the
+    // table moved on by its part of their rank, and the last level is never listed. Whether
+    // every wanted number is found is asked once per 32 loads: a test after each load costs
+    // more in mispredicted exits than the loads it saves.
+    template <typename Ext> Ext orListed(const Ext* table, const uint8_t* idx, int m, Mask wanted) {
+        const auto s = static_cast<size_t>(m_t - 2), below = static_cast<size_t>(m - 1);
+        if (m - 1 > m_built) listPrefix(idx, m - 1);
+        Ext out{};
+        for (int part = 0; part < 2; ++part) {
+            const Ext* from = table;
+            const uint32_t* ranks = m_stack[s].data();
+            const uint32_t* end = ranks + m_end[s][below];
+            if (part == 1) {
+                const uint8_t e = idx[m - 1];
+                if (s == 1) return out |= table[e];
+                from = table + m_sRank[e];
+                ranks = m_stack[s - 1].data();
+                end = ranks + m_end[s - 1][below];
+            }
+            while (end - ranks > 32) {
+                for (const uint32_t* stop = ranks + 32; ranks != stop; ++ranks)
+                    out |= from[*ranks];
+                if (!(wanted - asMask(out)).any()) return out;
+            }
+            for (; ranks != end; ++ranks)
+                out |= from[*ranks];
+        }
+        return out;
+    }
     Mask extensionsOf(const uint8_t* idx, int d, Mask wanted);
     // The entries of ext stand for the ranks from `first` on.
     template <typename Ext>
@@ -94,6 +113,7 @@ private:
     uint64_t m_split = ~uint64_t{0};
     std::vector<uint16_t> m_above;
     std::vector<uint64_t> m_topRank; // walk: per x, the rank of the first subset topped by x
+    std::vector<uint32_t> m_sRank;   // walk: per x, the same for the (t-2)-subsets
     // Walk: the ranks of the k-subsets of the prefix idx[0..m-1], for prefixes of up to m_listed
     // numbers (few enough (t-2)-subsets to list) and the sizes k that can still grow to t-2
     // members by then. m_stack[k] holds them level by level: those of idx[0..l-1] end at
