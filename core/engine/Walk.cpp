@@ -99,7 +99,7 @@ private:
     bool lastNumbers(int& d);
     bool lastTwoNumbers(int d);
     bool barredLevel(int d, int& at);
-    Mask barredAfter(const Mask& barred, int d, int j);
+    Mask barredAfter(const Mask& barred, int d, int j, bool trim = true);
     Mask fixedAndEven(int fixed, int even) const;
     // fixedAndEven from the table built once per run.
     Mask fixedEven(int fixed, int even) const {
@@ -454,10 +454,11 @@ int IntegralWalk::childLimit(const Level& s, int d) const {
 // The numbers barred after the prefix idx[0..d-1] (idx[d-1] = j-1 just placed, the prefix of
 // d-1 numbers barring `barred`): the new prefix's subsets add their extensions. Only the numbers
 // that can still come next are worth looking up.
-Mask IntegralWalk::barredAfter(const Mask& barred, int d, int j) {
+Mask IntegralWalk::barredAfter(const Mask& barred, int d, int j, bool trim) {
     Mask out = barred;
     const int need = m_len - d - 1;
-    const Mask above = need == 0 ? Mask{} : m_from[static_cast<size_t>(NthHighest(m_from[0] - barred, need))];
+    const Mask above =
+        need == 0 || !trim ? Mask{} : m_from[static_cast<size_t>(NthHighest(m_from[0] - barred, need))];
     const Mask wanted = m_from[static_cast<size_t>(j)] - above - barred;
     if (wanted.any()) {
         // Half by half, the upper one only when it holds something (forecasts of at most 64
@@ -495,7 +496,8 @@ bool IntegralWalk::barredLevel(int d, int& at) {
         m_cand[z] = m_value[static_cast<size_t>(a)];
         m_idx[z] = static_cast<uint8_t>(a - 1);
         m_kept.prefixChanged(d);
-        const Mask after = barredAfter(p.barred, d + 1, a);
+        // a leaves enough free numbers above it: what the next one can be needs no trimming.
+        const Mask after = barredAfter(p.barred, d + 1, a, false);
         if (r == 1) {
             const int c = FirstFree(after, a) + 1;
             if (c > n) {
