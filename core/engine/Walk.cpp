@@ -37,16 +37,23 @@ struct Level {
 
 // The first index from `from` on that is not in m (128 when there is none).
 inline int FirstFree(Mask m, int from) {
-    for (int half = from >> 6; half < 2; ++half) {
-        uint64_t free = ~(half == 0 ? m.lo : m.hi);
-        if (half == from >> 6) free &= ~uint64_t{0} << (from & 63);
-        if (free != 0) return 64 * half + std::countr_zero(free);
+    if (from < 64) {
+        const uint64_t free = ~m.lo & (~uint64_t{0} << from);
+        if (free != 0) return std::countr_zero(free);
+        from = 64;
     }
-    return 128;
+    const uint64_t free = from < 128 ? ~m.hi & (~uint64_t{0} << (from - 64)) : 0;
+    return free != 0 ? 64 + std::countr_zero(free) : 128;
 }
 
 // The index of the k-th highest member of m (k >= 1), or -1 when m has fewer members.
 inline int NthHighest(Mask m, int k) {
+    if (m.hi == 0) { // forecasts of at most 64 numbers
+        uint64_t w = m.lo;
+        for (; k > 1 && w != 0; --k)
+            w &= ~(uint64_t{1} << (63 - std::countl_zero(w)));
+        return w != 0 ? 63 - std::countl_zero(w) : -1;
+    }
     for (int half = 1; half >= 0; --half) {
         uint64_t w = half == 1 ? m.hi : m.lo;
         for (; w != 0; --k) {
