@@ -94,6 +94,9 @@ private:
                     out |= from[*ranks];
                 if (!(wanted - asMask(out)).any()) return out;
             }
+            for (; end - ranks >= 4; ranks += 4)
+                out |=
+                    static_cast<Ext>((from[ranks[0]] | from[ranks[1]]) | (from[ranks[2]] | from[ranks[3]]));
             for (; ranks != end; ++ranks)
                 out |= from[*ranks];
         }
