@@ -106,6 +106,7 @@ private:
     bool lastNumbers(int& d);
     bool lastTwoNumbers(int d);
     bool barredLevel(int d, int& at);
+    template <int R> bool barredLevelOf(int d, int& at);
     Mask barredAfter(const Mask& barred, int d, int j, bool trim = true);
     Mask fixedAndEven(int fixed, int even) const;
     // fixedAndEven from the table built once per run.
@@ -484,9 +485,24 @@ Mask IntegralWalk::barredAfter(const Mask& barred, int d, int j, bool trim) {
 // Keeping a column unwinds the walk to depth t-1: `at` is the depth where the walk goes on,
 // d-1 once the level is done. False when the run ends.
 bool IntegralWalk::barredLevel(int d, int& at) {
+    // The last levels each in code of their own, whose branches the processor then learns apart.
+    switch (m_len - d - 1) {
+    case 1:
+        return barredLevelOf<1>(d, at);
+    case 2:
+        return barredLevelOf<2>(d, at);
+    case 3:
+        return barredLevelOf<3>(d, at);
+    default:
+        return barredLevelOf<0>(d, at);
+    }
+}
+
+// R: the numbers still to come after the next one, when known here (0: any).
+template <int R> bool IntegralWalk::barredLevelOf(int d, int& at) {
     const auto z = static_cast<size_t>(d);
     const Level& p = m_level[z];
-    const int n = m_n, r = m_len - d - 1;
+    const int n = m_n, r = R > 0 ? R : m_len - d - 1;
     for (;;) {
         // The next number a: the first free one from m_next on, while r free numbers can follow.
         const int j = m_next[z];
@@ -528,7 +544,8 @@ bool IntegralWalk::barredLevel(int d, int& at) {
             }
             s.indices = p.indices | Mask::bit(a - 1);
             m_next[z + 1] = a + 1;
-            if (!barredLevel(d + 1, at)) return false;
+            if (!(R > 1 ? barredLevelOf<(R > 1 ? R - 1 : 1)>(d + 1, at) : barredLevel(d + 1, at)))
+                return false;
         }
         if (at < d) return true;
     }
