@@ -460,9 +460,10 @@ int IntegralWalk::childLimit(const Level& s, int d) const {
 }
 
 // The numbers barred after the prefix idx[0..d-1] (idx[d-1] = j-1 just placed, the prefix of
-// d-1 numbers barring `barred`): the new prefix's subsets add their extensions. Only the numbers
-// that can still come next are worth looking up.
-Mask IntegralWalk::barredAfter(const Mask& barred, int d, int j, bool trim) {
+// d-1 numbers barring `barred`): the new prefix's subsets add their extensions. With trim, only
+// the numbers that can still come next are looked up. Inline in each level's code, for the same
+// reason as the last levels' own copies (barredLevel).
+[[gnu::always_inline]] inline Mask IntegralWalk::barredAfter(const Mask& barred, int d, int j, bool trim) {
     Mask out = barred;
     const int need = m_len - d - 1;
     const Mask above =
