@@ -457,7 +457,9 @@ TEST(EngineDifferential, ReductionsOnLongColumnsDevelopAlike) {
         bool distance;
     };
     for (const Case& k : {Case{1, 18, 9, 4, true}, Case{5, 20, 12, 2, true}, Case{11, 30, 10, 3, false},
-                          Case{40, 57, 11, 6, false}, Case{74, 89, 8, 2, true}, Case{1, 22, 14, 9, false}}) {
+                          Case{40, 57, 11, 6, false}, Case{74, 89, 8, 2, true}, Case{1, 22, 14, 9, false},
+                          // over 64 numbers: both halves of the masks
+                          Case{1, 70, 3, 1, true}, Case{21, 90, 3, 1, false}}) {
         Corpo c;
         c.LenColonna = static_cast<int16_t>(k.len);
         test::SetForecast(c, test::Range(k.from, k.to));
