@@ -35,6 +35,16 @@ DistanceBounds::DistanceBounds(const TabellaDistanze& table, int len)
             }
         }
     }
+    for (int k = 0; k < m_count; ++k) {
+        Record& rec = m_records[static_cast<size_t>(k)];
+        for (int x = 0; x <= 89; ++x) {
+            const auto z = static_cast<size_t>(x);
+            rec.asLeast[z] =
+                (rec.minGaps & Mask::range(1, x - 1)) | (rec.minOk[z] ? Mask::range(x, 89) : Mask{});
+            rec.asGreatest[z] =
+                (rec.maxGaps & Mask::range(x + 1, 89)) | (rec.maxOk[z] ? Mask::range(1, x) : Mask{});
+        }
+    }
     for (int p = 1; p < len; ++p) {
         bool allowed = m_count == 0;
         for (int k = 0; k < m_count && !allowed; ++k)
@@ -94,13 +104,7 @@ Mask DistanceBounds::lastNumbersAfter(const Gaps& g, int pair, int gap, int last
                 return Mask::range(last + 1, 127);
             continue;
         }
-        // The gap g of the last pair makes the least min(least, g) and the greatest max(greatest, g).
-        const Mask asLeast = (rec.minGaps & Mask::range(1, least - 1)) |
-                             (rec.minOk[static_cast<size_t>(least)] ? Mask::range(least, 89) : Mask{});
-        const Mask asGreatest =
-            (rec.maxGaps & Mask::range(greatest + 1, 89)) |
-            (rec.maxOk[static_cast<size_t>(greatest)] ? Mask::range(1, greatest) : Mask{});
-        gaps |= asLeast & asGreatest;
+        gaps |= rec.asLeast[static_cast<size_t>(least)] & rec.asGreatest[static_cast<size_t>(greatest)];
     }
     return gaps.shiftedUp(last);
 }

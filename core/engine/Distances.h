@@ -29,12 +29,15 @@ public:
     // A gap of 1 at pair (positions pair and pair+1) leaves some record able to pass: false when
     // every record chooses the pair and refuses 1 as the least gap.
     bool consecutiveAllowed(int pair) const { return m_consecutive[static_cast<size_t>(pair)]; }
-    // Takes gap into every record that chooses pair.
-    void place(Gaps& g, int pair, int gap) const {
-        for (uint32_t bits = recordsOf(pair); bits != 0; bits &= bits - 1) {
-            const auto k = static_cast<size_t>(std::countr_zero(bits));
-            if (gap <= g.least[k]) g.least[k] = static_cast<uint8_t>(gap);
-            if (gap >= g.greatest[k]) g.greatest[k] = static_cast<uint8_t>(gap);
+    // The gaps of `from` with gap taken into every record that chooses pair, into `to`. Only the
+    // records in use are copied, byte by byte: the next copy reads what this one wrote.
+    void place(const Gaps& from, Gaps& to, int pair, int gap) const {
+        const uint32_t placing = recordsOf(pair);
+        for (int i = 0; i < m_count; ++i) {
+            const auto k = static_cast<size_t>(i);
+            const bool in = (placing >> i) & 1u;
+            to.least[k] = in && gap < from.least[k] ? static_cast<uint8_t>(gap) : from.least[k];
+            to.greatest[k] = in && gap > from.greatest[k] ? static_cast<uint8_t>(gap) : from.greatest[k];
         }
     }
     // Whether some record can still pass once `placed` numbers are placed, the last one being
@@ -61,6 +64,9 @@ private:
         std::array<uint8_t, 90> minUpTo{}, maxUpTo{}; // allowed d within 1..x
         Mask minGaps, maxGaps;                        // allowed d within 1..89
         int maxTop = 0;                               // the greatest allowed d within 1..89
+        // The gaps g of the last pair that pass as the least gap min(least, g), per least, and
+        // as the greatest gap max(greatest, g), per greatest.
+        std::array<Mask, 90> asLeast{}, asGreatest{};
     };
     bool maxAllowedWithin(const Record& rec, int lo, int hi) const {
         return rec.maxUpTo[static_cast<size_t>(hi)] > rec.maxUpTo[static_cast<size_t>(lo - 1)];

@@ -16,6 +16,15 @@
 #include <thread>
 #include <vector>
 
+// The walk counts the members of masks at every step; baseline x86-64 has no instruction for
+// that and GCC calls a library routine instead. The walk alone is built for processors that
+// have it (every x86-64 processor since 2008); CanWalk sends the others to the plain check of
+// every combination. Only the code below is affected: the headers above keep the baseline.
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+#define DV_WALK_POPCNT 1
+#pragma GCC target("popcnt")
+#endif
+
 namespace dv::engine {
 
 namespace {
@@ -426,8 +435,7 @@ IntegralWalk::Fit IntegralWalk::enter(int d, int j, int r) {
     s.xorPass = p.xorPass;
     s.orSatisfied = p.orSatisfied;
     if (m_distanceBounds) {
-        s.gaps = p.gaps;
-        if (d > 0) m_distances.place(s.gaps, d, v - m_cand[static_cast<size_t>(d - 1)]);
+        m_distances.place(p.gaps, s.gaps, d, d > 0 ? v - m_cand[static_cast<size_t>(d - 1)] : 0);
     }
     const Fit fit = bounds(s, j + 1, r);
     if (fit != Fit::Fits) return fit;
@@ -1068,6 +1076,9 @@ void IntegralWalk::runInParts(int threads) {
 } // namespace
 
 bool CanWalk(const uint8_t* numeri, int n) {
+#ifdef DV_WALK_POPCNT
+    if (!__builtin_cpu_supports("popcnt")) return false;
+#endif
     return IsSet(numeri, n);
 }
 
