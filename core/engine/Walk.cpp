@@ -116,6 +116,11 @@ private:
     void fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, int32_t col0);
     bool unwind(int& d, int to);
     int childLimit(const Level& s, int d) const;
+    // Whether a number one above the last of the prefix of depth d, as its next number, fails
+    // every column: the distance conditions refuse a gap of 1 there, or the run grows too long.
+    bool follows(int d) const {
+        return m_noFollow[static_cast<size_t>(d)] || m_level[static_cast<size_t>(d)].runTail >= m_maxRun;
+    }
     // Candidates rejected: to the run's progress, or to the part being walked.
     bool reject(Count n) {
         if (m_part == nullptr) return m_progress.reject(n);
@@ -169,6 +174,10 @@ private:
     // Per count of numbers placed: how far the run at the end can still grow, and the longest
     // run the numbers still to come can form, as the distance conditions let gaps of 1 fall.
     std::array<int, MaxLenColonna + 1> m_runGrowth{}, m_runAhead{};
+    // Per pair p (positions p and p+1): a number one above the one before it can never pass
+    // there. With the longest run: the longest that can pass.
+    std::array<bool, MaxLenColonna + 1> m_noFollow{};
+    int m_maxRun = MaxLenColonna;
     // Per index of an ascending forecast: how many of the next numbers each exceed the one
     // before by 1, and the most of that from the index on (any forecast: no limit).
     std::array<int, MaxN + 2> m_chain{}, m_chainAhead{};
@@ -264,6 +273,9 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
         m_runGrowth[static_cast<size_t>(placed)] = growth;
         m_runAhead[static_cast<size_t>(placed)] = placed < m_len ? longest + 1 : 0;
     }
+    for (int pair = 1; pair < m_len; ++pair)
+        m_noFollow[static_cast<size_t>(pair)] = m_distanceBounds && !m_distances.consecutiveAllowed(pair);
+    if (m_cond.consecutivi) m_maxRun = 31 - std::countl_zero(m_cond.consecutiviAmmessi | 1u);
     m_tables = {&m_cond.andTable, &m_cond.orTable, &m_cond.xorTable};
     for (int f = 0; f <= m_len + 1; ++f)
         for (int e = 0; e <= m_len + 1; ++e)
@@ -665,6 +677,10 @@ bool IntegralWalk::lastTwoNumbers(int d) {
             j = m_n;
             break;
         }
+        if (v == lastP + 1 && follows(d)) {
+            pending += static_cast<Count>(m_n - j);
+            continue;
+        }
         Mask allowed = base[static_cast<size_t>(m_isFixed[y] * 2 + m_isEven[y])] & m_suffix[y + 1];
         if (m_cond.somma)
             allowed = allowed & Mask::range(std::max(1, m_cond.sommaMin - p.sum - v),
@@ -887,6 +903,11 @@ bool IntegralWalk::walkFrom(int base) {
         }
         m_next[z] = j + 1;
         assert(j >= 1 && j <= m_n - r && (d == 0 || j > m_idx[z - 1] + 1));
+        if (d > 0 && m_value[static_cast<size_t>(j)] == m_cand[z - 1] + 1 && follows(d)) {
+            // A number that lengthens the run at the end where nothing can: no look at the rest.
+            if (!reject(Binomial(m_n - j, r))) return false;
+            continue;
+        }
         if (const Fit fit = enter(d, j, r); fit != Fit::Fits) {
             // 2. Skip the subtree: no completion of this prefix can pass; or skip it and every
             //    later one at this depth.
