@@ -107,6 +107,9 @@ private:
     Mask lastNumbersAlone(const Level& p, int d) const;
     bool lastNumbers(int& d);
     bool lastTwoNumbers(int d);
+    bool lastThreeNumbers(int d);
+    bool tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, int v, int start);
+    bool pairsUnder(int d, const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, Count pending);
     Mask fixedAndEven(int fixed, int even) const;
     // fixedAndEven from the table built once per run.
     Mask fixedEven(int fixed, int even) const {
@@ -160,8 +163,10 @@ private:
     DistanceBounds m_distances;
     bool m_distanceBounds; // distance conditions bound the prefixes (ascending forecasts)
     bool m_lastAsSet;      // the last number of a candidate is chosen from a set of numbers
-    // No reduction either: the last two numbers are chosen together under each prefix of len-2.
+    // No reduction either: the last two numbers are chosen together under each prefix of len-2,
+    // and with len 4 or more, the number before them in one loop under each prefix of len-3.
     bool m_lastTwo;
+    bool m_lastThree;
 
     // Per index 1..n of the forecast, and per suffix start 1..n+1.
     std::array<uint8_t, MaxN + 2> m_value{};
@@ -199,6 +204,16 @@ private:
         uint8_t weight;
     };
     std::array<std::vector<PairGroup>, 3> m_pairGroups;
+    // The open groups of a prefix of len-3, each with the last numbers it lets pass when 0, 1 or
+    // 2 of the two numbers before the last are inside it.
+    struct TripleGroup {
+        Mask numbers;
+        std::array<Mask, 3> passes;
+        uint32_t presenze;
+        uint8_t hits; // among the prefix
+        uint8_t weight;
+    };
+    std::array<std::vector<TripleGroup>, 3> m_tripleGroups;
     // Every candidate kept: the last m_tailLen numbers of all m_tailCount combinations of that
     // many numbers, in order, position by position.
     std::vector<uint8_t> m_tail;
@@ -229,7 +244,8 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
       m_ascending(std::is_sorted(numeri, numeri + n)), m_distances(c.CondizioniDistanza, m_len),
       m_distanceBounds(m_ascending && m_distances.count() > 0),
       m_lastAsSet(m_ascending && m_len >= 2 && !m_plain),
-      m_lastTwo(m_lastAsSet && m_len >= 3 && m_kept.mode() == KeptIndex::Mode::Never) {
+      m_lastTwo(m_lastAsSet && m_len >= 3 && m_kept.mode() == KeptIndex::Mode::Never),
+      m_lastThree(m_lastTwo && m_len >= 4) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
     for (int i = 1; i <= n; ++i) {
         const uint8_t v = numeri[i - 1];
@@ -284,6 +300,7 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
     for (size_t t = 0; t < 3; ++t) {
         m_lists[t].resize(m_tables[t]->groups.size() * static_cast<size_t>(m_len + 1));
         m_pairGroups[t].resize(m_tables[t]->groups.size());
+        m_tripleGroups[t].resize(m_tables[t]->groups.size());
     }
 }
 
@@ -626,11 +643,138 @@ bool IntegralWalk::lastNumbers(int& d) {
 }
 
 // The candidates under the prefix of depth d = len-2 of an ascending forecast when no reduction
-// is in force. What the last number may be depends on the next one through a few facts (fixed,
-// even, lengthening the run, inside which groups) and through its value (sum, gaps): the parts
-// that depend on the facts are built once for the prefix, so that a next number that leaves no
-// last number costs a few operations on masks. False when the run ends.
+// is in force, where lastThreeNumbers does not lead: columns of 3, and parts of a walk split
+// over threads that start at this depth. False when the run ends.
 bool IntegralWalk::lastTwoNumbers(int d) {
+    const auto z = static_cast<size_t>(d);
+    const Level& p = m_level[z];
+    // The groups still open over the prefix.
+    std::array<uint32_t, 3> groups{};
+    for (size_t t = 0; t < 3; ++t) {
+        const CompiledTable& table = *m_tables[t];
+        if (table.satisfied || (t == 1 && p.orSatisfied)) continue;
+        const uint32_t* open = &m_lists[t][z * table.groups.size()];
+        for (uint32_t k = 0; k < p.open[t]; ++k) {
+            const FilterGroup& g = table.groups[open[k]];
+            const int h = Common(p.numbers, g.numbers);
+            m_pairGroups[t][k] = {g.numbers, GroupPasses(g.numbers, g.presenze, h),
+                                  GroupPasses(g.numbers, g.presenze, h + 1), g.weight};
+        }
+        groups[t] = p.open[t];
+    }
+    return pairsUnder(d, groups, !m_tables[1]->satisfied && !p.orSatisfied, p.xorPass, 0);
+}
+
+// The candidates under the prefix of depth d = len-3 of an ascending forecast when no reduction
+// is in force: each next number goes through the bounds without a step of the walk, and the
+// filter groups open over this prefix serve the last two numbers of every next number, their
+// sets of last numbers built here once for 0, 1 and 2 hits among the two numbers before the
+// last. False when the run ends.
+// Whether the filter tables can still pass once v (at index start-1) joins the prefix of
+// len-3 whose open groups are in m_tripleGroups, two numbers being still to come; fills
+// m_pairGroups for the last two numbers.
+bool IntegralWalk::tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, int v,
+                              int start) {
+    const Mask suffix = m_suffix[static_cast<size_t>(start)];
+    const int rest = m_n - start + 1;
+    bool orAlive = !orOpen;
+    int xorCount = xorPass;
+    bool xorAlive = xorPass > 0;
+    for (size_t t = 0; t < 3; ++t)
+        for (uint32_t k = 0; k < groups[t]; ++k) {
+            const TripleGroup& g = m_tripleGroups[t][k];
+            const size_t in = g.numbers.has(v);
+            m_pairGroups[t][k] = {g.numbers, g.passes[in], g.passes[in + 1], g.weight};
+            const Verdict verdict =
+                ClassifyCounts(g.presenze, g.hits + static_cast<int>(in), Common(suffix, g.numbers), 2, rest);
+            if (t == 0 && verdict == Verdict::Fail) return false;
+            if (t == 1) orAlive = orAlive || verdict != Verdict::Fail;
+            if (t == 2 && verdict != Verdict::Fail) {
+                xorAlive = true;
+                if (verdict == Verdict::Pass) xorCount += g.weight;
+            }
+        }
+    return orAlive && xorCount < 2 && (xorAlive || !m_tables[2]->inUse);
+}
+
+bool IntegralWalk::lastThreeNumbers(int d) {
+    const auto z = static_cast<size_t>(d);
+    const Level& p = m_level[z];
+    Level& s = m_level[z + 1];
+    const int lastP = m_cand[z - 1];
+    std::array<uint32_t, 3> groups{};
+    for (size_t t = 0; t < 3; ++t) {
+        const CompiledTable& table = *m_tables[t];
+        if (table.satisfied || (t == 1 && p.orSatisfied)) continue;
+        const uint32_t* open = &m_lists[t][z * table.groups.size()];
+        for (uint32_t k = 0; k < p.open[t]; ++k) {
+            const FilterGroup& g = table.groups[open[k]];
+            const int h = Common(p.numbers, g.numbers);
+            m_tripleGroups[t][k] = {g.numbers,
+                                    {GroupPasses(g.numbers, g.presenze, h),
+                                     GroupPasses(g.numbers, g.presenze, h + 1),
+                                     GroupPasses(g.numbers, g.presenze, h + 2)},
+                                    g.presenze,
+                                    static_cast<uint8_t>(h),
+                                    g.weight};
+        }
+        groups[t] = p.open[t];
+    }
+    const bool orOpen = !m_tables[1]->satisfied && !p.orSatisfied;
+    const int highest = m_distanceBounds ? m_distances.nextLimit(p.gaps, d, lastP) : 127;
+    Count pending = 0; // rejected candidates not yet reported
+    for (int j = m_next[z]; j <= m_n - 2; ++j) {
+        const auto y = static_cast<size_t>(j);
+        const int v = m_value[y];
+        if (v > highest || (m_cond.somma && p.sum + v + m_value[y + 1] + m_value[y + 2] > m_cond.sommaMax)) {
+            // As for the last two numbers: a later next number only widens its gap and raises
+            // the least sum.
+            pending += Binomial(m_n - j + 1, 3);
+            break;
+        }
+        const bool following = v == lastP + 1;
+        if (following && follows(d)) {
+            pending += Binomial(m_n - j, 2);
+            continue;
+        }
+        s.sum = p.sum + v;
+        s.even = p.even + m_isEven[y];
+        s.fixed = p.fixed + m_isFixed[y];
+        s.runTail = following ? p.runTail + 1 : 1;
+        s.runMax = std::max(p.runMax, s.runTail);
+        if (m_distanceBounds) m_distances.place(p.gaps, s.gaps, d, v - lastP);
+        if (const Fit fit = bounds(s, j + 1, 2); fit != Fit::Fits) {
+            if (fit == Fit::Dead) {
+                pending += Binomial(m_n - j, 2);
+                continue;
+            }
+            pending += Binomial(m_n - j + 1, 3);
+            break;
+        }
+        if (!tablesOpen(groups, orOpen, p.xorPass, v, j + 1)) {
+            pending += Binomial(m_n - j, 2);
+            continue;
+        }
+        m_cand[z] = static_cast<uint8_t>(v);
+        m_idx[z] = static_cast<uint8_t>(j - 1);
+        m_kept.prefixChanged(d);
+        s.indices = p.indices | Mask::bit(j - 1);
+        m_next[z + 1] = j + 1;
+        if (!pairsUnder(d + 1, groups, orOpen, p.xorPass, pending)) return false;
+        pending = 0;
+    }
+    m_next[z] = m_n + 1;
+    return pending == 0 || reject(pending);
+}
+
+// The last two numbers under the prefix of depth d = len-2, the open groups of each table
+// being in m_pairGroups; `pending` rejected candidates before them are not yet reported. What
+// the last number may be depends on the next one through a few facts (fixed, even, lengthening
+// the run, inside which groups) and through its value (sum, gaps): the parts that depend on the
+// facts are built once for the prefix, so that a next number that leaves no last number costs
+// a few operations on masks. False when the run ends.
+bool IntegralWalk::pairsUnder(int d, const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass,
+                              Count pending) {
     const auto z = static_cast<size_t>(d);
     const Level& p = m_level[z];
     const int lastP = m_cand[z - 1];
@@ -645,27 +789,11 @@ bool IntegralWalk::lastTwoNumbers(int d) {
         runs[0] = RuleOf(m_cond.consecutiviAmmessi, std::max(p.runMax, 1), 1);
         runs[1] = RuleOf(m_cond.consecutiviAmmessi, std::max(p.runMax, p.runTail + 1), p.runTail + 1);
     }
-    // 3. The groups still open over the prefix.
-    std::array<uint32_t, 3> groups{};
-    for (size_t t = 0; t < 3; ++t) {
-        const CompiledTable& table = *m_tables[t];
-        if (table.satisfied || (t == 1 && p.orSatisfied)) continue;
-        const uint32_t* open = &m_lists[t][z * table.groups.size()];
-        for (uint32_t k = 0; k < p.open[t]; ++k) {
-            const FilterGroup& g = table.groups[open[k]];
-            const int h = Common(p.numbers, g.numbers);
-            m_pairGroups[t][k] = {g.numbers, GroupPasses(g.numbers, g.presenze, h),
-                                  GroupPasses(g.numbers, g.presenze, h + 1), g.weight};
-        }
-        groups[t] = p.open[t];
-    }
-    const bool orOpen = !m_tables[1]->satisfied && !p.orSatisfied;
     const bool xorOpen = !m_tables[2]->satisfied;
     const bool exact = !m_distanceBounds || m_distances.exact();
     // A next number beyond this leaves the distance conditions no record that can pass.
     const int highest = m_distanceBounds ? m_distances.nextLimit(p.gaps, d, lastP) : 127;
-    // 4. Each next number, and the last numbers it leaves.
-    Count pending = 0; // rejected candidates not yet reported
+    // 3. Each next number, and the last numbers it leaves.
     int j = m_next[z];
     for (; j < m_n; ++j) {
         const auto y = static_cast<size_t>(j);
@@ -706,9 +834,9 @@ bool IntegralWalk::lastTwoNumbers(int d) {
                 twice |= g.weight >= 2 ? pass : any & pass;
                 any |= pass;
             }
-            allowed = p.xorPass == 0   ? allowed & (any - twice)
-                      : p.xorPass == 1 ? allowed - (any | twice)
-                                       : Mask{};
+            allowed = xorPass == 0   ? allowed & (any - twice)
+                      : xorPass == 1 ? allowed - (any | twice)
+                                     : Mask{};
         }
         if (m_distanceBounds && allowed.any()) {
             allowed = allowed & m_distances.lastNumbersAfter(p.gaps, d, v - lastP, v);
@@ -717,7 +845,7 @@ bool IntegralWalk::lastTwoNumbers(int d) {
             pending += static_cast<Count>(m_n - j);
             continue;
         }
-        // 5. The candidates with a last number from the set, through the exact last tests.
+        // 4. The candidates with a last number from the set, through the exact last tests.
         m_cand[z] = static_cast<uint8_t>(v);
         m_idx[z] = static_cast<uint8_t>(j - 1);
         if (exact && m_part == nullptr) {
@@ -874,6 +1002,11 @@ bool IntegralWalk::walkFrom(int base) {
     while (d >= base) {
         const auto z = static_cast<size_t>(d);
         const int r = m_len - d - 1; // numbers still to come after the one entered now
+        if (r == 2 && m_lastThree) {
+            if (!lastThreeNumbers(d)) return false;
+            --d;
+            continue;
+        }
         if (r == 1 && m_lastTwo) {
             if (!lastTwoNumbers(d)) return false;
             --d;
