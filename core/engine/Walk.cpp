@@ -108,6 +108,23 @@ private:
     bool lastNumbers(int& d);
     bool lastTwoNumbers(int d);
     bool lastThreeNumbers(int d);
+    // Calls fill(table, k, group, its hits among the prefix) for the k-th group still open over
+    // the prefix of depth d, for every table; gives the count of them per table.
+    template <typename Fill> std::array<uint32_t, 3> forOpenGroups(int d, Fill fill) const {
+        const Level& p = m_level[static_cast<size_t>(d)];
+        std::array<uint32_t, 3> groups{};
+        for (size_t t = 0; t < 3; ++t) {
+            const CompiledTable& table = *m_tables[t];
+            if (table.satisfied || (t == 1 && p.orSatisfied)) continue;
+            const uint32_t* open = &m_lists[t][static_cast<size_t>(d) * table.groups.size()];
+            for (uint32_t k = 0; k < p.open[t]; ++k) {
+                const FilterGroup& g = table.groups[open[k]];
+                fill(t, k, g, Common(p.numbers, g.numbers));
+            }
+            groups[t] = p.open[t];
+        }
+        return groups;
+    }
     bool tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, int v, int start);
     bool pairsUnder(int d, const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, Count pending);
     Mask fixedAndEven(int fixed, int even) const;
@@ -648,28 +665,13 @@ bool IntegralWalk::lastNumbers(int& d) {
 bool IntegralWalk::lastTwoNumbers(int d) {
     const auto z = static_cast<size_t>(d);
     const Level& p = m_level[z];
-    // The groups still open over the prefix.
-    std::array<uint32_t, 3> groups{};
-    for (size_t t = 0; t < 3; ++t) {
-        const CompiledTable& table = *m_tables[t];
-        if (table.satisfied || (t == 1 && p.orSatisfied)) continue;
-        const uint32_t* open = &m_lists[t][z * table.groups.size()];
-        for (uint32_t k = 0; k < p.open[t]; ++k) {
-            const FilterGroup& g = table.groups[open[k]];
-            const int h = Common(p.numbers, g.numbers);
-            m_pairGroups[t][k] = {g.numbers, GroupPasses(g.numbers, g.presenze, h),
-                                  GroupPasses(g.numbers, g.presenze, h + 1), g.weight};
-        }
-        groups[t] = p.open[t];
-    }
+    const auto groups = forOpenGroups(d, [&](size_t t, uint32_t k, const FilterGroup& g, int h) {
+        m_pairGroups[t][k] = {g.numbers, GroupPasses(g.numbers, g.presenze, h),
+                              GroupPasses(g.numbers, g.presenze, h + 1), g.weight};
+    });
     return pairsUnder(d, groups, !m_tables[1]->satisfied && !p.orSatisfied, p.xorPass, 0);
 }
 
-// The candidates under the prefix of depth d = len-3 of an ascending forecast when no reduction
-// is in force: each next number goes through the bounds without a step of the walk, and the
-// filter groups open over this prefix serve the last two numbers of every next number, their
-// sets of last numbers built here once for 0, 1 and 2 hits among the two numbers before the
-// last. False when the run ends.
 // Whether the filter tables can still pass once v (at index start-1) joins the prefix of
 // len-3 whose open groups are in m_tripleGroups, two numbers being still to come; fills
 // m_pairGroups for the last two numbers.
@@ -697,29 +699,25 @@ bool IntegralWalk::tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen
     return orAlive && xorCount < 2 && (xorAlive || !m_tables[2]->inUse);
 }
 
+// The candidates under the prefix of depth d = len-3 of an ascending forecast when no reduction
+// is in force: each next number goes through the bounds without a step of the walk, and the
+// filter groups open over this prefix serve the last two numbers of every next number, their
+// sets of last numbers built here once for 0, 1 and 2 hits among the two numbers before the
+// last. False when the run ends.
 bool IntegralWalk::lastThreeNumbers(int d) {
     const auto z = static_cast<size_t>(d);
     const Level& p = m_level[z];
     Level& s = m_level[z + 1];
     const int lastP = m_cand[z - 1];
-    std::array<uint32_t, 3> groups{};
-    for (size_t t = 0; t < 3; ++t) {
-        const CompiledTable& table = *m_tables[t];
-        if (table.satisfied || (t == 1 && p.orSatisfied)) continue;
-        const uint32_t* open = &m_lists[t][z * table.groups.size()];
-        for (uint32_t k = 0; k < p.open[t]; ++k) {
-            const FilterGroup& g = table.groups[open[k]];
-            const int h = Common(p.numbers, g.numbers);
-            m_tripleGroups[t][k] = {g.numbers,
-                                    {GroupPasses(g.numbers, g.presenze, h),
-                                     GroupPasses(g.numbers, g.presenze, h + 1),
-                                     GroupPasses(g.numbers, g.presenze, h + 2)},
-                                    g.presenze,
-                                    static_cast<uint8_t>(h),
-                                    g.weight};
-        }
-        groups[t] = p.open[t];
-    }
+    const auto groups = forOpenGroups(d, [&](size_t t, uint32_t k, const FilterGroup& g, int h) {
+        m_tripleGroups[t][k] = {g.numbers,
+                                {GroupPasses(g.numbers, g.presenze, h),
+                                 GroupPasses(g.numbers, g.presenze, h + 1),
+                                 GroupPasses(g.numbers, g.presenze, h + 2)},
+                                g.presenze,
+                                static_cast<uint8_t>(h),
+                                g.weight};
+    });
     const bool orOpen = !m_tables[1]->satisfied && !p.orSatisfied;
     const int highest = m_distanceBounds ? m_distances.nextLimit(p.gaps, d, lastP) : 127;
     Count pending = 0; // rejected candidates not yet reported
