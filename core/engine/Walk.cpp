@@ -108,6 +108,12 @@ private:
     bool lastNumbers(int& d);
     bool lastTwoNumbers(int d);
     bool lastThreeNumbers(int d);
+    // Few enough filter groups are open over the prefix s for lastThreeNumbers, which takes
+    // every one of them at each next number; with many, the step of the walk drops those that
+    // pass or fail on the way down.
+    bool fewGroups(const Level& s) const {
+        return s.open[0] + (s.orSatisfied ? 0 : s.open[1]) + s.open[2] <= 8;
+    }
     // Calls fill(table, k, group, its hits among the prefix) for the k-th group still open over
     // the prefix of depth d, for every table; gives the count of them per table.
     template <typename Fill> std::array<uint32_t, 3> forOpenGroups(int d, Fill fill) const {
@@ -1000,7 +1006,7 @@ bool IntegralWalk::walkFrom(int base) {
     while (d >= base) {
         const auto z = static_cast<size_t>(d);
         const int r = m_len - d - 1; // numbers still to come after the one entered now
-        if (r == 2 && m_lastThree) {
+        if (r == 2 && m_lastThree && fewGroups(m_level[z])) {
             if (!lastThreeNumbers(d)) return false;
             --d;
             continue;
