@@ -108,6 +108,20 @@ private:
     bool lastNumbers(int& d);
     bool lastTwoNumbers(int d);
     bool lastThreeNumbers(int d);
+    // The least sum of k = 1 or 2 numbers after index j, the first of them at pair `pair` (after
+    // the number at j): a number one above the one before it is passed over where nothing can
+    // follow that way. Beyond any sum when there is no such choice.
+    int leastAfter(int j, int pair, int k) const {
+        int sum = 0;
+        for (int q = 0; q < k; ++q, ++pair) {
+            if (++j <= m_n && m_noFollow[static_cast<size_t>(pair)] &&
+                m_value[static_cast<size_t>(j)] == m_value[static_cast<size_t>(j - 1)] + 1)
+                ++j;
+            if (j > m_n) return 1 << 20;
+            sum += m_value[static_cast<size_t>(j)];
+        }
+        return sum;
+    }
     // Few enough filter groups are open over the prefix s for lastThreeNumbers, which takes
     // every one of them at each next number; with many, the step of the walk drops those that
     // pass or fail on the way down.
@@ -730,7 +744,7 @@ bool IntegralWalk::lastThreeNumbers(int d) {
     for (int j = m_next[z]; j <= m_n - 2; ++j) {
         const auto y = static_cast<size_t>(j);
         const int v = m_value[y];
-        if (v > highest || (m_cond.somma && p.sum + v + m_value[y + 1] + m_value[y + 2] > m_cond.sommaMax)) {
+        if (v > highest || (m_cond.somma && p.sum + v + leastAfter(j, d + 1, 2) > m_cond.sommaMax)) {
             // As for the last two numbers: a later next number only widens its gap and raises
             // the least sum.
             pending += Binomial(m_n - j + 1, 3);
@@ -802,7 +816,7 @@ bool IntegralWalk::pairsUnder(int d, const std::array<uint32_t, 3>& groups, bool
     for (; j < m_n; ++j) {
         const auto y = static_cast<size_t>(j);
         const int v = m_value[y];
-        if (v > highest || (m_cond.somma && p.sum + v + m_value[y + 1] > m_cond.sommaMax)) {
+        if (v > highest || (m_cond.somma && p.sum + v + leastAfter(j, d + 1, 1) > m_cond.sommaMax)) {
             // A later next number only widens its gap, and with its least last number only
             // raises the sum.
             pending += Binomial(m_n - j + 1, 2);
