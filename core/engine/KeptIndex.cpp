@@ -89,9 +89,15 @@ KeptIndex::KeptIndex(const Reduction& r, int universe, int len, bool forWalk)
         m_mode = Mode::Table;
         auto size = static_cast<size_t>(Binomial(universe, m_t - 1));
         if (forWalk && m_t >= 2) {
+            m_aboveOnly = true;
             // Subsets whose largest member leaves at most 16 numbers above it rank last.
             m_split = static_cast<uint64_t>(Binomial(std::max(0, universe - 17), m_t - 1));
             m_above.assign(size - m_split, 0);
+            for (int x = 0; x < universe; ++x) {
+                m_topRank.push_back(Ranks.c[static_cast<size_t>(x)][static_cast<size_t>(m_t - 1)]);
+                m_sRank.push_back(
+                    static_cast<uint32_t>(Ranks.c[static_cast<size_t>(x)][static_cast<size_t>(m_t - 2)]));
+            }
             size = m_split;
             const int s = m_t - 2;
             // The walk asks for prefixes of up to len-2 numbers before the new one.
@@ -118,7 +124,10 @@ void KeptIndex::add(const uint8_t* idx, Mask k) {
     m_anyKept = true;
     if (m_mode == Mode::Scan) m_kept.push_back(k);
     if (m_mode != Mode::Table) return;
-    ForEachSubset(idx, Size(k), m_t - 1, 0, [&](uint64_t rank, Mask q) {
+    // For the walk an entry holds only the members above its subset's largest one: the subsets
+    // topped by the column's last member would hold nothing.
+    const int members = m_aboveOnly ? Size(k) - 1 : Size(k);
+    ForEachSubset(idx, members, m_t - 1, 0, [&](uint64_t rank, Mask q) {
         if (rank >= m_split) {
             const int top = q.hi ? 127 - std::countl_zero(q.hi) : 63 - std::countl_zero(q.lo);
             m_above[rank - m_split] |= static_cast<uint16_t>((k - q).above(top).lo);
@@ -143,7 +152,7 @@ bool KeptIndex::fails(const uint8_t* idx, Mask c) const {
             if (Common(m_kept[j], c) >= m_t) return true;
         return false;
     case Mode::Table: {
-        assert(m_above.empty());
+        assert(!m_aboveOnly);
         bool hit = false;
         ForEachSubset(idx, Size(c), m_t - 1, 0, [&](uint64_t rank, Mask q) {
             const Mask e = m_width == 32   ? Widen(m_ext32[rank])
@@ -169,14 +178,7 @@ Mask KeptIndex::gather(const std::vector<Ext>& ext, const uint8_t* idx, int d, M
     Narrowed(want, wanted);
     if (s > 0 && m <= m_listed) {
         // The listed subsets: no enumeration, one load and one or each.
-        listPrefix(idx, m);
-        const uint32_t* ranks = m_stack[static_cast<size_t>(s)].data();
-        const uint32_t* end = ranks + m_end[static_cast<size_t>(s)][static_cast<size_t>(m)];
-        for (; ranks != end; ++ranks) {
-            Narrowed(out, Widen(table[*ranks]));
-            if (!(Widen(want) - Widen(out)).any()) break;
-        }
-        return Widen(out);
+        return Widen(orListed(table, idx, m, wanted));
     }
     std::array<int, MaxLenColonna> pos{};
     std::array<uint64_t, MaxLenColonna + 1> rank{};
@@ -232,7 +234,7 @@ void KeptIndex::listPrefix(const uint8_t* idx, int m) {
     m_built = m;
 }
 
-Mask KeptIndex::newExtensions(const uint8_t* idx, int d, Mask wanted) {
+Mask KeptIndex::extensionsOf(const uint8_t* idx, int d, Mask wanted) {
     assert(m_mode == Mode::Table && d >= m_t - 1);
     if (m_t >= 2 && Ranks.c[idx[d - 1]][static_cast<size_t>(m_t - 1)] >= m_split) {
         // Entries above the largest member x = idx[d-1]: the wanted numbers all lie above it.

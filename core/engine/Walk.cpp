@@ -46,16 +46,23 @@ struct Level {
 
 // The first index from `from` on that is not in m (128 when there is none).
 inline int FirstFree(Mask m, int from) {
-    for (int half = from >> 6; half < 2; ++half) {
-        uint64_t free = ~(half == 0 ? m.lo : m.hi);
-        if (half == from >> 6) free &= ~uint64_t{0} << (from & 63);
-        if (free != 0) return 64 * half + std::countr_zero(free);
+    if (from < 64) {
+        const uint64_t free = ~m.lo & (~uint64_t{0} << from);
+        if (free != 0) return std::countr_zero(free);
+        from = 64;
     }
-    return 128;
+    const uint64_t free = from < 128 ? ~m.hi & (~uint64_t{0} << (from - 64)) : 0;
+    return free != 0 ? 64 + std::countr_zero(free) : 128;
 }
 
 // The index of the k-th highest member of m (k >= 1), or -1 when m has fewer members.
 inline int NthHighest(Mask m, int k) {
+    if (m.hi == 0) { // forecasts of at most 64 numbers
+        uint64_t w = m.lo;
+        for (; k > 1 && w != 0; --k)
+            w &= ~(uint64_t{1} << (63 - std::countl_zero(w)));
+        return w != 0 ? 63 - std::countl_zero(w) : -1;
+    }
     for (int half = 1; half >= 0; --half) {
         uint64_t w = half == 1 ? m.hi : m.lo;
         for (; w != 0; --k) {
@@ -147,6 +154,9 @@ private:
     }
     bool tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, int v, int start);
     bool pairsUnder(int d, const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, Count pending);
+    bool barredLevel(int d, int& at);
+    template <int R> bool barredLevelOf(int d, int& at);
+    Mask barredAfter(const Mask& barred, int d, int j, bool trim = true);
     Mask fixedAndEven(int fixed, int even) const;
     // fixedAndEven from the table built once per run.
     Mask fixedEven(int fixed, int even) const {
@@ -204,6 +214,9 @@ private:
     // and with len 4 or more, the number before them in one loop under each prefix of len-3.
     bool m_lastTwo;
     bool m_lastThree;
+    // A reduction alone: from depth t-1 on, where its kept columns start to bar numbers, the
+    // walk takes only free numbers, level by level (barredLevel).
+    bool m_barredLevels;
 
     // Per index 1..n of the forecast, and per suffix start 1..n+1.
     std::array<uint8_t, MaxN + 2> m_value{};
@@ -282,7 +295,7 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
       m_distanceBounds(m_ascending && m_distances.count() > 0),
       m_lastAsSet(m_ascending && m_len >= 2 && !m_plain),
       m_lastTwo(m_lastAsSet && m_len >= 3 && m_kept.mode() == KeptIndex::Mode::Never),
-      m_lastThree(m_lastTwo && m_len >= 4) {
+      m_lastThree(m_lastTwo && m_len >= 4), m_barredLevels(m_plain && m_barring && m_kept.shared() >= 2) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
     for (int i = 1; i <= n; ++i) {
         const uint8_t v = numeri[i - 1];
@@ -517,6 +530,99 @@ int IntegralWalk::childLimit(const Level& s, int d) const {
     const int need = m_len - d - 1;
     if (need == 0) return m_n;
     return NthHighest(m_from[0] - s.barred, need); // 0-based index = 1-based limit
+}
+
+// The numbers barred after the prefix idx[0..d-1] (idx[d-1] = j-1 just placed, the prefix of
+// d-1 numbers barring `barred`): the new prefix's subsets add their extensions. With trim, only
+// the numbers that can still come next are looked up. Inline in each level's code, for the same
+// reason as the last levels' own copies (barredLevel).
+[[gnu::always_inline]] inline Mask IntegralWalk::barredAfter(const Mask& barred, int d, int j, bool trim) {
+    Mask out = barred;
+    const int need = m_len - d - 1;
+    const Mask above =
+        need == 0 || !trim ? Mask{} : m_from[static_cast<size_t>(NthHighest(m_from[0] - barred, need))];
+    const Mask wanted = m_from[static_cast<size_t>(j)] - above - barred;
+    if (wanted.any()) {
+        // Half by half, the upper one only when it holds something (forecasts of at most 64
+        // numbers): merged in a vector register, the result would first wait for its halves to
+        // reach memory.
+        const Mask found = m_kept.newExtensions(m_idx.data(), d, wanted);
+        out.lo |= found.lo;
+        if (found.hi != 0) out.hi |= found.hi;
+    }
+    return out;
+}
+
+// The candidates under the prefix of depth d >= t-1 of a walk with a reduction alone, from
+// m_next[d] on: each next free number in turn, with the numbers barred after it; the last two
+// numbers together, the first free one after the numbers barred after len-2 completing a column.
+// Keeping a column unwinds the walk to depth t-1: `at` is the depth where the walk goes on,
+// d-1 once the level is done. False when the run ends.
+bool IntegralWalk::barredLevel(int d, int& at) {
+    // The last levels each in code of their own, whose branches the processor then learns apart.
+    switch (m_len - d - 1) {
+    case 1:
+        return barredLevelOf<1>(d, at);
+    case 2:
+        return barredLevelOf<2>(d, at);
+    case 3:
+        return barredLevelOf<3>(d, at);
+    default:
+        return barredLevelOf<0>(d, at);
+    }
+}
+
+// R: the numbers still to come after the next one, when known here (0: any).
+template <int R> bool IntegralWalk::barredLevelOf(int d, int& at) {
+    const auto z = static_cast<size_t>(d);
+    const Level& p = m_level[z];
+    const int n = m_n, r = R > 0 ? R : m_len - d - 1;
+    for (;;) {
+        // The next number a: the first free one from m_next on, while r free numbers can follow.
+        const int j = m_next[z];
+        const int last = std::min(n - r, p.childLimit);
+        int a = j > last ? n - r + 1 : FirstFree(p.barred, j - 1) + 1;
+        if (a > last) a = n - r + 1;
+        if (a > j && !reject(Binomial(n - j + 1, r + 1) - Binomial(n - a + 1, r + 1))) return false;
+        m_next[z] = a;
+        if (a > n - r) {
+            at = d - 1;
+            return true;
+        }
+        m_next[z] = a + 1;
+        m_cand[z] = m_value[static_cast<size_t>(a)];
+        m_idx[z] = static_cast<uint8_t>(a - 1);
+        m_kept.prefixChanged(d);
+        // a leaves enough free numbers above it: what the next one can be needs no trimming.
+        const Mask after = barredAfter(p.barred, d + 1, a, false);
+        if (r == 1) {
+            const int c = FirstFree(after, a) + 1;
+            if (c > n) {
+                if (!reject(n - a)) return false;
+                continue;
+            }
+            if (c > a + 1 && !reject(c - a - 1)) return false;
+            m_next[z + 1] = c + 1;
+            m_cand[z + 1] = m_value[static_cast<size_t>(c)];
+            m_idx[z + 1] = static_cast<uint8_t>(c - 1);
+            m_kept.prefixChanged(d + 1);
+            at = m_len - 1;
+            if (!leaf(at, p.indices | Mask::bit(a - 1) | Mask::bit(c - 1))) return false;
+        } else {
+            Level& s = m_level[z + 1];
+            s.barred = after;
+            s.childLimit = childLimit(s, d + 1);
+            if (FirstFree(after, a) + 1 > std::min(n - r + 1, s.childLimit)) {
+                if (!reject(Binomial(n - a, r))) return false;
+                continue;
+            }
+            s.indices = p.indices | Mask::bit(a - 1);
+            m_next[z + 1] = a + 1;
+            if (!(R > 1 ? barredLevelOf<(R > 1 ? R - 1 : 1)>(d + 1, at) : barredLevel(d + 1, at)))
+                return false;
+        }
+        if (at < d) return true;
+    }
 }
 
 // Skips what is left of the subtrees of the prefixes deeper than `to`; the walk goes on with the
@@ -1020,6 +1126,10 @@ bool IntegralWalk::walkFrom(int base) {
     while (d >= base) {
         const auto z = static_cast<size_t>(d);
         const int r = m_len - d - 1; // numbers still to come after the one entered now
+        if (m_barredLevels && d == m_kept.shared() - 1) {
+            if (!barredLevel(d, d)) return false;
+            continue;
+        }
         if (r == 2 && m_lastThree && fewGroups(m_level[z])) {
             if (!lastThreeNumbers(d)) return false;
             --d;
@@ -1038,11 +1148,11 @@ bool IntegralWalk::walkFrom(int base) {
         int j = m_next[z];
         if (m_barring && j <= m_n - r) {
             // 1. Skip the barred numbers in one step: each one's subtree shares t numbers with a
-            //    kept column (the sum of their sizes telescopes); and the numbers past the last
-            //    one that leaves enough numbers above it.
+            //    kept column (the sum of their sizes telescopes); and when the next free one is
+            //    past the last that leaves enough numbers above it, the rest of the level.
             const int last = std::min(m_n - r, m_level[z].childLimit);
-            const int to =
-                j > last ? m_n - r + 1 : std::min(FirstFree(m_level[z].barred, j - 1) + 1, last + 1);
+            int to = j > last ? m_n - r + 1 : FirstFree(m_level[z].barred, j - 1) + 1;
+            if (to > last) to = m_n - r + 1;
             if (to > j) {
                 if (!reject(Binomial(m_n - j + 1, r + 1) - Binomial(m_n - to + 1, r + 1))) return false;
                 m_next[z] = j = to;
@@ -1079,14 +1189,17 @@ bool IntegralWalk::walkFrom(int base) {
         ++d;
         m_next[static_cast<size_t>(d)] = j + 1;
         Level& s = m_level[static_cast<size_t>(d)];
-        s.barred = m_level[z].barred;
-        if (m_barring && m_kept.shared() >= 2 && d >= m_kept.shared() - 1) {
-            // Only the numbers that can still come next are worth looking up.
-            const Mask wanted =
-                m_from[static_cast<size_t>(j)] - m_from[static_cast<size_t>(childLimit(s, d))] - s.barred;
-            if (wanted.any()) s.barred |= m_kept.newExtensions(m_idx.data(), d, wanted);
+        s.barred = m_barring && m_kept.shared() >= 2 && d >= m_kept.shared() - 1
+                       ? barredAfter(m_level[z].barred, d, j)
+                       : m_level[z].barred;
+        if (m_barring) {
+            s.childLimit = childLimit(s, d);
+            // No number can come next: the subtree is skipped here rather than one level down.
+            if (FirstFree(s.barred, j) + 1 > std::min(m_n - r + 1, s.childLimit)) {
+                --d;
+                if (!reject(Binomial(m_n - j, r))) return false;
+            }
         }
-        if (m_barring) s.childLimit = childLimit(s, d);
     }
     return true;
 }
