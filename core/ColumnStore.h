@@ -38,7 +38,11 @@ public:
     void setColumn(int32_t c, const uint8_t* numbers, int len) {
         ensure();
         if (c > m_used) m_used = c;
-        for (int p = 1; p <= len; ++p) m_cells[index(c, p)] = numbers[p - 1];
+        // One position after another from the column's first cell: the byte stores could alias
+        // the store's own pointer, which would be read again for every one of them.
+        uint8_t* cell = &m_cells[index(c, 1)];
+        for (int p = 0; p < len; ++p, cell += MaxColonne)
+            *cell = numbers[p];
     }
     // Position p of the count columns from c on: all set to v.
     void fill(int32_t c, int p, uint8_t v, int32_t count) {
@@ -58,7 +62,8 @@ public:
     }
     // Copies positions 1..len of column c into out[0..len-1].
     void getColumn(int32_t c, uint8_t* out, int len) const {
-        for (int p = 1; p <= len; ++p) out[p - 1] = get(c, p);
+        for (int p = 1; p <= len; ++p)
+            out[p - 1] = get(c, p);
     }
     // Columns first..first+count-1, each as positions 1..len one after the other, into
     // out[0..count*len-1].

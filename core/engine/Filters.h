@@ -20,18 +20,20 @@ struct FilterGroup {
     uint8_t weight;    // records in the group that pass together (XOR only; 2 means "two or more")
 };
 
-// What the hits of a group can still be: `prefix` is held, r more numbers are still to come
-// from `suffix`, a set of suffixSize numbers. Every count between the least and the greatest
-// possible one can be reached.
-inline Verdict Classify(const FilterGroup& g, Mask prefix, Mask suffix, int r, int suffixSize) {
-    const int p = Common(prefix, g.numbers);
-    const int in = Common(suffix, g.numbers);
+// What the hits of a group can still be: p hits are held, r more numbers are still to come
+// from a suffix of suffixSize numbers, `in` of them inside the group. Every count between the
+// least and the greatest possible one can be reached.
+inline Verdict ClassifyCounts(uint32_t presenze, int p, int in, int r, int suffixSize) {
     const int lo = p + (r > suffixSize - in ? r - (suffixSize - in) : 0);
     const int hi = p + (r < in ? r : in);
     assert(lo <= hi && hi <= MaxLenColonna);
     const uint32_t range = (uint32_t{2} << hi) - (uint32_t{1} << lo);
-    const uint32_t allowed = g.presenze & range;
+    const uint32_t allowed = presenze & range;
     return allowed == 0 ? Verdict::Fail : allowed == range ? Verdict::Pass : Verdict::Open;
+}
+// The same with the numbers held, `prefix`, and the suffix as sets.
+inline Verdict Classify(const FilterGroup& g, Mask prefix, Mask suffix, int r, int suffixSize) {
+    return ClassifyCounts(g.presenze, Common(prefix, g.numbers), Common(suffix, g.numbers), r, suffixSize);
 }
 
 // The count of a column's numbers that belong to a set: a popcount for a column of distinct

@@ -20,11 +20,7 @@ struct Mask {
         return i < 64 ? Mask{uint64_t{1} << i, 0} : Mask{0, uint64_t{1} << (i - 64)};
     }
     // The integers 0..k-1, k clamped to 0..128.
-    static Mask below(int k) {
-        k = std::clamp(k, 0, 128);
-        if (k < 64) return {(uint64_t{1} << k) - 1, 0};
-        return {~uint64_t{0}, k == 128 ? ~uint64_t{0} : (uint64_t{1} << (k - 64)) - 1};
-    }
+    static Mask below(int k);
     // The integers from..to within 0..127 (none when from > to).
     static Mask range(int from, int to) { return below(to + 1) - below(from); }
     bool has(int i) const { return ((i < 64 ? lo >> i : hi >> (i - 64)) & 1u) != 0; }
@@ -64,6 +60,24 @@ struct Mask {
     friend bool operator==(Mask a, Mask b) { return a.lo == b.lo && a.hi == b.hi; }
     friend bool operator<(Mask a, Mask b) { return a.hi != b.hi ? a.hi < b.hi : a.lo < b.lo; }
 };
+
+namespace detail {
+// below(k) for k = 0..128, so that the walk's ranges cost no branch.
+struct BelowTable {
+    std::array<Mask, 129> m{};
+    constexpr BelowTable() {
+        for (int k = 0; k <= 128; ++k)
+            m[static_cast<size_t>(k)] = k < 64    ? Mask{(uint64_t{1} << k) - 1, 0}
+                                        : k < 128 ? Mask{~uint64_t{0}, (uint64_t{1} << (k - 64)) - 1}
+                                                  : Mask{~uint64_t{0}, ~uint64_t{0}};
+    }
+};
+inline constexpr BelowTable Below{};
+} // namespace detail
+
+inline Mask Mask::below(int k) {
+    return detail::Below.m[static_cast<size_t>(std::clamp(k, 0, 128))];
+}
 
 // The number of common members: the count of shared numbers of two columns.
 inline int Common(Mask a, Mask b) {

@@ -16,6 +16,15 @@
 #include <thread>
 #include <vector>
 
+// The walk counts the members of masks at every step; baseline x86-64 has no instruction for
+// that and GCC calls a library routine instead. The walk alone is built for processors that
+// have it (every x86-64 processor since 2008); CanWalk sends the others to the plain check of
+// every combination. Only the code below is affected: the headers above keep the baseline.
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+#define DV_WALK_POPCNT 1
+#pragma GCC target("popcnt")
+#endif
+
 namespace dv::engine {
 
 namespace {
@@ -105,6 +114,46 @@ private:
     Mask lastNumbersAlone(const Level& p, int d) const;
     bool lastNumbers(int& d);
     bool lastTwoNumbers(int d);
+    bool lastThreeNumbers(int d);
+    // The least sum of k = 1 or 2 numbers after index j, the first of them at pair `pair` (after
+    // the number at j): a number one above the one before it is passed over where nothing can
+    // follow that way. Beyond any sum when there is no such choice.
+    int leastAfter(int j, int pair, int k) const {
+        int sum = 0;
+        for (int q = 0; q < k; ++q, ++pair) {
+            if (++j <= m_n && m_noFollow[static_cast<size_t>(pair)] &&
+                m_value[static_cast<size_t>(j)] == m_value[static_cast<size_t>(j - 1)] + 1)
+                ++j;
+            if (j > m_n) return 1 << 20;
+            sum += m_value[static_cast<size_t>(j)];
+        }
+        return sum;
+    }
+    // Few enough filter groups are open over the prefix s for lastThreeNumbers, which takes
+    // every one of them at each next number; with many, the step of the walk drops those that
+    // pass or fail on the way down.
+    bool fewGroups(const Level& s) const {
+        return s.open[0] + (s.orSatisfied ? 0 : s.open[1]) + s.open[2] <= 8;
+    }
+    // Calls fill(table, k, group, its hits among the prefix) for the k-th group still open over
+    // the prefix of depth d, for every table; gives the count of them per table.
+    template <typename Fill> std::array<uint32_t, 3> forOpenGroups(int d, Fill fill) const {
+        const Level& p = m_level[static_cast<size_t>(d)];
+        std::array<uint32_t, 3> groups{};
+        for (size_t t = 0; t < 3; ++t) {
+            const CompiledTable& table = *m_tables[t];
+            if (table.satisfied || (t == 1 && p.orSatisfied)) continue;
+            const uint32_t* open = &m_lists[t][static_cast<size_t>(d) * table.groups.size()];
+            for (uint32_t k = 0; k < p.open[t]; ++k) {
+                const FilterGroup& g = table.groups[open[k]];
+                fill(t, k, g, Common(p.numbers, g.numbers));
+            }
+            groups[t] = p.open[t];
+        }
+        return groups;
+    }
+    bool tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, int v, int start);
+    bool pairsUnder(int d, const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, Count pending);
     bool barredLevel(int d, int& at);
     template <int R> bool barredLevelOf(int d, int& at);
     Mask barredAfter(const Mask& barred, int d, int j, bool trim = true);
@@ -117,6 +166,11 @@ private:
     void fillTree(int p, int i, int64_t base, int64_t lo, int64_t hi, int32_t col0);
     bool unwind(int& d, int to);
     int childLimit(const Level& s, int d) const;
+    // Whether a number one above the last of the prefix of depth d, as its next number, fails
+    // every column: the distance conditions refuse a gap of 1 there, or the run grows too long.
+    bool follows(int d) const {
+        return m_noFollow[static_cast<size_t>(d)] || m_level[static_cast<size_t>(d)].runTail >= m_maxRun;
+    }
     // Candidates rejected: to the run's progress, or to the part being walked.
     bool reject(Count n) {
         if (m_part == nullptr) return m_progress.reject(n);
@@ -156,8 +210,10 @@ private:
     DistanceBounds m_distances;
     bool m_distanceBounds; // distance conditions bound the prefixes (ascending forecasts)
     bool m_lastAsSet;      // the last number of a candidate is chosen from a set of numbers
-    // No reduction either: the last two numbers are chosen together under each prefix of len-2.
+    // No reduction either: the last two numbers are chosen together under each prefix of len-2,
+    // and with len 4 or more, the number before them in one loop under each prefix of len-3.
     bool m_lastTwo;
+    bool m_lastThree;
     // A reduction alone: from depth t-1 on, where its kept columns start to bar numbers, the
     // walk takes only free numbers, level by level (barredLevel).
     bool m_barredLevels;
@@ -173,6 +229,10 @@ private:
     // Per count of numbers placed: how far the run at the end can still grow, and the longest
     // run the numbers still to come can form, as the distance conditions let gaps of 1 fall.
     std::array<int, MaxLenColonna + 1> m_runGrowth{}, m_runAhead{};
+    // Per pair p (positions p and p+1): a number one above the one before it can never pass
+    // there. With the longest run: the longest that can pass.
+    std::array<bool, MaxLenColonna + 1> m_noFollow{};
+    int m_maxRun = MaxLenColonna;
     // Per index of an ascending forecast: how many of the next numbers each exceed the one
     // before by 1, and the most of that from the index on (any forecast: no limit).
     std::array<int, MaxN + 2> m_chain{}, m_chainAhead{};
@@ -194,6 +254,16 @@ private:
         uint8_t weight;
     };
     std::array<std::vector<PairGroup>, 3> m_pairGroups;
+    // The open groups of a prefix of len-3, each with the last numbers it lets pass when 0, 1 or
+    // 2 of the two numbers before the last are inside it.
+    struct TripleGroup {
+        Mask numbers;
+        std::array<Mask, 3> passes;
+        uint32_t presenze;
+        uint8_t hits; // among the prefix
+        uint8_t weight;
+    };
+    std::array<std::vector<TripleGroup>, 3> m_tripleGroups;
     // Every candidate kept: the last m_tailLen numbers of all m_tailCount combinations of that
     // many numbers, in order, position by position.
     std::vector<uint8_t> m_tail;
@@ -225,7 +295,7 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
       m_distanceBounds(m_ascending && m_distances.count() > 0),
       m_lastAsSet(m_ascending && m_len >= 2 && !m_plain),
       m_lastTwo(m_lastAsSet && m_len >= 3 && m_kept.mode() == KeptIndex::Mode::Never),
-      m_barredLevels(m_plain && m_barring && m_kept.shared() >= 2) {
+      m_lastThree(m_lastTwo && m_len >= 4), m_barredLevels(m_plain && m_barring && m_kept.shared() >= 2) {
     assert(n >= m_len && n <= MaxN && m_len >= 1 && m_len <= MaxLenColonna);
     for (int i = 1; i <= n; ++i) {
         const uint8_t v = numeri[i - 1];
@@ -269,6 +339,9 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
         m_runGrowth[static_cast<size_t>(placed)] = growth;
         m_runAhead[static_cast<size_t>(placed)] = placed < m_len ? longest + 1 : 0;
     }
+    for (int pair = 1; pair < m_len; ++pair)
+        m_noFollow[static_cast<size_t>(pair)] = m_distanceBounds && !m_distances.consecutiveAllowed(pair);
+    if (m_cond.consecutivi) m_maxRun = 31 - std::countl_zero(m_cond.consecutiviAmmessi | 1u);
     m_tables = {&m_cond.andTable, &m_cond.orTable, &m_cond.xorTable};
     for (int f = 0; f <= m_len + 1; ++f)
         for (int e = 0; e <= m_len + 1; ++e)
@@ -277,6 +350,7 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
     for (size_t t = 0; t < 3; ++t) {
         m_lists[t].resize(m_tables[t]->groups.size() * static_cast<size_t>(m_len + 1));
         m_pairGroups[t].resize(m_tables[t]->groups.size());
+        m_tripleGroups[t].resize(m_tables[t]->groups.size());
     }
 }
 
@@ -440,8 +514,7 @@ IntegralWalk::Fit IntegralWalk::enter(int d, int j, int r) {
     s.xorPass = p.xorPass;
     s.orSatisfied = p.orSatisfied;
     if (m_distanceBounds) {
-        s.gaps = p.gaps;
-        if (d > 0) m_distances.place(s.gaps, d, v - m_cand[static_cast<size_t>(d - 1)]);
+        m_distances.place(p.gaps, s.gaps, d, d > 0 ? v - m_cand[static_cast<size_t>(d - 1)] : 0);
     }
     const Fit fit = bounds(s, j + 1, r);
     if (fit != Fit::Fits) return fit;
@@ -713,11 +786,119 @@ bool IntegralWalk::lastNumbers(int& d) {
 }
 
 // The candidates under the prefix of depth d = len-2 of an ascending forecast when no reduction
-// is in force. What the last number may be depends on the next one through a few facts (fixed,
-// even, lengthening the run, inside which groups) and through its value (sum, gaps): the parts
-// that depend on the facts are built once for the prefix, so that a next number that leaves no
-// last number costs a few operations on masks. False when the run ends.
+// is in force, where lastThreeNumbers does not lead: columns of 3, and parts of a walk split
+// over threads that start at this depth. False when the run ends.
 bool IntegralWalk::lastTwoNumbers(int d) {
+    const auto z = static_cast<size_t>(d);
+    const Level& p = m_level[z];
+    const auto groups = forOpenGroups(d, [&](size_t t, uint32_t k, const FilterGroup& g, int h) {
+        m_pairGroups[t][k] = {g.numbers, GroupPasses(g.numbers, g.presenze, h),
+                              GroupPasses(g.numbers, g.presenze, h + 1), g.weight};
+    });
+    return pairsUnder(d, groups, !m_tables[1]->satisfied && !p.orSatisfied, p.xorPass, 0);
+}
+
+// Whether the filter tables can still pass once v (at index start-1) joins the prefix of
+// len-3 whose open groups are in m_tripleGroups, two numbers being still to come; fills
+// m_pairGroups for the last two numbers.
+bool IntegralWalk::tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, int v,
+                              int start) {
+    const Mask suffix = m_suffix[static_cast<size_t>(start)];
+    const int rest = m_n - start + 1;
+    bool orAlive = !orOpen;
+    int xorCount = xorPass;
+    bool xorAlive = xorPass > 0;
+    for (size_t t = 0; t < 3; ++t)
+        for (uint32_t k = 0; k < groups[t]; ++k) {
+            const TripleGroup& g = m_tripleGroups[t][k];
+            const size_t in = g.numbers.has(v);
+            m_pairGroups[t][k] = {g.numbers, g.passes[in], g.passes[in + 1], g.weight};
+            const Verdict verdict =
+                ClassifyCounts(g.presenze, g.hits + static_cast<int>(in), Common(suffix, g.numbers), 2, rest);
+            if (t == 0 && verdict == Verdict::Fail) return false;
+            if (t == 1) orAlive = orAlive || verdict != Verdict::Fail;
+            if (t == 2 && verdict != Verdict::Fail) {
+                xorAlive = true;
+                if (verdict == Verdict::Pass) xorCount += g.weight;
+            }
+        }
+    return orAlive && xorCount < 2 && (xorAlive || !m_tables[2]->inUse);
+}
+
+// The candidates under the prefix of depth d = len-3 of an ascending forecast when no reduction
+// is in force: each next number goes through the bounds without a step of the walk, and the
+// filter groups open over this prefix serve the last two numbers of every next number, their
+// sets of last numbers built here once for 0, 1 and 2 hits among the two numbers before the
+// last. False when the run ends.
+bool IntegralWalk::lastThreeNumbers(int d) {
+    const auto z = static_cast<size_t>(d);
+    const Level& p = m_level[z];
+    Level& s = m_level[z + 1];
+    const int lastP = m_cand[z - 1];
+    const auto groups = forOpenGroups(d, [&](size_t t, uint32_t k, const FilterGroup& g, int h) {
+        m_tripleGroups[t][k] = {g.numbers,
+                                {GroupPasses(g.numbers, g.presenze, h),
+                                 GroupPasses(g.numbers, g.presenze, h + 1),
+                                 GroupPasses(g.numbers, g.presenze, h + 2)},
+                                g.presenze,
+                                static_cast<uint8_t>(h),
+                                g.weight};
+    });
+    const bool orOpen = !m_tables[1]->satisfied && !p.orSatisfied;
+    const int highest = m_distanceBounds ? m_distances.nextLimit(p.gaps, d, lastP) : 127;
+    Count pending = 0; // rejected candidates not yet reported
+    for (int j = m_next[z]; j <= m_n - 2; ++j) {
+        const auto y = static_cast<size_t>(j);
+        const int v = m_value[y];
+        if (v > highest || (m_cond.somma && p.sum + v + leastAfter(j, d + 1, 2) > m_cond.sommaMax)) {
+            // As for the last two numbers: a later next number only widens its gap and raises
+            // the least sum.
+            pending += Binomial(m_n - j + 1, 3);
+            break;
+        }
+        const bool following = v == lastP + 1;
+        if (following && follows(d)) {
+            pending += Binomial(m_n - j, 2);
+            continue;
+        }
+        s.sum = p.sum + v;
+        s.even = p.even + m_isEven[y];
+        s.fixed = p.fixed + m_isFixed[y];
+        s.runTail = following ? p.runTail + 1 : 1;
+        s.runMax = std::max(p.runMax, s.runTail);
+        if (m_distanceBounds) m_distances.place(p.gaps, s.gaps, d, v - lastP);
+        if (const Fit fit = bounds(s, j + 1, 2); fit != Fit::Fits) {
+            if (fit == Fit::Dead) {
+                pending += Binomial(m_n - j, 2);
+                continue;
+            }
+            pending += Binomial(m_n - j + 1, 3);
+            break;
+        }
+        if (!tablesOpen(groups, orOpen, p.xorPass, v, j + 1)) {
+            pending += Binomial(m_n - j, 2);
+            continue;
+        }
+        m_cand[z] = static_cast<uint8_t>(v);
+        m_idx[z] = static_cast<uint8_t>(j - 1);
+        m_kept.prefixChanged(d);
+        s.indices = p.indices | Mask::bit(j - 1);
+        m_next[z + 1] = j + 1;
+        if (!pairsUnder(d + 1, groups, orOpen, p.xorPass, pending)) return false;
+        pending = 0;
+    }
+    m_next[z] = m_n + 1;
+    return pending == 0 || reject(pending);
+}
+
+// The last two numbers under the prefix of depth d = len-2, the open groups of each table
+// being in m_pairGroups; `pending` rejected candidates before them are not yet reported. What
+// the last number may be depends on the next one through a few facts (fixed, even, lengthening
+// the run, inside which groups) and through its value (sum, gaps): the parts that depend on the
+// facts are built once for the prefix, so that a next number that leaves no last number costs
+// a few operations on masks. False when the run ends.
+bool IntegralWalk::pairsUnder(int d, const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass,
+                              Count pending) {
     const auto z = static_cast<size_t>(d);
     const Level& p = m_level[z];
     const int lastP = m_cand[z - 1];
@@ -732,37 +913,25 @@ bool IntegralWalk::lastTwoNumbers(int d) {
         runs[0] = RuleOf(m_cond.consecutiviAmmessi, std::max(p.runMax, 1), 1);
         runs[1] = RuleOf(m_cond.consecutiviAmmessi, std::max(p.runMax, p.runTail + 1), p.runTail + 1);
     }
-    // 3. The groups still open over the prefix.
-    std::array<uint32_t, 3> groups{};
-    for (size_t t = 0; t < 3; ++t) {
-        const CompiledTable& table = *m_tables[t];
-        if (table.satisfied || (t == 1 && p.orSatisfied)) continue;
-        const uint32_t* open = &m_lists[t][z * table.groups.size()];
-        for (uint32_t k = 0; k < p.open[t]; ++k) {
-            const FilterGroup& g = table.groups[open[k]];
-            const int h = Common(p.numbers, g.numbers);
-            m_pairGroups[t][k] = {g.numbers, GroupPasses(g.numbers, g.presenze, h),
-                                  GroupPasses(g.numbers, g.presenze, h + 1), g.weight};
-        }
-        groups[t] = p.open[t];
-    }
-    const bool orOpen = !m_tables[1]->satisfied && !p.orSatisfied;
     const bool xorOpen = !m_tables[2]->satisfied;
     const bool exact = !m_distanceBounds || m_distances.exact();
     // A next number beyond this leaves the distance conditions no record that can pass.
     const int highest = m_distanceBounds ? m_distances.nextLimit(p.gaps, d, lastP) : 127;
-    // 4. Each next number, and the last numbers it leaves.
-    Count pending = 0; // rejected candidates not yet reported
+    // 3. Each next number, and the last numbers it leaves.
     int j = m_next[z];
     for (; j < m_n; ++j) {
         const auto y = static_cast<size_t>(j);
         const int v = m_value[y];
-        if (v > highest || (m_cond.somma && p.sum + v + m_value[y + 1] > m_cond.sommaMax)) {
+        if (v > highest || (m_cond.somma && p.sum + v + leastAfter(j, d + 1, 1) > m_cond.sommaMax)) {
             // A later next number only widens its gap, and with its least last number only
             // raises the sum.
             pending += Binomial(m_n - j + 1, 2);
             j = m_n;
             break;
+        }
+        if (v == lastP + 1 && follows(d)) {
+            pending += static_cast<Count>(m_n - j);
+            continue;
         }
         Mask allowed = base[static_cast<size_t>(m_isFixed[y] * 2 + m_isEven[y])] & m_suffix[y + 1];
         if (m_cond.somma)
@@ -789,9 +958,9 @@ bool IntegralWalk::lastTwoNumbers(int d) {
                 twice |= g.weight >= 2 ? pass : any & pass;
                 any |= pass;
             }
-            allowed = p.xorPass == 0   ? allowed & (any - twice)
-                      : p.xorPass == 1 ? allowed - (any | twice)
-                                       : Mask{};
+            allowed = xorPass == 0   ? allowed & (any - twice)
+                      : xorPass == 1 ? allowed - (any | twice)
+                                     : Mask{};
         }
         if (m_distanceBounds && allowed.any()) {
             allowed = allowed & m_distances.lastNumbersAfter(p.gaps, d, v - lastP, v);
@@ -800,7 +969,7 @@ bool IntegralWalk::lastTwoNumbers(int d) {
             pending += static_cast<Count>(m_n - j);
             continue;
         }
-        // 5. The candidates with a last number from the set, through the exact last tests.
+        // 4. The candidates with a last number from the set, through the exact last tests.
         m_cand[z] = static_cast<uint8_t>(v);
         m_idx[z] = static_cast<uint8_t>(j - 1);
         if (exact && m_part == nullptr) {
@@ -961,6 +1130,11 @@ bool IntegralWalk::walkFrom(int base) {
             if (!barredLevel(d, d)) return false;
             continue;
         }
+        if (r == 2 && m_lastThree && fewGroups(m_level[z])) {
+            if (!lastThreeNumbers(d)) return false;
+            --d;
+            continue;
+        }
         if (r == 1 && m_lastTwo) {
             if (!lastTwoNumbers(d)) return false;
             --d;
@@ -990,6 +1164,11 @@ bool IntegralWalk::walkFrom(int base) {
         }
         m_next[z] = j + 1;
         assert(j >= 1 && j <= m_n - r && (d == 0 || j > m_idx[z - 1] + 1));
+        if (d > 0 && m_value[static_cast<size_t>(j)] == m_cand[z - 1] + 1 && follows(d)) {
+            // A number that lengthens the run at the end where nothing can: no look at the rest.
+            if (!reject(Binomial(m_n - j, r))) return false;
+            continue;
+        }
         if (const Fit fit = enter(d, j, r); fit != Fit::Fits) {
             // 2. Skip the subtree: no completion of this prefix can pass; or skip it and every
             //    later one at this depth.
@@ -1182,6 +1361,9 @@ void IntegralWalk::runInParts(int threads) {
 } // namespace
 
 bool CanWalk(const uint8_t* numeri, int n) {
+#ifdef DV_WALK_POPCNT
+    if (!__builtin_cpu_supports("popcnt")) return false;
+#endif
     return IsSet(numeri, n);
 }
 
