@@ -17,9 +17,9 @@
 #include <vector>
 
 // The walk counts the members of masks at every step; baseline x86-64 has no instruction for
-// that and GCC calls a library routine instead. The walk alone is built for processors that
-// have it (every x86-64 processor since 2008); CanWalk sends the others to the plain check of
-// every combination. Only the code below is affected: the headers above keep the baseline.
+// that and GCC would call a library routine instead. The engine's files are built for processors
+// that have it (every x86-64 processor since 2008), and the walk asks for it here as well, so
+// that it keeps the instruction in a build without those options.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
 #define DV_WALK_POPCNT 1
 #pragma GCC target("popcnt")
