@@ -38,6 +38,7 @@ int main(int argc, char* argv[]) {
 
     // The data folder with its sub-folders, and the language files that ship with the program.
     auto corpo = std::make_unique<dv::Corpo>();
+    dv::PulisciSalvataggiInterrotti();
     dv::ImpostaAppDir(*corpo, dv::AppDirPredefinito());
     dv::CopiaLingueIniziali(dv::CartellaLingueSpedite(), corpo->AppDir);
 

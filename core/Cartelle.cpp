@@ -37,7 +37,6 @@ std::string PercorsoIn(const std::string& base, std::initializer_list<const char
 }
 
 void ImpostaAppDir(Corpo& c, const std::string& appDir) {
-    PulisciSalvataggiInterrotti();
     c.AppDir = appDir;
     for (const char* sub : SottoCartelle) {
         std::error_code ec; // a failure stops silently, as the folder then simply is not there
@@ -62,20 +61,33 @@ std::string NomeTemporaneo(const std::string& target) {
     return target + std::string(PrefissoTemp) + cifre + std::string(SuffissoTemp);
 }
 
+namespace {
+// The process id held by the first 8 of a name's 16 hex digits, or -1 when they are not that.
+long PidDelleCifre(std::string_view cifre) {
+    if (cifre.size() != CifreTemp) return -1;
+    long pid = 0;
+    for (size_t i = 0; i < CifreTemp; ++i) {
+        const char ch = cifre[i];
+        const int v = ch >= '0' && ch <= '9' ? ch - '0' : ch >= 'a' && ch <= 'f' ? ch - 'a' + 10 : -1;
+        if (v < 0) return -1;
+        if (i < 8) pid = pid * 16 + v;
+    }
+    return pid;
+}
+
+bool ProcessoFinito(long pid) {
+    return pid == 0 || pid > 0x7FFFFFFFl || (::kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH);
+}
+} // namespace
+
 bool TemporaneoAbbandonato(std::string_view name) {
     const size_t coda = PrefissoTemp.size() + CifreTemp + SuffissoTemp.size();
     if (name.size() <= coda || !name.ends_with(SuffissoTemp)) return false;
     const std::string_view parte = name.substr(name.size() - coda);
     if (!parte.starts_with(PrefissoTemp)) return false;
-    unsigned long pid = 0;
-    for (size_t i = 0; i < CifreTemp; ++i) {
-        const char ch = parte[PrefissoTemp.size() + i];
-        const int v = ch >= '0' && ch <= '9' ? ch - '0' : ch >= 'a' && ch <= 'f' ? ch - 'a' + 10 : -1;
-        if (v < 0) return false;
-        if (i < 8) pid = pid * 16 + static_cast<unsigned long>(v);
-    }
-    if (pid == static_cast<unsigned long>(::getpid())) return true;
-    return pid == 0 || pid > 0x7FFFFFFFul || (::kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH);
+    const long pid = PidDelleCifre(parte.substr(PrefissoTemp.size(), CifreTemp));
+    if (pid < 0) return false;
+    return pid == ::getpid() || ProcessoFinito(pid);
 }
 
 namespace {
@@ -136,12 +148,8 @@ void PulisciSalvataggiInterrotti() {
         const std::string cifre = parziale ? nome.substr(0, nome.size() - SuffissoParziale.size()) : nome;
         // The note's own name tells its process: this one's saves, and those of a process still
         // running, are left alone.
-        const std::string campione = std::string(PrefissoTemp) + cifre + std::string(SuffissoTemp);
-        char mio[9];
-        std::snprintf(mio, sizeof mio, "%08x", static_cast<unsigned>(::getpid()));
-        if (cifre.size() != CifreTemp || cifre.compare(0, 8, mio) == 0 ||
-            !TemporaneoAbbandonato("x" + campione))
-            continue;
+        const long pid = PidDelleCifre(cifre);
+        if (pid < 0 || pid == ::getpid() || !ProcessoFinito(pid)) continue;
         // A note cut before its rename came before its temporary file was made.
         if (parziale) {
             std::filesystem::remove(voce.path(), ec);
@@ -153,6 +161,7 @@ void PulisciSalvataggiInterrotti() {
         if (fd >= 0) ::close(fd);
         temporaneo.resize(letti > 0 ? static_cast<size_t>(letti) : 0);
         // Only a regular file of our name pattern, with the note's own digits, is removed.
+        const std::string campione = std::string(PrefissoTemp) + cifre + std::string(SuffissoTemp);
         struct stat st {};
         if (temporaneo.ends_with(campione) && ::lstat(temporaneo.c_str(), &st) == 0 && S_ISREG(st.st_mode))
             ::unlink(temporaneo.c_str());

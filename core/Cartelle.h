@@ -35,8 +35,8 @@ bool TemporaneoAbbandonato(std::string_view name);
 // renamed.
 std::string AnnotaSalvataggio(const std::string& temporaneo);
 void TogliNota(const std::string& nota);
-// Removes the temporary files of noted saves whose process has ended, and their notes. Run at
-// start: by ImpostaAppDir and by the command line.
+// Removes the temporary files of noted saves whose process has ended, and their notes. Run once
+// at the start of the program and of the command line.
 void PulisciSalvataggiInterrotti();
 
 } // namespace dv

@@ -129,20 +129,18 @@ ScritturaSicura::ScritturaSicura(const std::string& target) : m_target(target) {
     if (m_errore != 0) return;
     // The note comes before the temporary file, so that a kill at any moment leaves no file that
     // the next start does not know of.
-    for (int tentativo = 0; tentativo < 100 && m_fd < 0; ++tentativo) {
+    int e = 0;
+    for (int tentativo = 0; tentativo < 100; ++tentativo) {
         m_temp = NomeTemporaneo(target);
         m_nota = AnnotaSalvataggio(m_temp);
         m_fd = ::open(m_temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666);
-        if (m_fd >= 0) break;
-        const int e = errno;
+        if (m_fd >= 0) return;
+        e = errno;
         TogliNota(std::exchange(m_nota, {}));
-        errno = e;
         if (e != EEXIST && e != EINTR) break;
     }
-    if (m_fd < 0) {
-        m_errore = errno;
-        m_temp.clear();
-    }
+    m_errore = e;
+    m_temp.clear();
 }
 
 ScritturaSicura::~ScritturaSicura() {

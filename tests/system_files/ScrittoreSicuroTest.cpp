@@ -175,6 +175,7 @@ TEST(SalvataggioInterrotto, AKillAtAnyMomentLosesNothingAndTheNextStartLeavesNoT
             if (voce.path().filename() != "grande.dvs") ++avanzi;
     }
     ASSERT_GT(avanzi, 0) << "no kill landed inside a save";
+    PulisciSalvataggiInterrotti(); // the next start
     ImpostaAppDir(c, app);
     for (const auto& voce : fs::directory_iterator(fuori))
         EXPECT_EQ(voce.path().filename(), "grande.dvs");
