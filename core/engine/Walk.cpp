@@ -26,7 +26,6 @@
 #endif
 
 namespace dv::engine {
-
 namespace {
 
 constexpr int MaxN = 90;
@@ -233,6 +232,11 @@ private:
     // there. With the longest run: the longest that can pass.
     std::array<bool, MaxLenColonna + 1> m_noFollow{};
     int m_maxRun = MaxLenColonna;
+    // Ascending forecasts with a longest run under the column's length: per index 1..n+1 and
+    // run t (0..m_maxRun) of chosen numbers ending just below it, the most numbers that indices
+    // from it on can still take without a run longer than m_maxRun.
+    bool m_roomBound = false;
+    std::array<std::array<uint8_t, MaxLenColonna + 1>, MaxN + 2> m_room{};
     // Per index of an ascending forecast: how many of the next numbers each exceed the one
     // before by 1, and the most of that from the index on (any forecast: no limit).
     std::array<int, MaxN + 2> m_chain{}, m_chainAhead{};
@@ -342,6 +346,15 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
     for (int pair = 1; pair < m_len; ++pair)
         m_noFollow[static_cast<size_t>(pair)] = m_distanceBounds && !m_distances.consecutiveAllowed(pair);
     if (m_cond.consecutivi) m_maxRun = 31 - std::countl_zero(m_cond.consecutiviAmmessi | 1u);
+    m_roomBound = m_cond.consecutivi && m_ascending && m_maxRun >= 1 && m_maxRun < m_len;
+    for (int i = n; i >= 1 && m_roomBound; --i) {
+        const auto z = static_cast<size_t>(i);
+        for (int t = 0; t <= m_maxRun; ++t) {
+            const int skip = m_room[z + 1][0];
+            const int take = t < m_maxRun ? 1 + m_room[z + 1][static_cast<size_t>(m_chain[z] > 0 ? t + 1 : 0)] : 0;
+            m_room[z][static_cast<size_t>(t)] = static_cast<uint8_t>(std::min(std::max(skip, take), m_len));
+        }
+    }
     m_tables = {&m_cond.andTable, &m_cond.orTable, &m_cond.xorTable};
     for (int f = 0; f <= m_len + 1; ++f)
         for (int e = 0; e <= m_len + 1; ++e)
@@ -423,6 +436,11 @@ IntegralWalk::Fit IntegralWalk::bounds(const Level& s, int start, int r) const {
         const int ahead = std::min(m_runAhead[placed], r == 0 ? 0 : 1 + m_chainAhead[z]);
         const int hi = std::max({s.runMax, s.runTail + growth, ahead});
         if ((m_cond.consecutiviAmmessi & RangeBits(s.runMax, hi)) == 0) return Fit::Dead;
+        // Too little room left for r numbers without a run too long; a later number at this
+        // depth leaves no more room.
+        if (m_roomBound &&
+            m_room[z][static_cast<size_t>(start >= 2 && m_chain[z - 1] > 0 ? s.runTail : 0)] < r)
+            return start >= 2 ? Fit::DeadOnward : Fit::Dead;
     }
     if (m_distanceBounds && start >= 2) {
         switch (
