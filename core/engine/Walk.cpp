@@ -351,7 +351,8 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
         const auto z = static_cast<size_t>(i);
         for (int t = 0; t <= m_maxRun; ++t) {
             const int skip = m_room[z + 1][0];
-            const int take = t < m_maxRun ? 1 + m_room[z + 1][static_cast<size_t>(m_chain[z] > 0 ? t + 1 : 0)] : 0;
+            const int take =
+                t < m_maxRun ? 1 + m_room[z + 1][static_cast<size_t>(m_chain[z] > 0 ? t + 1 : 0)] : 0;
             m_room[z][static_cast<size_t>(t)] = static_cast<uint8_t>(std::min(std::max(skip, take), m_len));
         }
     }
