@@ -6,6 +6,9 @@
 #include "core/Corpo.h"
 #include "core/engine/Mask.h"
 
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdint>
 #include <vector>
 
@@ -34,6 +37,36 @@ inline Verdict ClassifyCounts(uint32_t presenze, int p, int in, int r, int suffi
 // The same with the numbers held, `prefix`, and the suffix as sets.
 inline Verdict Classify(const FilterGroup& g, Mask prefix, Mask suffix, int r, int suffixSize) {
     return ClassifyCounts(g.presenze, Common(prefix, g.numbers), Common(suffix, g.numbers), r, suffixSize);
+}
+
+// The most hits that r numbers taken from a set can bring to a list of groups, each number one
+// hit to every group it belongs to: the sum over t of min(r, the numbers in t or more groups).
+// Past Depth groups a number is counted as being in all the rest, which only raises the sum.
+class HitSupply {
+public:
+    explicit HitSupply(Mask from) { m_atLeast[0] = from; }
+    void add(Mask numbers) {
+        const int top = m_groups < Depth ? ++m_groups : (++m_beyond, Depth);
+        for (int t = top; t >= 1; --t)
+            m_atLeast[static_cast<size_t>(t)] |= m_atLeast[static_cast<size_t>(t - 1)] & numbers;
+    }
+    int most(int r) const {
+        int sum = 0;
+        for (int t = 1; t <= m_groups; ++t)
+            sum += std::min(r, Size(m_atLeast[static_cast<size_t>(t)]));
+        return sum + m_beyond * std::min(r, Size(m_atLeast[Depth]));
+    }
+
+private:
+    static constexpr int Depth = 8;
+    std::array<Mask, Depth + 1> m_atLeast{};
+    int m_groups = 0, m_beyond = 0;
+};
+
+// The hits an XOR group still open over a prefix with `hits` of its numbers needs before it
+// fails: the count of allowed counts from `hits` up.
+inline int HitsToFail(const FilterGroup& g, int hits) {
+    return std::countr_one(g.presenze >> hits);
 }
 
 // The count of a column's numbers that belong to a set: a popcount for a column of distinct

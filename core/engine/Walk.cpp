@@ -151,6 +151,8 @@ private:
         }
         return groups;
     }
+    bool xorHitsSuffice(const CompiledTable& table, const uint32_t* open, uint32_t count, Mask numbers,
+                        Mask suffix, int r, int need) const;
     bool tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, int v, int start);
     bool pairsUnder(int d, const std::array<uint32_t, 3>& groups, bool orOpen, int xorPass, Count pending);
     bool barredLevel(int d, int& at);
@@ -496,18 +498,43 @@ bool IntegralWalk::filters(Level& child, const Level& parent, int depth, int sta
             else if (kept == 0)
                 return false;
             break;
-        case TableKind::Xor:
+        case TableKind::Xor: {
+            // The hits that the open groups which are to fail need; one group of weight 1 may
+            // pass instead of them, the one that needs most.
+            int need = 0, spare = 0;
             for (uint32_t k = 0; k < count; ++k) {
-                const Verdict v = Classify(table.groups[from[k]], child.numbers, suffix, r, rest);
-                if (v == Verdict::Pass && (child.xorPass += table.groups[from[k]].weight) >= 2) return false;
-                if (v == Verdict::Open) to[kept++] = from[k];
+                const FilterGroup& g = table.groups[from[k]];
+                const int hits = Common(child.numbers, g.numbers);
+                const Verdict v = ClassifyCounts(g.presenze, hits, Common(suffix, g.numbers), r, rest);
+                if (v == Verdict::Pass && (child.xorPass += g.weight) >= 2) return false;
+                if (v == Verdict::Open) {
+                    to[kept++] = from[k];
+                    const int m = HitsToFail(g, hits);
+                    need += m;
+                    if (g.weight == 1) spare = std::max(spare, m);
+                }
             }
             if (child.xorPass == 0 && kept == 0) return false;
+            if (child.xorPass == 0) need -= spare;
+            if (need > r && !xorHitsSuffice(table, to, kept, child.numbers, suffix, r, need)) return false;
             break;
+        }
         }
         child.open[t] = kept;
     }
     return true;
+}
+
+// Whether r numbers from suffix can bring `need` hits to the XOR groups open[0..count-1] that
+// have not yet failed over the prefix `numbers`.
+bool IntegralWalk::xorHitsSuffice(const CompiledTable& table, const uint32_t* open, uint32_t count,
+                                  Mask numbers, Mask suffix, int r, int need) const {
+    HitSupply supply(suffix);
+    for (uint32_t k = 0; k < count; ++k) {
+        const FilterGroup& g = table.groups[open[k]];
+        if (HitsToFail(g, Common(numbers, g.numbers)) > 0) supply.add(g.numbers);
+    }
+    return supply.most(r) >= need;
 }
 
 // Moves the prefix of depth d one number on, to index j, with r numbers still to come; false
@@ -827,21 +854,38 @@ bool IntegralWalk::tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen
     bool orAlive = !orOpen;
     int xorCount = xorPass;
     bool xorAlive = xorPass > 0;
+    int need = 0, spare = 0; // as in filters: the hits the open XOR groups need to fail
     for (size_t t = 0; t < 3; ++t)
         for (uint32_t k = 0; k < groups[t]; ++k) {
             const TripleGroup& g = m_tripleGroups[t][k];
             const size_t in = g.numbers.has(v);
             m_pairGroups[t][k] = {g.numbers, g.passes[in], g.passes[in + 1], g.weight};
-            const Verdict verdict =
-                ClassifyCounts(g.presenze, g.hits + static_cast<int>(in), Common(suffix, g.numbers), 2, rest);
+            const int hits = g.hits + static_cast<int>(in);
+            const Verdict verdict = ClassifyCounts(g.presenze, hits, Common(suffix, g.numbers), 2, rest);
             if (t == 0 && verdict == Verdict::Fail) return false;
             if (t == 1) orAlive = orAlive || verdict != Verdict::Fail;
             if (t == 2 && verdict != Verdict::Fail) {
                 xorAlive = true;
                 if (verdict == Verdict::Pass) xorCount += g.weight;
+                if (verdict == Verdict::Open) {
+                    const int m = std::countr_one(g.presenze >> hits);
+                    need += m;
+                    if (g.weight == 1) spare = std::max(spare, m);
+                }
             }
         }
-    return orAlive && xorCount < 2 && (xorAlive || !m_tables[2]->inUse);
+    if (!orAlive || xorCount >= 2 || !(xorAlive || !m_tables[2]->inUse)) return false;
+    if (xorCount == 0) need -= spare;
+    if (need <= 2) return true;
+    HitSupply supply(suffix);
+    for (uint32_t k = 0; k < groups[2]; ++k) {
+        const TripleGroup& g = m_tripleGroups[2][k];
+        const int hits = g.hits + static_cast<int>(g.numbers.has(v));
+        if (ClassifyCounts(g.presenze, hits, Common(suffix, g.numbers), 2, rest) == Verdict::Open &&
+            std::countr_one(g.presenze >> hits) > 0)
+            supply.add(g.numbers);
+    }
+    return supply.most(2) >= need;
 }
 
 // The candidates under the prefix of depth d = len-3 of an ascending forecast when no reduction

@@ -3,6 +3,7 @@
 // difference fails at once and prints the seed and the state that shows it. DV_ENGINE_SEED=<n>
 // in the environment draws other random states.
 #include "core/Engine.h"
+#include "core/engine/Filters.h"
 
 #include "tests/reference/LiteralEngine.h"
 #include "tests/support/MixedConditions.h"
@@ -531,5 +532,34 @@ TEST(EngineDifferential, HeldColumnsOverAllNinetyNumbersRedevelopAlike) {
             c.distanzaMinima = DistanzaMinima{static_cast<uint8_t>(4 + round), Vero};
         }
         EXPECT_TRUE(Same(c, Run::Redevelop, -2, static_cast<uint64_t>(round), held)) << "round " << round;
+    }
+}
+
+TEST(EngineDifferential, HitSupplyIsTheMostHitsOfAnyChoice) {
+    // The bound on the hits that XOR groups can still receive, against every choice of r numbers:
+    // the same up to 8 groups, never less beyond.
+    std::mt19937_64 rng(5);
+    for (int round = 0; round < 300; ++round) {
+        const int groups = 1 + static_cast<int>(rng() % 12), r = 1 + static_cast<int>(rng() % 4);
+        const auto from = engine::Mask{rng() & 0xFFFF, 0};
+        engine::HitSupply supply(from);
+        std::vector<engine::Mask> members;
+        for (int g = 0; g < groups; ++g) {
+            members.push_back(engine::Mask{round % 2 == 0 ? rng() & rng() : rng() | rng(), 0});
+            supply.add(members.back());
+        }
+        std::vector<int> cover;
+        for (int v = 0; v < 16; ++v)
+            if (from.has(v))
+                cover.push_back(static_cast<int>(
+                    std::count_if(members.begin(), members.end(), [&](engine::Mask m) { return m.has(v); })));
+        std::sort(cover.rbegin(), cover.rend());
+        int best = 0;
+        for (int i = 0; i < std::min<int>(r, static_cast<int>(cover.size())); ++i)
+            best += cover[static_cast<size_t>(i)];
+        if (groups <= 8)
+            EXPECT_EQ(supply.most(r), best) << "round " << round;
+        else
+            EXPECT_GE(supply.most(r), best) << "round " << round;
     }
 }
