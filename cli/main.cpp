@@ -76,6 +76,13 @@ int main(int argc, char** argv) {
     auto* cmdDevelop = app.add_subcommand("develop", "Develop a system as \"Elabora Sistema\" does, then save it");
     cmdDevelop->add_option("input", in, "System file to develop")->required();
     cmdDevelop->add_option("-o,--output", out, "System file to write")->required();
+    int threads = 1;
+    cmdDevelop
+        ->add_option("--threads", threads,
+                     "Threads that walk a development with no reduction and 2,000,000 candidates or more "
+                     "(0: as many as the processor has, at most 4); the columns are the same")
+        ->check(CLI::Range(0, 64))
+        ->capture_default_str();
 
     bool columns = false;
     auto* cmdShow = app.add_subcommand("show", "Print the forecast, the conditions and the count of columns");
@@ -117,6 +124,7 @@ int main(int argc, char** argv) {
     if (*cmdNew) return ComandoNuovo(nuovo, ui);
     if (*cmdDevelop) {
         dv::RunControl ctl;
+        ctl.threads = threads;
         g_controllo = &ctl;
         std::signal(SIGINT, Interrompi);
         const int rc = ComandoSviluppa(in, out, ui, ctl);

@@ -64,6 +64,13 @@ TEST_F(DorvantaCli, NewDevelopShowExportImportShuffle) {
     ASSERT_EQ(Cli("new -o " + q("g.dvs") + " --numbers 1-10 --length 3 --fixed 4 --even 0,1").rc, 0);
     ASSERT_EQ(Cli("develop " + q("g.dvs") + " -o " + q("h.dvs")).rc, 0);
     EXPECT_EQ(Colonne(dir.file("h.dvs")).size(), 10u);
+
+    // The same columns on two threads, over 3,838,380 candidates.
+    ASSERT_EQ(Cli("new -o " + q("m.dvs") + " --numbers 1-40 --length 6 --sum 60:64").rc, 0);
+    ASSERT_EQ(Cli("develop " + q("m.dvs") + " -o " + q("n1.dvs")).rc, 0);
+    ASSERT_EQ(Cli("develop " + q("m.dvs") + " -o " + q("n2.dvs") + " --threads 2").rc, 0);
+    EXPECT_EQ(Colonne(dir.file("n2.dvs")), Colonne(dir.file("n1.dvs")));
+    EXPECT_EQ(Cli("develop " + q("m.dvs") + " -o " + q("n3.dvs") + " --threads -1").rc, 2);
 }
 
 TEST_F(DorvantaCli, MessagesAndFiguresFollowTheLanguageFile) {
