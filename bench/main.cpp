@@ -105,7 +105,8 @@ void Develop(benchmark::State& state, const bench::Workload* w, Engine engine) {
 
 // The ratios of the mixed states against their targets, each at least 10x and the median 30x,
 // for the engine as the program runs it (one thread), in processor and in elapsed time. The
-// engine's own threads, which the program does not turn on, are shown for information.
+// engine's own threads, which only `dorvanta-cli develop --threads` turns on, are shown for
+// information.
 enum class Clock { Processor, Elapsed, ElapsedOnThreads };
 
 bool MixedTargetsMet(Clock clock) {
@@ -124,7 +125,7 @@ bool MixedTargetsMet(Clock clock) {
     const char* what =
         clock == Clock::Processor ? "processor time, engine on one thread as the program runs it"
         : clock == Clock::Elapsed ? "elapsed time, engine on one thread as the program runs it"
-                                  : "elapsed time, engine on its own threads (not used by the program)";
+                                  : "elapsed time, engine on its own threads (off unless asked)";
     std::printf("mixed states, %s: least ratio %.1fx, median %.1fx", what, ratios.front(), median);
     if (clock == Clock::ElapsedOnThreads)
         std::printf(" (for information)\n");
