@@ -103,8 +103,17 @@ public:
     void runInParts(int threads);
 
 private:
-    // Whether a prefix can still pass; DeadOnward: neither can the later numbers at its depth.
-    enum class Fit { Fits, Dead, DeadOnward };
+    // Whether a prefix can still pass; DeadOnward: neither can the later numbers at its depth;
+    // DeadParity, DeadFixity: nor those that are even as its last number is, or fixed as it is
+    // (the even count or the fixed numbers rule them out).
+    enum class Fit { Fits, Dead, DeadOnward, DeadParity, DeadFixity };
+    // The first index after j (1-based) that the walk at the same depth still has to try once
+    // the prefix ending at j is found `fit` (not Fits nor Dead); beyond n when none.
+    int nextToTry(Fit fit, int j) const {
+        return fit == Fit::DeadParity   ? m_otherKind[0][static_cast<size_t>(j)]
+               : fit == Fit::DeadFixity ? m_otherKind[1][static_cast<size_t>(j)]
+                                        : MaxN + 1;
+    }
     Fit bounds(const Level& s, int start, int r) const;
     bool filters(Level& child, const Level& parent, int depth, int start, int r);
     Fit enter(int d, int j, int r);
@@ -222,6 +231,8 @@ private:
     // Per index 1..n of the forecast, and per suffix start 1..n+1.
     std::array<uint8_t, MaxN + 2> m_value{};
     std::array<uint8_t, MaxN + 2> m_isFixed{}, m_isEven{};
+    // Per index 1..n: the next index whose number differs in parity [0], in being fixed [1].
+    std::array<std::array<uint8_t, MaxN + 2>, 2> m_otherKind{};
     std::array<uint8_t, 128> m_indexOf{}; // number -> its index 1..n
     Mask m_evenNumbers;
     std::array<Mask, MaxN + 2> m_suffix{};
@@ -327,6 +338,15 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
                 m_maxSum[z][static_cast<size_t>(r - 1)] + sorted[static_cast<size_t>(count - r)];
         }
     }
+    for (int i = n; i >= 1; --i) {
+        const auto z = static_cast<size_t>(i);
+        for (size_t k = 0; k < 2; ++k) {
+            const auto& kind = k == 0 ? m_isEven : m_isFixed;
+            m_otherKind[k][z] = static_cast<uint8_t>(i == n                   ? n + 1
+                                                     : kind[z + 1] != kind[z] ? i + 1
+                                                                              : m_otherKind[k][z + 1]);
+        }
+    }
     for (int i = n; i >= 0; --i) {
         const auto z = static_cast<size_t>(i);
         m_chain[z] = !m_ascending                                          ? MaxLenColonna
@@ -372,12 +392,12 @@ IntegralWalk::IntegralWalk(Corpo& c, const uint8_t* numeri, int n, RunProgress& 
 
 // The numbers with which a filter group passes, h of its numbers being held already: the bits
 // of presenze for h hits (a number outside the group) and h+1 (a number inside).
+// Without branches: which of the four cases holds depends on the prefix at every call.
 inline Mask GroupPasses(const Mask& numbers, uint32_t presenze, int h) {
-    const bool without = (presenze >> h) & 1u, with = (presenze >> (h + 1)) & 1u;
-    return without && with ? Mask::range(1, 127)
-           : without       ? Mask::range(1, 127) - numbers
-           : with          ? numbers
-                           : Mask{};
+    const uint64_t without = 0 - static_cast<uint64_t>((presenze >> h) & 1u);
+    const uint64_t with = 0 - static_cast<uint64_t>((presenze >> (h + 1)) & 1u);
+    return {((~uint64_t{1} & ~numbers.lo) & without) | (numbers.lo & with),
+            (~numbers.hi & without) | (numbers.hi & with)};
 }
 
 // How the longest run decides on the last number: any number, only the one that lengthens the
@@ -414,12 +434,15 @@ IntegralWalk::Fit IntegralWalk::bounds(const Level& s, int start, int r) const {
     if (m_cond.fisse) {
         const int lo = s.fixed + std::max(0, r - (rest - m_sufFixed[z]));
         const int hi = s.fixed + std::min(r, m_sufFixed[z]);
-        if (m_cond.numFisse < lo) return Fit::Dead;
+        // As for the even count below, a later number that is fixed as this one is has its
+        // range of counts within this one.
+        const Fit kind = start >= 2 ? Fit::DeadFixity : Fit::Dead;
+        if (m_cond.numFisse < lo) return kind;
         if (m_cond.numFisse > hi) {
             // Too few fixed numbers left; at most this many for any later number at this depth.
             const auto y = z - 1;
             const int onward = s.fixed - m_isFixed[y] + std::min(r + 1, m_sufFixed[y]);
-            return start >= 2 && m_cond.numFisse > onward ? Fit::DeadOnward : Fit::Dead;
+            return start >= 2 && m_cond.numFisse > onward ? Fit::DeadOnward : kind;
         }
     }
     if (m_cond.somma) {
@@ -431,7 +454,9 @@ IntegralWalk::Fit IntegralWalk::bounds(const Level& s, int start, int r) const {
     if (m_cond.pari) {
         const int lo = s.even + std::max(0, r - (rest - m_sufEven[z]));
         const int hi = s.even + std::min(r, m_sufEven[z]);
-        if ((m_cond.pariAmmessi & RangeBits(lo, hi)) == 0) return Fit::Dead;
+        // A later number of the same parity leaves the same count and fewer numbers of either
+        // parity after it: its range of counts lies within this one.
+        if ((m_cond.pariAmmessi & RangeBits(lo, hi)) == 0) return start >= 2 ? Fit::DeadParity : Fit::Dead;
     }
     if (m_cond.consecutivi) {
         const auto placed = static_cast<size_t>(m_len - r);
@@ -931,12 +956,11 @@ bool IntegralWalk::lastThreeNumbers(int d) {
         s.runMax = std::max(p.runMax, s.runTail);
         if (m_distanceBounds) m_distances.place(p.gaps, s.gaps, d, v - lastP);
         if (const Fit fit = bounds(s, j + 1, 2); fit != Fit::Fits) {
-            if (fit == Fit::Dead) {
-                pending += Binomial(m_n - j, 2);
-                continue;
-            }
-            pending += Binomial(m_n - j + 1, 3);
-            break;
+            // This next number's subtree, or with it those of the later ones ruled out alike.
+            const int to = fit == Fit::Dead ? j + 1 : std::min(nextToTry(fit, j), m_n - 1);
+            pending += Binomial(m_n - j + 1, 3) - Binomial(m_n - to + 1, 3);
+            j = to - 1;
+            continue;
         }
         if (!tablesOpen(groups, orOpen, p.xorPass, v, j + 1)) {
             pending += Binomial(m_n - j, 2);
@@ -1233,12 +1257,13 @@ bool IntegralWalk::walkFrom(int base) {
             continue;
         }
         if (const Fit fit = enter(d, j, r); fit != Fit::Fits) {
-            // 2. Skip the subtree: no completion of this prefix can pass; or skip it and every
-            //    later one at this depth.
+            // 2. Skip the subtree: no completion of this prefix can pass; and with it those of
+            //    the later numbers at this depth that are ruled out alike.
             Count skipped = Binomial(m_n - j, r);
-            if (fit == Fit::DeadOnward) {
-                skipped = Binomial(m_n - j + 1, r + 1);
-                m_next[z] = m_n - r + 1;
+            if (fit != Fit::Dead) {
+                const int to = std::min(nextToTry(fit, j), m_n - r + 1);
+                skipped = Binomial(m_n - j + 1, r + 1) - Binomial(m_n - to + 1, r + 1);
+                m_next[z] = to;
             }
             if (!reject(skipped)) return false;
             continue;
