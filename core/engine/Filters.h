@@ -65,9 +65,25 @@ private:
 
 // The hits an XOR group still open over a prefix with `hits` of its numbers needs before it
 // fails: the count of allowed counts from `hits` up.
-inline int HitsToFail(const FilterGroup& g, int hits) {
-    return std::countr_one(g.presenze >> hits);
+inline int HitsToFail(uint32_t presenze, int hits) {
+    return std::countr_one(presenze >> hits);
 }
+
+// The hits that the open groups of an XOR table need, together, before they fail: all of them
+// when a group passes already, and otherwise all but one group of weight 1, the one that needs
+// most (it may be the one that passes).
+class XorNeed {
+public:
+    void add(uint32_t presenze, int hits, uint8_t weight) {
+        const int m = HitsToFail(presenze, hits);
+        m_sum += m;
+        if (weight == 1) m_most = std::max(m_most, m);
+    }
+    int hits(int passing) const { return passing == 0 ? m_sum - m_most : m_sum; }
+
+private:
+    int m_sum = 0, m_most = 0;
+};
 
 // The count of a column's numbers that belong to a set: a popcount for a column of distinct
 // numbers; for any other column (0 or repeats, from a file) one look for each of its places.

@@ -524,9 +524,7 @@ bool IntegralWalk::filters(Level& child, const Level& parent, int depth, int sta
                 return false;
             break;
         case TableKind::Xor: {
-            // The hits that the open groups which are to fail need; one group of weight 1 may
-            // pass instead of them, the one that needs most.
-            int need = 0, spare = 0;
+            XorNeed need;
             for (uint32_t k = 0; k < count; ++k) {
                 const FilterGroup& g = table.groups[from[k]];
                 const int hits = Common(child.numbers, g.numbers);
@@ -534,14 +532,14 @@ bool IntegralWalk::filters(Level& child, const Level& parent, int depth, int sta
                 if (v == Verdict::Pass && (child.xorPass += g.weight) >= 2) return false;
                 if (v == Verdict::Open) {
                     to[kept++] = from[k];
-                    const int m = HitsToFail(g, hits);
-                    need += m;
-                    if (g.weight == 1) spare = std::max(spare, m);
+                    need.add(g.presenze, hits, g.weight);
                 }
             }
             if (child.xorPass == 0 && kept == 0) return false;
-            if (child.xorPass == 0) need -= spare;
-            if (need > r && !xorHitsSuffice(table, to, kept, child.numbers, suffix, r, need)) return false;
+            // Enough hits for the groups that must fail, from r numbers.
+            if (const int needed = need.hits(child.xorPass);
+                needed > r && !xorHitsSuffice(table, to, kept, child.numbers, suffix, r, needed))
+                return false;
             break;
         }
         }
@@ -557,7 +555,7 @@ bool IntegralWalk::xorHitsSuffice(const CompiledTable& table, const uint32_t* op
     HitSupply supply(suffix);
     for (uint32_t k = 0; k < count; ++k) {
         const FilterGroup& g = table.groups[open[k]];
-        if (HitsToFail(g, Common(numbers, g.numbers)) > 0) supply.add(g.numbers);
+        if (HitsToFail(g.presenze, Common(numbers, g.numbers)) > 0) supply.add(g.numbers);
     }
     return supply.most(r) >= need;
 }
@@ -879,7 +877,7 @@ bool IntegralWalk::tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen
     bool orAlive = !orOpen;
     int xorCount = xorPass;
     bool xorAlive = xorPass > 0;
-    int need = 0, spare = 0; // as in filters: the hits the open XOR groups need to fail
+    XorNeed need; // as in filters
     for (size_t t = 0; t < 3; ++t)
         for (uint32_t k = 0; k < groups[t]; ++k) {
             const TripleGroup& g = m_tripleGroups[t][k];
@@ -892,25 +890,21 @@ bool IntegralWalk::tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen
             if (t == 2 && verdict != Verdict::Fail) {
                 xorAlive = true;
                 if (verdict == Verdict::Pass) xorCount += g.weight;
-                if (verdict == Verdict::Open) {
-                    const int m = std::countr_one(g.presenze >> hits);
-                    need += m;
-                    if (g.weight == 1) spare = std::max(spare, m);
-                }
+                if (verdict == Verdict::Open) need.add(g.presenze, hits, g.weight);
             }
         }
     if (!orAlive || xorCount >= 2 || !(xorAlive || !m_tables[2]->inUse)) return false;
-    if (xorCount == 0) need -= spare;
-    if (need <= 2) return true;
+    const int needed = need.hits(xorCount);
+    if (needed <= 2) return true;
     HitSupply supply(suffix);
     for (uint32_t k = 0; k < groups[2]; ++k) {
         const TripleGroup& g = m_tripleGroups[2][k];
         const int hits = g.hits + static_cast<int>(g.numbers.has(v));
         if (ClassifyCounts(g.presenze, hits, Common(suffix, g.numbers), 2, rest) == Verdict::Open &&
-            std::countr_one(g.presenze >> hits) > 0)
+            HitsToFail(g.presenze, hits) > 0)
             supply.add(g.numbers);
     }
-    return supply.most(2) >= need;
+    return supply.most(2) >= needed;
 }
 
 // The candidates under the prefix of depth d = len-3 of an ascending forecast when no reduction
