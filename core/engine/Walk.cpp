@@ -950,8 +950,12 @@ bool IntegralWalk::lastThreeNumbers(int d) {
         s.runMax = std::max(p.runMax, s.runTail);
         if (m_distanceBounds) m_distances.place(p.gaps, s.gaps, d, v - lastP);
         if (const Fit fit = bounds(s, j + 1, 2); fit != Fit::Fits) {
-            // This next number's subtree, or with it those of the later ones ruled out alike.
-            const int to = fit == Fit::Dead ? j + 1 : std::min(nextToTry(fit, j), m_n - 1);
+            if (fit == Fit::Dead) {
+                pending += Binomial(m_n - j, 2);
+                continue;
+            }
+            // With this next number's subtree, those of the later ones ruled out alike.
+            const int to = std::min(nextToTry(fit, j), m_n - 1);
             pending += Binomial(m_n - j + 1, 3) - Binomial(m_n - to + 1, 3);
             j = to - 1;
             continue;
