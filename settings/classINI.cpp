@@ -133,6 +133,9 @@ bool classINI::setProperty(std::string_view section, std::string_view key, std::
     // A line end inside the value would break the file's form.
     for (char& c : v)
         if (c == '\r' || c == '\n') c = ' ';
+    // A value that would not read back as it is (blanks at either end, which reading trims, or a
+    // pair of quotes around it, which reading takes off) goes in double quotes.
+    if (valore("=" + v) != v) v = '"' + v + '"';
 
     const std::optional<std::string> content = LeggiFileTesto(FileINI);
     // A file that is there but cannot be read is never replaced by one that holds only this key.
