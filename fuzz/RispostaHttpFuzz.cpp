@@ -1,6 +1,6 @@
 // Fuzz target of the HTTP answer reader: any bytes, fed whole and then in pieces whose sizes the
 // input's first byte sets, give the same state, status and body; a body never holds more than came,
-// and a complete one with a length holds exactly that length.
+// and a complete one with a length (never with chunks too) holds exactly that length.
 #include "fuzz/FuzzSupport.h"
 #include "settings/RispostaHttp.h"
 
@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Verifica(corpoIntero == corpoPezzi, "the same body whatever the pieces");
     Verifica(corpoIntero.size() <= input.size(), "no more body than bytes came");
     if (intera.stato() == dv::RispostaHttp::Stato::Completa && intera.contentLength() >= 0 &&
-        intera.status() != 204 && intera.status() != 304 && input.find("chunked") == std::string_view::npos)
+        intera.status() != 204 && intera.status() != 304)
         Verifica(static_cast<int64_t>(corpoIntero.size()) == intera.contentLength(),
                  "a whole body of its length");
     (void)intera.chiusa();

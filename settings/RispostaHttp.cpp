@@ -74,6 +74,8 @@ RispostaHttp::Stato RispostaHttp::analizzaTesta() {
         }
     }
     m_buffer.clear();
+    // A length and chunks both: two ways to frame one body, which could be read apart.
+    if (m_chunked && m_length >= 0) return Stato::Malformata;
     // 3. How the body ends: 1xx answers are followed by the real one; 204 and 304 have none.
     if (m_status < 200) return Stato::Testa;
     if (m_status == 204 || m_status == 304) return Stato::Completa;

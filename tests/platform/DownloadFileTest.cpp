@@ -110,6 +110,10 @@ TEST(DownloadFile, EveryFaultOfTheServerEndsInItsReasonAndLeavesTheOldFileAlone)
         {"chunked body cut short",
          risponde("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5\r\nhello\r\n"),
          ErroreDownload::Troncato},
+        {"a length and chunks both",
+         risponde("HTTP/1.1 200 OK\r\nContent-Length: 5\r\nTransfer-Encoding: Chunked\r\n\r\n"
+                  "5\r\nhello\r\n0\r\n\r\n"),
+         ErroreDownload::Rete},
         {"stalled", risponde("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nab", false),
          ErroreDownload::TempoScaduto},
         {"trickling", gocciola, ErroreDownload::DurataEccessiva, 1},
@@ -164,7 +168,7 @@ TEST(DownloadFile, EveryFaultOfTheServerEndsInItsReasonAndLeavesTheOldFileAlone)
         messaggi.insert(dv::MessaggioDownload(e));
     }
     // Every kind of fault is told in its own words.
-    EXPECT_EQ(messaggi.size(), 9u);
+    EXPECT_EQ(messaggi.size(), 10u);
     EXPECT_EQ(messaggi.count("The server answered with HTTP status 500."), 1u);
 }
 
