@@ -46,8 +46,11 @@ class HitSupply {
 public:
     explicit HitSupply(Mask from) { m_atLeast[0] = from; }
     void add(Mask numbers) {
-        const int top = m_groups < Depth ? ++m_groups : (++m_beyond, Depth);
-        for (int t = top; t >= 1; --t)
+        if (m_groups < Depth)
+            ++m_groups;
+        else
+            ++m_beyond;
+        for (int t = m_groups; t >= 1; --t)
             m_atLeast[static_cast<size_t>(t)] |= m_atLeast[static_cast<size_t>(t - 1)] & numbers;
     }
     int most(int r) const {
