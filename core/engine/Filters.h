@@ -77,10 +77,12 @@ inline int HitsToFail(uint32_t presenze, int hits) {
 // most (it may be the one that passes).
 class XorNeed {
 public:
-    void add(uint32_t presenze, int hits, uint8_t weight) {
+    // Adds an open group; gives the hits it needs.
+    int add(uint32_t presenze, int hits, uint8_t weight) {
         const int m = HitsToFail(presenze, hits);
         m_sum += m;
         if (weight == 1) m_most = std::max(m_most, m);
+        return m;
     }
     int hits(int passing) const { return passing == 0 ? m_sum - m_most : m_sum; }
 

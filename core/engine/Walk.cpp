@@ -877,7 +877,9 @@ bool IntegralWalk::tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen
     bool orAlive = !orOpen;
     int xorCount = xorPass;
     bool xorAlive = xorPass > 0;
-    XorNeed need; // as in filters
+    XorNeed need;         // as in filters
+    uint32_t needing = 0; // the open XOR groups that need hits to fail (at most 8 groups are open)
+    assert(groups[2] <= 32);
     for (size_t t = 0; t < 3; ++t)
         for (uint32_t k = 0; k < groups[t]; ++k) {
             const TripleGroup& g = m_tripleGroups[t][k];
@@ -890,20 +892,15 @@ bool IntegralWalk::tablesOpen(const std::array<uint32_t, 3>& groups, bool orOpen
             if (t == 2 && verdict != Verdict::Fail) {
                 xorAlive = true;
                 if (verdict == Verdict::Pass) xorCount += g.weight;
-                if (verdict == Verdict::Open) need.add(g.presenze, hits, g.weight);
+                if (verdict == Verdict::Open && need.add(g.presenze, hits, g.weight) > 0) needing |= 1u << k;
             }
         }
     if (!orAlive || xorCount >= 2 || !(xorAlive || !m_tables[2]->inUse)) return false;
     const int needed = need.hits(xorCount);
     if (needed <= 2) return true;
     HitSupply supply(suffix);
-    for (uint32_t k = 0; k < groups[2]; ++k) {
-        const TripleGroup& g = m_tripleGroups[2][k];
-        const int hits = g.hits + static_cast<int>(g.numbers.has(v));
-        if (ClassifyCounts(g.presenze, hits, Common(suffix, g.numbers), 2, rest) == Verdict::Open &&
-            HitsToFail(g.presenze, hits) > 0)
-            supply.add(g.numbers);
-    }
+    for (; needing != 0; needing &= needing - 1)
+        supply.add(m_tripleGroups[2][static_cast<size_t>(std::countr_zero(needing))].numbers);
     return supply.most(2) >= needed;
 }
 
