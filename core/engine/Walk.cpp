@@ -114,6 +114,18 @@ private:
                : fit == Fit::DeadFixity ? m_otherKind[1][static_cast<size_t>(j)]
                                         : MaxN + 1;
     }
+    // The candidates under the numbers at indices j..to-1 at one depth, r numbers still to come
+    // after each (their subtrees' sizes telescope).
+    Count subtreesFrom(int j, int to, int r) const {
+        return Binomial(m_n - j + 1, r + 1) - Binomial(m_n - to + 1, r + 1);
+    }
+    // Reduction: the first index from j on that the prefix p does not bar and that leaves enough
+    // free numbers above it for the r still to come after it; n-r+1 when there is none.
+    [[gnu::always_inline]] int nextFree(const Level& p, int j, int r) const {
+        const int last = std::min(m_n - r, p.childLimit);
+        const int a = j > last ? m_n - r + 1 : FirstFree(p.barred, j - 1) + 1;
+        return a > last ? m_n - r + 1 : a;
+    }
     Fit bounds(const Level& s, int start, int r) const;
     bool filters(Level& child, const Level& parent, int depth, int start, int r);
     Fit enter(int d, int j, int r);
@@ -649,10 +661,8 @@ template <int R> bool IntegralWalk::barredLevelOf(int d, int& at) {
     for (;;) {
         // The next number a: the first free one from m_next on, while r free numbers can follow.
         const int j = m_next[z];
-        const int last = std::min(n - r, p.childLimit);
-        int a = j > last ? n - r + 1 : FirstFree(p.barred, j - 1) + 1;
-        if (a > last) a = n - r + 1;
-        if (a > j && !reject(Binomial(n - j + 1, r + 1) - Binomial(n - a + 1, r + 1))) return false;
+        const int a = nextFree(p, j, r);
+        if (a > j && !reject(subtreesFrom(j, a, r))) return false;
         m_next[z] = a;
         if (a > n - r) {
             at = d - 1;
@@ -953,7 +963,7 @@ bool IntegralWalk::lastThreeNumbers(int d) {
             }
             // With this next number's subtree, those of the later ones ruled out alike.
             const int to = std::min(nextToTry(fit, j), m_n - 1);
-            pending += Binomial(m_n - j + 1, 3) - Binomial(m_n - to + 1, 3);
+            pending += subtreesFrom(j, to, 2);
             j = to - 1;
             continue;
         }
@@ -1232,11 +1242,9 @@ bool IntegralWalk::walkFrom(int base) {
             // 1. Skip the barred numbers in one step: each one's subtree shares t numbers with a
             //    kept column (the sum of their sizes telescopes); and when the next free one is
             //    past the last that leaves enough numbers above it, the rest of the level.
-            const int last = std::min(m_n - r, m_level[z].childLimit);
-            int to = j > last ? m_n - r + 1 : FirstFree(m_level[z].barred, j - 1) + 1;
-            if (to > last) to = m_n - r + 1;
+            const int to = nextFree(m_level[z], j, r);
             if (to > j) {
-                if (!reject(Binomial(m_n - j + 1, r + 1) - Binomial(m_n - to + 1, r + 1))) return false;
+                if (!reject(subtreesFrom(j, to, r))) return false;
                 m_next[z] = j = to;
             }
         }
@@ -1257,7 +1265,7 @@ bool IntegralWalk::walkFrom(int base) {
             Count skipped = Binomial(m_n - j, r);
             if (fit != Fit::Dead) {
                 const int to = std::min(nextToTry(fit, j), m_n - r + 1);
-                skipped = Binomial(m_n - j + 1, r + 1) - Binomial(m_n - to + 1, r + 1);
+                skipped = subtreesFrom(j, to, r);
                 m_next[z] = to;
             }
             if (!reject(skipped)) return false;
